@@ -1,0 +1,41 @@
+#include "Commands.h"
+
+#include "FileCommands.h"
+
+#include <cstdio>
+#include <map>
+
+namespace stagewright::cli {
+
+namespace {
+
+void printUsage()
+{
+    std::fputs("usage:\n"
+               "  stagewright-cli check FILE [--kind level|objects|characters|obstacles|app]\n"
+               "      decode a project or catalogue file and print a summary\n"
+               "  stagewright-cli convert FILE OUT [--binary|--xml] [--kind ...]\n"
+               "      re-encode a project or catalogue file (XML by default)\n",
+               stderr);
+}
+
+} // namespace
+
+int run(const std::vector<std::string>& args)
+{
+    if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
+        printUsage();
+        return args.empty() ? 1 : 0;
+    }
+    const std::string& verb = args[0];
+    const std::vector<std::string> rest(args.begin() + 1, args.end());
+    if (verb == "check")
+        return checkCommand(rest);
+    if (verb == "convert")
+        return convertCommand(rest);
+    std::fprintf(stderr, "stagewright-cli: unknown command '%s'\n", verb.c_str());
+    printUsage();
+    return 1;
+}
+
+} // namespace stagewright::cli

@@ -1,0 +1,31 @@
+#include "DeviceLookup.h"
+
+#include <atomic>
+#include <utility>
+
+namespace tessaro {
+
+namespace {
+std::atomic<deviceName> primary{deviceName::none};
+std::atomic<deviceName> secondary{deviceName::none};
+} // namespace
+
+deviceName primaryDevice() { return primary.load(); }
+void setPrimaryDevice(deviceName device) { primary.store(device); }
+deviceName secondaryDevice() { return secondary.load(); }
+void setSecondaryDevice(deviceName device) { secondary.store(device); }
+
+const DeviceProperties* deviceEntryFor(const std::vector<DeviceProperties>& devices, deviceName device)
+{
+    for (const DeviceProperties& entry : devices)
+        if (entry.deviceName && deviceListHolds(*entry.deviceName, device))
+            return &entry;
+    return nullptr;
+}
+
+DeviceProperties* deviceEntryFor(std::vector<DeviceProperties>& devices, deviceName device)
+{
+    return const_cast<DeviceProperties*>(deviceEntryFor(std::as_const(devices), device));
+}
+
+} // namespace tessaro

@@ -1,0 +1,451 @@
+// Decoding of record lists from XML (pugixml, parsed in place) and binary
+// (libplist) property lists. One generic decoder walks the field tables over
+// either document through a small node adapter.
+#include "PlistCodec.h"
+#include "Utf8.h"
+#include "ValueText.h"
+
+#include <plist/plist.h>
+#include <pugixml.hpp>
+
+#include <bitset>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+namespace tessaro {
+
+namespace {
+
+enum class Kind { dict, array, string, integer, real, boolean, data, date, unknown };
+
+const char* kindName(Kind kind)
+{
+    switch (kind) {
+    case Kind::dict: return "dictionary";
+    case Kind::array: return "array";
+    case Kind::string: return "string";
+    case Kind::integer: return "integer";
+    case Kind::real: return "real";
+    case Kind::boolean: return "boolean";
+    case Kind::data: return "data";
+    case Kind::date: return "date";
+    case Kind::unknown: break;
+    }
+    return "unknown element";
+}
+
+[[noreturn]] void typeMismatch(const char* expected, Kind found)
+{
+    throw CodingError(std::string("Expected ") + expected + " but found " + kindName(found) + ".");
+}
+
+std::string_view trimmed(std::string_view s)
+{
+    const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+    while (!s.empty() && isSpace(s.front()))
+        s.remove_prefix(1);
+    while (!s.empty() && isSpace(s.back()))
+        s.remove_suffix(1);
+    return s;
+}
+
+// ---- XML documents ----------------------------------------------------------
+
+class XmlNode {
+public:
+    explicit XmlNode(pugi::xml_node node) : node_(node) {}
+
+    Kind kind() const
+    {
+        const std::string_view name = node_.name();
+        if (name == "dict") return Kind::dict;
+        if (name == "array") return Kind::array;
+        if (name == "string") return Kind::string;
+        if (name == "integer") return Kind::integer;
+        if (name == "real") return Kind::real;
+        if (name == "true" || name == "false") return Kind::boolean;
+        if (name == "data") return Kind::data;
+        if (name == "date") return Kind::date;
+        return Kind::unknown;
+    }
+
+    std::string_view text() const { return node_.text().get(); }
+    bool boolean() const { return std::strcmp(node_.name(), "true") == 0; }
+
+    std::int64_t integer() const
+    {
+        std::string_view digits = trimmed(text());
+        if (!digits.empty() && digits.front() == '+')
+            digits.remove_prefix(1);
+        std::int64_t value = 0;
+        auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+        if (ec == std::errc::result_out_of_range)
+            throw CodingError("Integer '" + std::string(digits.substr(0, 40)) + "' does not fit in 64 bits.");
+        if (digits.empty() || ec != std::errc{} || end != digits.data() + digits.size())
+            throw CodingError("Malformed integer '" + std::string(digits.substr(0, 40)) + "'.");
+        return value;
+    }
+
+    double real() const
+    {
+        const std::string_view digits = trimmed(text());
+        if (digits == "+infinity" || digits == "infinity")
+            return std::numeric_limits<double>::infinity();
+        if (digits == "-infinity")
+            return -std::numeric_limits<double>::infinity();
+        if (auto value = parseNumber(digits))
+            return *value;
+        throw CodingError("Malformed real '" + std::string(digits.substr(0, 40)) + "'.");
+    }
+
+    std::size_t itemCount() const
+    {
+        std::size_t n = 0;
+        for (pugi::xml_node child = node_.first_child(); child; child = child.next_sibling())
+            n += child.type() == pugi::node_element;
+        return n;
+    }
+
+    template <class F>
+    void forEachItem(F&& f) const
+    {
+        for (pugi::xml_node child = node_.first_child(); child; child = child.next_sibling())
+            if (child.type() == pugi::node_element)
+                f(XmlNode(child));
+    }
+
+    template <class F>
+    void forEachEntry(F&& f) const
+    {
+        pugi::xml_node child = nextElement(node_.first_child());
+        while (child) {
+            if (std::strcmp(child.name(), "key") != 0)
+                throw CodingError(std::string("Expected key in dictionary but found <") + child.name() + ">.");
+            const std::string_view key = child.text().get();
+            pugi::xml_node value = nextElement(child.next_sibling());
+            if (!value)
+                throw CodingError("Key '" + std::string(key.substr(0, 80)) + "' has no value.");
+            f(key, XmlNode(value));
+            child = nextElement(value.next_sibling());
+        }
+    }
+
+private:
+    static pugi::xml_node nextElement(pugi::xml_node n)
+    {
+        while (n && n.type() != pugi::node_element)
+            n = n.next_sibling();
+        return n;
+    }
+    pugi::xml_node node_;
+};
+
+// Line and column of a byte offset, for parse error messages.
+std::string positionText(std::string_view text, std::ptrdiff_t offset)
+{
+    std::size_t line = 1, column = 1;
+    for (std::ptrdiff_t i = 0; i < offset && i < static_cast<std::ptrdiff_t>(text.size()); ++i) {
+        if (text[static_cast<std::size_t>(i)] == '\n') {
+            ++line;
+            column = 1;
+        } else {
+            ++column;
+        }
+    }
+    return "line " + std::to_string(line) + ", column " + std::to_string(column);
+}
+
+// ---- Binary documents -------------------------------------------------------
+
+class BinaryNode {
+public:
+    explicit BinaryNode(plist_t node) : node_(node) {}
+
+    Kind kind() const
+    {
+        switch (plist_get_node_type(node_)) {
+        case PLIST_DICT: return Kind::dict;
+        case PLIST_ARRAY: return Kind::array;
+        case PLIST_STRING: return Kind::string;
+        case PLIST_UINT: return Kind::integer;
+        case PLIST_REAL: return Kind::real;
+        case PLIST_BOOLEAN: return Kind::boolean;
+        case PLIST_DATA: return Kind::data;
+        case PLIST_DATE: return Kind::date;
+        default: return Kind::unknown;
+        }
+    }
+
+    std::string_view text() const
+    {
+        std::uint64_t length = 0;
+        const char* p = plist_get_string_ptr(node_, &length);
+        return p ? std::string_view(p, length) : std::string_view();
+    }
+    bool boolean() const
+    {
+        std::uint8_t value = 0;
+        plist_get_bool_val(node_, &value);
+        return value != 0;
+    }
+    // The library keeps every integer as 64 unsigned bits; negative numbers
+    // come back as their two's complement.
+    std::int64_t integer() const
+    {
+        std::uint64_t value = 0;
+        plist_get_uint_val(node_, &value);
+        return static_cast<std::int64_t>(value);
+    }
+    double real() const
+    {
+        double value = 0;
+        plist_get_real_val(node_, &value);
+        return value;
+    }
+
+    std::size_t itemCount() const { return plist_array_get_size(node_); }
+
+    template <class F>
+    void forEachItem(F&& f) const
+    {
+        const std::uint32_t n = plist_array_get_size(node_);
+        for (std::uint32_t i = 0; i < n; ++i)
+            f(BinaryNode(plist_array_get_item(node_, i)));
+    }
+
+    template <class F>
+    void forEachEntry(F&& f) const
+    {
+        plist_dict_iter iter = nullptr;
+        plist_dict_new_iter(node_, &iter);
+        std::unique_ptr<void, decltype(&std::free)> iterGuard(iter, &std::free);
+        while (true) {
+            char* rawKey = nullptr;
+            plist_t value = nullptr;
+            plist_dict_next_item(node_, iter, &rawKey, &value);
+            std::unique_ptr<char, decltype(&std::free)> key(rawKey, &std::free);
+            if (!value)
+                break;
+            f(std::string_view(rawKey ? rawKey : ""), BinaryNode(value));
+        }
+    }
+
+private:
+    plist_t node_;
+};
+
+// ---- The generic decoder ----------------------------------------------------
+
+template <class Node>
+void expectKind(const Node& node, Kind expected, const char* what)
+{
+    const Kind found = node.kind();
+    if (found != expected)
+        typeMismatch(what, found);
+}
+
+template <class Node>
+void decodeValue(const Node& node, std::string& out)
+{
+    expectKind(node, Kind::string, "string");
+    const std::string_view text = node.text();
+    if (!isValidUtf8(text))
+        throw CodingError("String is not valid UTF-8.");
+    out.assign(text);
+}
+
+template <class Node>
+void decodeValue(const Node& node, Uuid& out)
+{
+    expectKind(node, Kind::string, "a UUID string");
+    auto id = Uuid::fromText(node.text());
+    if (!id)
+        throw CodingError("Invalid UUID string '" + std::string(node.text().substr(0, 40)) + "'.");
+    out = *id;
+}
+
+template <class Node>
+void decodeValue(const Node& node, bool& out)
+{
+    expectKind(node, Kind::boolean, "boolean");
+    out = node.boolean();
+}
+
+template <class Node>
+void decodeValue(const Node& node, double& out)
+{
+    const Kind kind = node.kind();
+    if (kind == Kind::real)
+        out = node.real();
+    else if (kind == Kind::integer)
+        out = static_cast<double>(node.integer());
+    else
+        typeMismatch("real", kind);
+}
+
+template <class Node>
+void decodeValue(const Node& node, std::int64_t& out)
+{
+    const Kind kind = node.kind();
+    if (kind == Kind::integer) {
+        out = node.integer();
+    } else if (kind == Kind::real) {
+        // A whole real that fits reads as an integer, as numbers bridge.
+        const double value = node.real();
+        if (!(value >= -9.2233720368547758e18 && value < 9.2233720368547758e18) ||
+            value != static_cast<double>(static_cast<std::int64_t>(value)))
+            throw CodingError("Real number does not fit in an integer.");
+        out = static_cast<std::int64_t>(value);
+    } else {
+        typeMismatch("integer", kind);
+    }
+}
+
+template <class Node, class T>
+void decodeValue(const Node& node, std::optional<T>& out);
+template <class Node, class T>
+void decodeValue(const Node& node, boxed<T>& out);
+template <class Node, class T>
+void decodeValue(const Node& node, std::vector<T>& out);
+template <class Node, Record R>
+void decodeValue(const Node& node, R& out);
+
+template <class Node, class T>
+void decodeValue(const Node& node, std::optional<T>& out)
+{
+    decodeValue(node, out.emplace());
+}
+
+template <class Node, class T>
+void decodeValue(const Node& node, boxed<T>& out)
+{
+    decodeValue(node, out.emplace());
+}
+
+template <class Node, class T>
+void decodeValue(const Node& node, std::vector<T>& out)
+{
+    expectKind(node, Kind::array, "array");
+    out.clear();
+    out.reserve(node.itemCount());
+    node.forEachItem([&](const Node& item) {
+        try {
+            decodeValue(item, out.emplace_back());
+        } catch (CodingError& error) {
+            error.addPathComponent("[" + std::to_string(out.size() - 1) + "]");
+            throw;
+        }
+    });
+}
+
+template <class Node, Record R>
+void decodeValue(const Node& node, R& out)
+{
+    expectKind(node, Kind::dict, "dictionary");
+    std::bitset<fieldCount<R>> seen;
+    node.forEachEntry([&](std::string_view key, const Node& value) {
+        std::size_t index = 0;
+        bool matched = false;
+        forEachField<R>([&](const auto& field) {
+            if (!matched && field.key == key) {
+                matched = true;
+                try {
+                    decodeValue(value, out.*(field.member));
+                } catch (CodingError& error) {
+                    error.addPathComponent(std::string(field.key));
+                    throw;
+                }
+                seen.set(index);
+            }
+            if (!matched)
+                ++index;
+        });
+        // Keys that no field names are ignored.
+    });
+    std::size_t index = 0;
+    forEachField<R>([&](const auto& field) {
+        using Member = std::remove_cvref_t<decltype(out.*(field.member))>;
+        if (!isOptionalMember<Member> && !seen.test(index))
+            throw CodingError("No value associated with required key '" + std::string(field.key) + "'.");
+        ++index;
+    });
+}
+
+template <class Node, Record T>
+std::vector<T> decodeRoot(const Node& root)
+{
+    std::vector<T> records;
+    decodeValue(root, records);
+    return records;
+}
+
+// Largest document we agree to read; a project of this size is far beyond any
+// real game and reading it would only exhaust memory.
+constexpr std::size_t maximumDocumentSize = std::size_t{1} << 30;
+
+template <Record T>
+std::vector<T> decodeXml(std::string& bytes)
+{
+    pugi::xml_document document;
+    const unsigned options = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata |
+                             pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
+    const pugi::xml_parse_result parsed =
+        document.load_buffer_inplace(bytes.data(), bytes.size(), options, pugi::encoding_auto);
+    if (!parsed)
+        throw CodingError(std::string("The data is not a valid property list: ") + parsed.description() + " at " +
+                          positionText(bytes, parsed.offset) + ".");
+    pugi::xml_node top = document.document_element();
+    if (!top)
+        throw CodingError("The data is not a valid property list: no root element.");
+    if (std::strcmp(top.name(), "plist") == 0) {
+        pugi::xml_node value = top.first_child();
+        while (value && value.type() != pugi::node_element)
+            value = value.next_sibling();
+        if (!value)
+            throw CodingError("The property list is empty.");
+        top = value;
+    }
+    return decodeRoot<XmlNode, T>(XmlNode(top));
+}
+
+template <Record T>
+std::vector<T> decodeBinary(const std::string& bytes)
+{
+    plist_t root = nullptr;
+    plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    if (!root)
+        throw CodingError("The data is not a valid binary property list.");
+    std::unique_ptr<void, decltype(&plist_free)> guard(root, &plist_free);
+    return decodeRoot<BinaryNode, T>(BinaryNode(root));
+}
+
+} // namespace
+
+bool isBinaryPlist(std::string_view bytes)
+{
+    return bytes.substr(0, 8) == "bplist00";
+}
+
+template <Record T>
+std::vector<T> decodeRecordList(std::string bytes)
+{
+    if (bytes.size() > maximumDocumentSize)
+        throw CodingError("The file is too large to be a property list.");
+    if (bytes.empty())
+        throw CodingError("The data is empty.");
+    if (isBinaryPlist(bytes))
+        return decodeBinary<T>(bytes);
+    return decodeXml<T>(bytes);
+}
+
+template std::vector<Level> decodeRecordList<Level>(std::string);
+template std::vector<Obstacle> decodeRecordList<Obstacle>(std::string);
+template std::vector<Character> decodeRecordList<Character>(std::string);
+template std::vector<GenericObject> decodeRecordList<GenericObject>(std::string);
+template std::vector<LoadedConfig> decodeRecordList<LoadedConfig>(std::string);
+template std::vector<TitleSceneConfig> decodeRecordList<TitleSceneConfig>(std::string);
+
+} // namespace tessaro
