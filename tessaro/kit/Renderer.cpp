@@ -1,0 +1,186 @@
+#include "Renderer.h"
+
+#include "EffectNode.h"
+#include "PhysicsBody.h"
+
+#include <QPaintDevice>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tessaro::kit {
+
+qreal DrawContext::pixelsPerUnit() const
+{
+    return std::sqrt(std::abs(transform.determinant()));
+}
+
+namespace {
+
+inline QTransform fastLocal(const Node& n)
+{
+    if (n.zRotation() == 0)
+        return QTransform(n.xScale(), 0, 0, n.yScale(), n.position().x(), n.position().y());
+    return n.localTransform();
+}
+
+inline bool drawsAsEffect(const Node& n)
+{
+    auto effect = dynamic_cast<const EffectNode*>(&n);
+    return effect && effect->shouldEnableEffects() && effect->filter().kind != EffectFilter::Kind::None;
+}
+
+} // namespace
+
+void Renderer::collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
+                       std::vector<Item>& items) const
+{
+    for (const auto& childPtr : node.children()) {
+        const Node& child = *childPtr;
+        if (child.isHidden())
+            continue;
+        const qreal a = opacity * child.alpha();
+        if (a <= 0)
+            continue;
+        const QTransform t = fastLocal(child) * parentToDevice;
+        const qreal cz = z + child.zPosition();
+        if (drawsAsEffect(child)) {
+            items.push_back({&child, t, a, cz});
+            continue;
+        }
+        if (child.hasContent()) {
+            const QRectF device = t.mapRect(child.contentRect());
+            if (device.intersects(m_clip) || m_clip.isNull())
+                items.push_back({&child, t, a, cz});
+        }
+        if (!child.children().empty())
+            collect(child, t, a, cz, items);
+    }
+}
+
+void Renderer::drawItems(QPainter& painter, std::vector<Item>& items)
+{
+    auto byDepth = [](const Item& x, const Item& y) { return x.z < y.z; };
+    if (!std::is_sorted(items.begin(), items.end(), byDepth))
+        std::stable_sort(items.begin(), items.end(), byDepth);
+    qreal opacity = painter.opacity();
+    for (const Item& item : items) {
+        if (item.opacity != opacity) {
+            painter.setOpacity(item.opacity);
+            opacity = item.opacity;
+        }
+        DrawContext ctx{painter, item.transform, item.opacity, *this};
+        item.node->draw(ctx);
+    }
+    m_drawn += int(items.size());
+}
+
+void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransform& rootToDevice, qreal opacity)
+{
+    const QRectF savedClip = m_clip;
+    if (painter.device())
+        m_clip = QRectF(0, 0, painter.device()->width(), painter.device()->height());
+    std::vector<Item> items;
+    collect(root, rootToDevice, opacity, 0, items);
+    painter.save();
+    drawItems(painter, items);
+    painter.restore();
+    m_clip = savedClip;
+}
+
+void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& target, qreal zoom)
+{
+    painter.save();
+    const QTransform sceneToDevice =
+        scene.sceneToViewTransform(target.size(), zoom) * QTransform::fromTranslate(target.left(), target.top());
+    if (m_options.drawBackground) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(target, scene.backgroundColor());
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
+    painter.setClipRect(target);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_options.smoothImages);
+    m_clip = target;
+    m_drawn = 0;
+    std::vector<Item> items;
+    items.reserve(1024);
+    collect(scene, sceneToDevice, scene.alpha(), 0, items);
+    drawItems(painter, items);
+    m_lastNodeCount = m_drawn;
+    painter.setOpacity(1);
+    if (m_options.showsPhysics)
+        drawPhysics(scene, painter, sceneToDevice);
+    if (m_options.showsNodeCount || m_options.showsFPS)
+        drawStatistics(painter, target);
+    painter.restore();
+}
+
+QImage Renderer::renderToImage(const Scene& scene, const QSize& size, qreal zoom)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    render(scene, painter, QRectF(QPointF(0, 0), QSizeF(size)), zoom);
+    painter.end();
+    return image;
+}
+
+void Renderer::drawPhysics(const Scene& scene, QPainter& painter, const QTransform& sceneToDevice)
+{
+    for (const auto& body : scene.physicsWorld().bodies()) {
+        const Node* node = body->node();
+        if (!node)
+            continue;
+        const QTransform t = node->rootTransform();
+        const QPointF origin = t.map(QPointF(0, 0));
+        qreal angle = 0;
+        for (const Node* n = node; n && n->parent(); n = n->parent())
+            angle += n->zRotation();
+        const qreal c = std::cos(angle), s = std::sin(angle);
+        painter.setTransform(QTransform(c, s, -s, c, origin.x(), origin.y()) * sceneToDevice);
+        QPen pen(body->isDynamic() && !body->isEdgeBased() ? QColor(40, 220, 90) : QColor(80, 150, 255));
+        pen.setCosmetic(true);
+        pen.setWidthF(1.0);
+        painter.setPen(pen);
+        painter.setBrush(Qt::NoBrush);
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        for (const PhysicsShape& shape : body->shapes()) {
+            switch (shape.kind) {
+            case PhysicsShape::Kind::Circle:
+                painter.drawEllipse(shape.center, shape.radius, shape.radius);
+                break;
+            case PhysicsShape::Kind::Polygon:
+            case PhysicsShape::Kind::Loop:
+                painter.drawPolygon(shape.points.data(), int(shape.points.size()));
+                break;
+            case PhysicsShape::Kind::Edge:
+            case PhysicsShape::Kind::Chain:
+                painter.drawPolyline(shape.points.data(), int(shape.points.size()));
+                break;
+            }
+        }
+    }
+    painter.resetTransform();
+}
+
+void Renderer::drawStatistics(QPainter& painter, const QRectF& target)
+{
+    QStringList parts;
+    if (m_options.showsNodeCount)
+        parts << QStringLiteral("nodes: %1").arg(m_lastNodeCount);
+    if (m_options.showsFPS)
+        parts << QStringLiteral("fps: %1").arg(m_fps, 0, 'f', 1);
+    const QString text = parts.join(QStringLiteral("  "));
+    painter.resetTransform();
+    QFont font = painter.font();
+    font.setPixelSize(12);
+    painter.setFont(font);
+    const QFontMetricsF fm(font);
+    const QRectF box(target.right() - fm.horizontalAdvance(text) - 12, target.bottom() - fm.height() - 8,
+                     fm.horizontalAdvance(text) + 12, fm.height() + 8);
+    painter.fillRect(box, QColor(0, 0, 0, 150));
+    painter.setPen(Qt::white);
+    painter.drawText(box, Qt::AlignCenter, text);
+}
+
+} // namespace tessaro::kit

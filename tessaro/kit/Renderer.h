@@ -1,0 +1,80 @@
+// Draws a scene with QPainter into a QImage or onto a widget.
+//
+// Mapping: Scene::sceneToViewTransform fits the scene into the target by its
+// scale mode, centres it, flips y (the scene's y grows upwards, the target's
+// downwards) and applies the zoom about the target's centre. Nodes are drawn
+// by global depth (the sum of the zPosition of a node and its ancestors);
+// nodes of equal depth keep tree order, parents before children. A hidden
+// node hides its subtree; alpha multiplies down the tree. An effect node
+// draws its subtree as one filtered picture at its own depth.
+#pragma once
+
+#include "Scene.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QTransform>
+
+namespace tessaro::kit {
+
+class Renderer;
+
+/// What a node's draw() gets.
+struct DrawContext {
+    QPainter& painter;
+    QTransform transform; ///< node space (y up) to device pixels (y down)
+    qreal opacity = 1;    ///< accumulated alpha
+    Renderer& renderer;
+    /// Approximate device pixels per node unit (for rasterising effects).
+    qreal pixelsPerUnit() const;
+};
+
+class Renderer {
+public:
+    struct Options {
+        bool showsPhysics = false;   ///< outlines of physics bodies
+        bool showsNodeCount = false; ///< "nodes: N" in the bottom right corner
+        bool showsFPS = false;       ///< "fps: F" in the bottom right corner
+        bool smoothImages = true;    ///< bilinear filtering of scaled images
+        bool drawBackground = true;  ///< fill with the scene's background colour
+    };
+
+    Options& options() { return m_options; }
+    const Options& options() const { return m_options; }
+    /// The frame rate shown by showsFPS (set by the view).
+    void setFramesPerSecond(qreal fps) { m_fps = fps; }
+
+    /// Draws `scene` into the painter's device area `target` (device pixels).
+    void render(const Scene& scene, QPainter& painter, const QRectF& target, qreal zoom = 1.0);
+    /// Draws `scene` into a new image of `size` pixels.
+    QImage renderToImage(const Scene& scene, const QSize& size, qreal zoom = 1.0);
+
+    /// Draws the subtree below `root` (not `root`'s own content), with
+    /// `rootToDevice` mapping root space to device pixels. Depths are
+    /// relative to `root`. Used for effect nodes.
+    void renderSubtree(const Node& root, QPainter& painter, const QTransform& rootToDevice, qreal opacity);
+
+    /// Nodes drawn by the last render.
+    int lastNodeCount() const { return m_lastNodeCount; }
+
+private:
+    struct Item {
+        const Node* node;
+        QTransform transform;
+        qreal opacity;
+        qreal z;
+    };
+    void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
+                 std::vector<Item>& items) const;
+    void drawItems(QPainter& painter, std::vector<Item>& items);
+    void drawPhysics(const Scene& scene, QPainter& painter, const QTransform& sceneToDevice);
+    void drawStatistics(QPainter& painter, const QRectF& target);
+
+    Options m_options;
+    qreal m_fps = 0;
+    int m_lastNodeCount = 0;
+    int m_drawn = 0;
+    QRectF m_clip;
+};
+
+} // namespace tessaro::kit
