@@ -1,0 +1,8 @@
+#include "LevelScene.h"
+
+namespace stagewright {
+
+LevelScene::~LevelScene() = default;
+SceneHost::~SceneHost() = default;
+
+} // namespace stagewright

@@ -1,0 +1,185 @@
+// One open project: its levels, the file it came from, the scene that edits
+// its selected level and the selection models of the inspectors.
+#pragma once
+
+#include "LevelScene.h"
+#include "SelectionModels.h"
+#include "StateTypes.h"
+
+#include <tessaro/model/LevelRecords.h>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace stagewright {
+
+class SceneSettings;
+
+class projectTab : public QObject {
+    Q_OBJECT
+public:
+    /// A tab of `owner`, whose scene factory builds the tab's scenes. Without
+    /// an owner, or while no factory is installed, the tab has no scene.
+    projectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner = nullptr);
+    ~projectTab() override;
+
+    const tessaro::Uuid& id() const { return m_id; }
+
+    const QString& name() const { return m_name; }
+    void setName(const QString& name);
+
+    /// None until the project has been saved or opened.
+    const std::optional<QString>& filePath() const { return m_filePath; }
+    void setFilePath(const std::optional<QString>& path);
+    /// The file this tab failed to read when it was opened. A save without an
+    /// explicit location does not write over it.
+    const std::optional<QString>& unreadableFile() const { return m_unreadableFile; }
+    void setUnreadableFile(const std::optional<QString>& path) { m_unreadableFile = path; }
+
+    const std::vector<tessaro::Level>& levelConfig() const { return m_levelConfig; }
+    void setLevelConfig(std::vector<tessaro::Level> levels);
+    /// The first level with that id, for in-place edits; call
+    /// `notifyLevelConfigChanged` after changing it.
+    tessaro::Level* findLevel(const tessaro::Uuid& id);
+    void notifyLevelConfigChanged() { emit levelConfigChanged(); }
+
+    const tessaro::Uuid& levelSelected() const { return m_levelSelected; }
+    void setLevelSelected(const tessaro::Uuid& id);
+
+    // The selection models. The mutable accessors are for the controls that
+    // edit one field; they call the matching notify function afterwards.
+    const selectedObjectModel& selectedObject() const { return m_selectedObject; }
+    selectedObjectModel& selectedObject() { return m_selectedObject; }
+    void setSelectedObject(selectedObjectModel model);
+    void notifySelectedObjectChanged() { emit selectedObjectChanged(); }
+
+    const selectedDeviceModel& selectedDeviceObject() const { return m_selectedDeviceObject; }
+    selectedDeviceModel& selectedDeviceObject() { return m_selectedDeviceObject; }
+    void setSelectedDeviceObject(selectedDeviceModel model);
+    void notifySelectedDeviceObjectChanged() { emit selectedDeviceObjectChanged(); }
+
+    const selectedAnimationModel& selectedAnimationObject() const { return m_selectedAnimationObject; }
+    selectedAnimationModel& selectedAnimationObject() { return m_selectedAnimationObject; }
+    void setSelectedAnimationObject(selectedAnimationModel model);
+    void notifySelectedAnimationObjectChanged() { emit selectedAnimationObjectChanged(); }
+
+    const selectedLevelExtendedPropertiesModel& selectedLevelExtendedProperties() const
+    {
+        return m_selectedLevelExtendedProperties;
+    }
+    selectedLevelExtendedPropertiesModel& selectedLevelExtendedProperties()
+    {
+        return m_selectedLevelExtendedProperties;
+    }
+    void setSelectedLevelExtendedProperties(selectedLevelExtendedPropertiesModel model);
+
+    tessaro::SizeValue selectedSceneSize() const { return m_selectedSceneSize; }
+    void setSelectedSceneSize(tessaro::SizeValue size);
+    sceneScaleMode selectedScaleMode() const { return m_selectedScaleMode; }
+    void setSelectedScaleMode(sceneScaleMode mode);
+    tessaro::sceneOrientationType selectedSceneOrientation() const { return m_selectedSceneOrientation; }
+    void setSelectedSceneOrientation(tessaro::sceneOrientationType orientation);
+    tessaro::PointValue selectedAnchorPoint() const { return m_selectedAnchorPoint; }
+    void setSelectedAnchorPoint(tessaro::PointValue anchor);
+
+    /// The scene that edits the selected level, or none.
+    const std::shared_ptr<LevelScene>& currentScene() const { return m_currentScene; }
+    void setCurrentScene(std::shared_ptr<LevelScene> scene);
+
+    const std::vector<levelPickerModel>& levelListDropdownValues() const { return m_levelListDropdownValues; }
+
+    tessaro::PointValue scenePosition() const { return m_scenePosition; }
+    void setScenePosition(tessaro::PointValue position);
+
+    bool isProjectDirty() const { return m_isProjectDirty; }
+    void setProjectDirty(bool dirty);
+
+    bool backgroundElementsHidden() const { return m_backgroundElementsHidden; }
+    void setBackgroundElementsHidden(bool hidden);
+
+    selectionPhase elementPhase() const { return m_elementPhase; }
+    void setElementPhase(selectionPhase phase);
+
+    /// The zoom shown in the toolbar, as text ("1.00").
+    const QString& scaledValue() const { return m_scaledValue; }
+    void setScaledValue(const QString& value);
+
+    // ---- Operations ------------------------------------------------------
+
+    /// Writes the scene back into the selected level, then loads the level
+    /// `id` into a fresh scene. The selection models go back to their empty
+    /// values.
+    void switchLevel(const tessaro::Uuid& id);
+    /// Removes every level with that id, keeps at least one, shows the first.
+    void deleteLevel(const tessaro::Uuid& id);
+    /// Appends a new level with the application's defaults.
+    void addLevel();
+    /// Swaps a level with the one before (-1) or after (+1) it; the selected
+    /// level stays selected. False when there is no such neighbour.
+    bool moveLevel(const tessaro::Uuid& id, int direction);
+    /// Rebuilds the level picker entries from `levelConfig`.
+    void refreshLevelList();
+    /// Empties the tab for closing.
+    void reset();
+    /// Puts the four selection models back to their empty values.
+    void resetSelectionModels();
+
+signals:
+    void nameChanged();
+    void filePathChanged();
+    void levelConfigChanged();
+    void levelSelectedChanged();
+    void selectedObjectChanged();
+    void selectedDeviceObjectChanged();
+    void selectedAnimationObjectChanged();
+    void selectedLevelExtendedPropertiesChanged();
+    void selectedSceneSizeChanged();
+    void selectedScaleModeChanged();
+    void selectedSceneOrientationChanged();
+    void selectedAnchorPointChanged();
+    void currentSceneChanged();
+    void levelListDropdownValuesChanged();
+    void scenePositionChanged();
+    void isProjectDirtyChanged();
+    void backgroundElementsHiddenChanged();
+    void elementPhaseChanged();
+    void scaledValueChanged();
+
+private:
+    std::shared_ptr<LevelScene> makeScene();
+    void takeSceneValuesFromConfig();
+    void dropScene();
+
+    QPointer<SceneSettings> m_owner;
+    tessaro::Uuid m_id;
+    QString m_name;
+    std::optional<QString> m_filePath;
+    std::optional<QString> m_unreadableFile;
+    std::vector<tessaro::Level> m_levelConfig;
+    tessaro::Uuid m_levelSelected = tessaro::Uuid::create();
+    selectedObjectModel m_selectedObject;
+    selectedDeviceModel m_selectedDeviceObject;
+    selectedAnimationModel m_selectedAnimationObject;
+    selectedLevelExtendedPropertiesModel m_selectedLevelExtendedProperties;
+    tessaro::SizeValue m_selectedSceneSize;
+    sceneScaleMode m_selectedScaleMode = sceneScaleMode::aspectFill;
+    tessaro::sceneOrientationType m_selectedSceneOrientation = tessaro::sceneOrientationType::landscape;
+    tessaro::PointValue m_selectedAnchorPoint;
+    std::shared_ptr<LevelScene> m_currentScene;
+    std::vector<levelPickerModel> m_levelListDropdownValues;
+    tessaro::PointValue m_scenePosition;
+    bool m_isProjectDirty = false;
+    bool m_backgroundElementsHidden = false;
+    selectionPhase m_elementPhase = selectionPhase::NotSelected;
+    QString m_scaledValue = QStringLiteral("1.00");
+};
+
+/// The set-up of a new scene from the application's configuration.
+SceneSetup sceneSetupFromConfig();
+
+} // namespace stagewright

@@ -1,0 +1,186 @@
+// The one application-wide state: the open projects, the workspace's file
+// lists, the recent documents and the clipboard element. Every command of the
+// shell ends in one of its operations.
+#pragma once
+
+#include "DBHelper.h"
+#include "FileRevealer.h"
+#include "LevelScene.h"
+#include "ProjectTab.h"
+#include "StateTypes.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tessaro::kit {
+class Node;
+}
+
+namespace stagewright {
+
+class PermissionManager;
+
+class SceneSettings : public QObject {
+    Q_OBJECT
+public:
+    /// Runs the start: restores the folder grants, creates the default
+    /// workspace on first start, makes the stored (or default) workspace
+    /// current, loads the catalogues and leaves one tab "Initialization".
+    explicit SceneSettings(PermissionManager& gate, QObject* parent = nullptr);
+    ~SceneSettings() override;
+
+    /// The one instance of the run, made on first use with the shared gate.
+    static SceneSettings& shared();
+
+    /// Builds the scenes of the tabs; none is installed at first, and then
+    /// tabs have no scene.
+    void setSceneFactory(SceneFactory factory);
+    const SceneFactory& sceneFactory() const { return m_sceneFactory; }
+    /// Replaces how `showInFinder` reveals a file.
+    void setFileRevealer(FileRevealer revealer);
+    PermissionManager& gate() { return m_gate; }
+
+    // ---- Fields -----------------------------------------------------------
+
+    const std::vector<std::shared_ptr<projectTab>>& projectTabs() const { return m_projectTabs; }
+    const std::shared_ptr<projectTab>& selectedProjectTab() const { return m_selectedProjectTab; }
+    std::shared_ptr<projectTab> findTab(const tessaro::Uuid& id) const;
+
+    tessaro::SizeValue scrollerViewSize() const { return m_scrollerViewSize; }
+    void setScrollerViewSize(tessaro::SizeValue size);
+
+    /// Appearance; stored in the user default "isDark".
+    bool isDark() const { return m_isDark; }
+    void setIsDark(bool dark);
+    /// The first-use window has been shown; stored in "firstTimeViewDisplayed".
+    void setFirstTimeViewDisplayed(bool shown);
+
+    const std::vector<recentDocumentItem>& recentDocumentItemsList() const { return m_recentDocumentItemsList; }
+    const std::vector<fileItem>& imageList() const { return m_imageList; }
+    const std::vector<fileItem>& audioList() const { return m_audioList; }
+
+    const std::vector<sceneSizes>& sceneSizesList() const { return m_sceneSizesList; }
+    void setSceneSizesList(std::vector<sceneSizes> sizes);
+
+    bool isInspectorPresented() const { return m_isInspectorPresented; }
+    void setInspectorPresented(bool presented);
+    bool isGroundInspectorPresented() const { return m_isGroundInspectorPresented; }
+    void setGroundInspectorPresented(bool presented);
+
+    const QString& nodeListItemSelected() const { return m_nodeListItemSelected; }
+    void setNodeListItemSelected(const QString& name);
+
+    bool refreshWidth() const { return m_refreshWidth; }
+    /// Flips `refreshWidth` so the canvas width is computed again.
+    void toggleRefreshWidth();
+
+    const tessaro::Uuid& tabSelected() const { return m_tabSelected; }
+    void setTabSelected(const tessaro::Uuid& id);
+
+    const std::shared_ptr<tessaro::kit::Node>& objectToCopy() const { return m_objectToCopy; }
+    void setObjectToCopy(std::shared_ptr<tessaro::kit::Node> node);
+
+    const std::optional<tessaro::PointValue>& objectToPasteLocation() const { return m_objectToPasteLocation; }
+    void setObjectToPasteLocation(std::optional<tessaro::PointValue> location);
+
+    const std::vector<groundOrderItem>& groundOrderItems() const { return m_groundOrderItems; }
+    void setGroundOrderItems(std::vector<groundOrderItem> items);
+
+    // ---- Operations ---------------------------------------------------------
+
+    /// Adds a tab "Untitled N" with one new level and puts it in front.
+    void newProject();
+    /// Opens a project file in a new tab in front. An untouched "Untitled"
+    /// start tab is replaced. A file that cannot be read leaves an empty tab
+    /// whose file is kept safe from a plain save.
+    void openProject(const QString& location);
+    /// Writes the front tab to `location`, or to its own file. True when the
+    /// file was written.
+    bool saveProject(const std::optional<QString>& location = std::nullopt);
+    void closeProject(const tessaro::Uuid& tabId);
+    void selectProject(const tessaro::Uuid& tabId);
+    /// Appends a new level to the front tab.
+    void addLevel();
+    void moveLevelUp(const tessaro::Uuid& levelId);
+    void moveLevelDown(const tessaro::Uuid& levelId);
+
+    /// Makes a folder the workspace: reads its store into the recent list and
+    /// the application settings, and remembers it for the next start.
+    void setWorkingSpace(const QString& path);
+    /// Scans the workspace into `imageList` and `audioList`.
+    void loadFileLists();
+    /// Called when the main window appears: scans the file lists, removes the
+    /// "Initialization" tab and starts with a new project.
+    void mainWindowAppeared();
+
+    /// Sets `scrollerViewSize` from a zoom text ("1.50").
+    void setZoom(const QString& zoom);
+    /// Sets the size of the first entry of `sceneSizesList` for that device.
+    void setDeviceSize(tessaro::deviceName device, tessaro::SizeValue size);
+    /// Shows the front tab's file in the file manager.
+    void showInFinder();
+    /// Empties the recent list and its store.
+    void clearRecentDocuments();
+
+    /// Stores one workspace setting (the settings pane).
+    bool updateSetting(settingsNames name, const QString& value);
+    /// Puts the workspace settings back to their first-run values and makes
+    /// them the application's settings.
+    void resetSettings();
+
+signals:
+    void projectTabsChanged();
+    void selectedProjectTabChanged();
+    void scrollerViewSizeChanged();
+    void isDarkChanged();
+    void recentDocumentItemsListChanged();
+    void imageListChanged();
+    void audioListChanged();
+    void sceneSizesListChanged();
+    void isInspectorPresentedChanged();
+    void isGroundInspectorPresentedChanged();
+    void nodeListItemSelectedChanged();
+    void refreshWidthChanged();
+    void tabSelectedChanged();
+    void objectToCopyChanged();
+    void objectToPasteLocationChanged();
+    void groundOrderItemsChanged();
+    void workingSpacePathChanged();
+
+private:
+    void start();
+    void setSelectedProjectTab(std::shared_ptr<projectTab> tab);
+    void setRecentDocuments(std::vector<recentDocumentItem> items);
+    void makeWorkspaceCurrent(const QString& path, bool remember);
+    void removeTabAt(std::size_t index);
+
+    PermissionManager& m_gate;
+    SceneFactory m_sceneFactory;
+    FileRevealer m_revealer;
+
+    std::vector<std::shared_ptr<projectTab>> m_projectTabs;
+    std::shared_ptr<projectTab> m_selectedProjectTab;
+    tessaro::SizeValue m_scrollerViewSize;
+    bool m_isDark = false;
+    std::vector<recentDocumentItem> m_recentDocumentItemsList;
+    std::vector<fileItem> m_imageList;
+    std::vector<fileItem> m_audioList;
+    std::vector<sceneSizes> m_sceneSizesList;
+    bool m_isInspectorPresented = false;
+    bool m_isGroundInspectorPresented = false;
+    QString m_nodeListItemSelected;
+    bool m_refreshWidth = false;
+    tessaro::Uuid m_tabSelected = tessaro::Uuid::create();
+    std::shared_ptr<tessaro::kit::Node> m_objectToCopy;
+    std::optional<tessaro::PointValue> m_objectToPasteLocation;
+    std::vector<groundOrderItem> m_groundOrderItems;
+};
+
+/// The number a new "Untitled N" tab takes among tabs with these names.
+int nextUntitledNumber(const std::vector<QString>& tabNames);
+
+} // namespace stagewright
