@@ -47,6 +47,12 @@ ActionRunner::ActionRunner(const Action& action)
     }
 }
 
+bool ActionRunner::cancelled(const Node& node)
+{
+    return node.m_actionDepth > 0 && node.m_currentAction < node.m_actions.size()
+        && node.m_actions[node.m_currentAction].removed;
+}
+
 double ActionRunner::advance(Node& node, double dt)
 {
     if (m_finished)
@@ -562,7 +568,7 @@ public:
                     if (!m_current)
                         m_current = m_actions[m_index]->makeRunner();
                     const double r = m_current->advance(node, dt);
-                    if (r < 0)
+                    if (r < 0 || cancelled(node))
                         return -1;
                     dt = r;
                     m_current.reset();
@@ -617,6 +623,8 @@ public:
                     if (runner->finished())
                         continue;
                     const double r = runner->advance(node, dt);
+                    if (cancelled(node))
+                        return -1;
                     if (r < 0)
                         running = true;
                     else
@@ -660,7 +668,7 @@ public:
                     if (!m_current)
                         m_current = m_action->makeRunner();
                     const double r = m_current->advance(node, dt);
-                    if (r < 0)
+                    if (r < 0 || cancelled(node))
                         return -1;
                     m_current.reset();
                     ++m_done;

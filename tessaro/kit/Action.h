@@ -50,6 +50,9 @@ protected:
     virtual void start(Node&) {}
     /// Advances the action's own (already warped) time. Same result as advance.
     virtual double step(Node& node, double dt) = 0;
+    /// True when the action being advanced on `node` has been removed (by a
+    /// block inside it, for instance): composites stop at once.
+    static bool cancelled(const Node& node);
 
     double m_duration;
     double m_speed;

@@ -582,7 +582,11 @@ void Node::advanceActions(double now, double dt, double speedFactor)
             m_actions[i].begun = true;
         }
         std::shared_ptr<ActionRunner> runner = m_actions[i].runner;
-        if (runner->advance(*this, step) >= 0 && i < m_actions.size() && m_actions[i].runner == runner)
+        const size_t outer = m_currentAction;
+        m_currentAction = i;
+        const double left = runner->advance(*this, step);
+        m_currentAction = outer;
+        if (left >= 0 && i < m_actions.size() && m_actions[i].runner == runner)
             m_actions[i].removed = true;
     }
     --m_actionDepth;

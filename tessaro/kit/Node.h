@@ -219,6 +219,7 @@ private:
     friend class Scene;
     friend class PhysicsWorld;
     friend class Renderer;
+    friend class ActionRunner;
 
     struct RunningAction {
         QString key;
@@ -254,6 +255,7 @@ private:
     std::vector<NodePtr> m_children;
     std::vector<RunningAction> m_actions;
     int m_actionDepth = 0; // >0 while actions are being advanced
+    size_t m_currentAction = 0; // index of the action being advanced
     std::shared_ptr<PhysicsBody> m_physicsBody;
 };
 

@@ -350,6 +350,7 @@ void PhysicsBody::refilter()
         return;
     for (b2Fixture* f = m_body->GetFixtureList(); f; f = f->GetNext())
         f->Refilter();
+    m_body->SetAwake(true); // a sleeping body would keep its old contacts
 }
 
 // --- behaviour ----------------------------------------------------------------------

@@ -105,6 +105,9 @@ void SpriteNode::draw(DrawContext& ctx) const
     // The usual case maps the sprite to an upright rectangle of the target
     // (the scene's y flip cancels the image's): draw without a transform.
     const bool upright = t.m12() == 0 && t.m21() == 0 && t.m11() > 0 && t.m22() < 0;
+    // Upright sprites stay crisp (and fast); turned ones get smooth edges.
+    if (p.testRenderHint(QPainter::Antialiasing) == upright)
+        p.setRenderHint(QPainter::Antialiasing, !upright);
     if (!m_texture) {
         if (m_color.alpha() == 0)
             return;

@@ -269,9 +269,6 @@ std::shared_ptr<TextureAtlas> TextureAtlas::atlasNamed(const QString& name)
 
 TexturePtr TextureAtlas::textureNamed(const QString& name) const
 {
-    auto cached = m_loaded.find(name);
-    if (cached != m_loaded.end())
-        return cached->second;
     QString file;
     for (const QString& entry : m_names) {
         if (entry == name || QFileInfo(entry).completeBaseName() == name) {
@@ -279,13 +276,15 @@ TexturePtr TextureAtlas::textureNamed(const QString& name) const
             break;
         }
     }
-    TexturePtr texture;
-    if (!file.isEmpty())
-        texture = Texture::fromFile(QDir(m_folder).filePath(file));
-    if (!texture) {
+    if (file.isEmpty())
+        return Texture::placeholder();
+    auto cached = m_loaded.find(file);
+    if (cached != m_loaded.end())
+        return cached->second;
+    TexturePtr texture = Texture::fromFile(QDir(m_folder).filePath(file));
+    if (!texture)
         texture = Texture::placeholder();
-    }
-    m_loaded[name] = texture;
+    m_loaded[file] = texture;
     return texture;
 }
 

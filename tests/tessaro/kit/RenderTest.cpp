@@ -1,0 +1,333 @@
+// The renderer against pictures built independently, pixel by pixel.
+#include <tessaro/kit/EffectNode.h>
+#include <tessaro/kit/LabelNode.h>
+#include <tessaro/kit/Renderer.h>
+#include <tessaro/kit/ShapeNode.h>
+#include <tessaro/kit/SpriteNode.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace tessaro::kit;
+
+namespace {
+
+// The expected picture: scene rectangles (y up, scene height `h`) painted
+// straight into pixels, with plain source-over blending.
+struct Expected {
+    QImage image;
+    int h;
+    Expected(int w, int height, QColor background) : image(w, height, QImage::Format_ARGB32), h(height)
+    {
+        image.fill(background);
+    }
+    void blend(int x, int row, QColor c, double alpha = 1.0)
+    {
+        const QColor d = image.pixelColor(x, row);
+        const double a = alpha * c.alphaF();
+        image.setPixelColor(x, row, QColor(int(std::lround(c.red() * a + d.red() * (1 - a))),
+                                           int(std::lround(c.green() * a + d.green() * (1 - a))),
+                                           int(std::lround(c.blue() * a + d.blue() * (1 - a)))));
+    }
+    void rect(int x, int y, int w, int height, QColor c, double alpha = 1.0)
+    {
+        for (int row = h - y - height; row < h - y; ++row)
+            for (int col = x; col < x + w; ++col)
+                blend(col, row, c, alpha);
+    }
+    // A picture placed with its bottom-left corner at scene (x, y), upright.
+    void picture(int x, int y, const QImage& pic, bool mirrored = false)
+    {
+        for (int r = 0; r < pic.height(); ++r)
+            for (int c = 0; c < pic.width(); ++c) {
+                const QColor p = pic.pixelColor(mirrored ? pic.width() - 1 - c : c, r);
+                blend(x + c, h - y - pic.height() + r, QColor(p.red(), p.green(), p.blue()), p.alphaF());
+            }
+    }
+};
+
+int worstDifference(const QImage& a, const QImage& b, QPoint* where = nullptr)
+{
+    int worst = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QColor p = a.pixelColor(x, y), q = b.pixelColor(x, y);
+            const int d = std::max({std::abs(p.red() - q.red()), std::abs(p.green() - q.green()),
+                                    std::abs(p.blue() - q.blue())});
+            if (d > worst) {
+                worst = d;
+                if (where)
+                    *where = {x, y};
+            }
+        }
+    return worst;
+}
+
+QImage checker(int size, int cell, QColor a, QColor b)
+{
+    QImage img(size, size, QImage::Format_ARGB32);
+    for (int y = 0; y < size; ++y)
+        for (int x = 0; x < size; ++x)
+            img.setPixelColor(x, y, ((x / cell + y / cell) % 2) ? a : b);
+    return img;
+}
+
+std::shared_ptr<SpriteNode> colored(QColor c, QSizeF size, QPointF pos, qreal z = 0)
+{
+    auto s = SpriteNode::create(c, size);
+    s->setAnchorPoint({0, 0});
+    s->setPosition(pos);
+    s->setZPosition(z);
+    return s;
+}
+
+QRect paintedBounds(const QImage& img, QColor background)
+{
+    QRect r;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            if (img.pixelColor(x, y) != background)
+                r = r.united(QRect(x, y, 1, 1));
+    return r;
+}
+
+} // namespace
+
+TEST(Renderer, SceneMatchesAPictureBuiltPixelByPixel)
+{
+    auto scene = Scene::sceneWithSize({200, 100});
+    scene->setAnchorPoint({0, 0});
+    scene->setScaleMode(SceneScaleMode::AspectFit);
+    scene->setBackgroundColor(QColor(0, 0, 255));
+
+    // Depth beats tree order: the green square is added later but lies lower.
+    scene->addChild(colored(Qt::red, {40, 20}, {30, 30}, 1));
+    auto green = SpriteNode::create(Qt::green, {40, 40});
+    green->setPosition(60, 40); // centred anchor: x 40..80, y 20..60
+    scene->addChild(green);
+    // Hidden nodes draw nothing.
+    auto cover = colored(Qt::white, {200, 100}, {0, 0}, 10);
+    cover->setHidden(true);
+    scene->addChild(cover);
+    // A textured sprite inside a moved layer.
+    const QImage board = checker(16, 4, Qt::yellow, Qt::black);
+    auto layer = Node::create();
+    layer->setPosition(120, 10);
+    layer->setZPosition(5);
+    scene->addChild(layer);
+    auto textured = SpriteNode::create(Texture::fromImage(board));
+    textured->setAnchorPoint({0, 0});
+    layer->addChild(textured);
+    // Alpha, and alpha multiplied down the tree.
+    auto faint = colored(Qt::white, {20, 20}, {160, 60}, 2);
+    faint->setAlpha(0.5);
+    scene->addChild(faint);
+    auto dim = Node::create();
+    dim->setAlpha(0.5);
+    dim->setPosition(180, 60);
+    scene->addChild(dim);
+    auto dimChild = colored(Qt::red, {10, 10}, {0, 0});
+    dimChild->setAlpha(0.5);
+    dim->addChild(dimChild);
+    // Colour blend: the opaque half of a white picture turns red.
+    QImage half(10, 10, QImage::Format_ARGB32);
+    half.fill(Qt::transparent);
+    for (int y = 0; y < 10; ++y)
+        for (int x = 5; x < 10; ++x)
+            half.setPixelColor(x, y, Qt::white);
+    auto blended = SpriteNode::create(Texture::fromImage(half));
+    blended->setAnchorPoint({0, 0});
+    blended->setPosition(100, 80);
+    blended->setColor(Qt::red);
+    blended->setColorBlendFactor(1.0);
+    scene->addChild(blended);
+    // A mirrored picture.
+    QImage twoTone(10, 10, QImage::Format_ARGB32);
+    for (int y = 0; y < 10; ++y)
+        for (int x = 0; x < 10; ++x)
+            twoTone.setPixelColor(x, y, x < 5 ? Qt::cyan : Qt::magenta);
+    auto mirrored = SpriteNode::create(Texture::fromImage(twoTone));
+    mirrored->setPosition(20, 80);
+    mirrored->setXScale(-1);
+    scene->addChild(mirrored);
+    // A quarter turn: 20 by 6 becomes 6 by 20.
+    auto turned = SpriteNode::create(Qt::white, {20, 6});
+    turned->setPosition(100, 40);
+    turned->setZRotation(M_PI / 2);
+    scene->addChild(turned);
+    // A filled shape.
+    auto square = ShapeNode::shapeNodeWithRect({0, 0, 10, 10});
+    square->setFillColor(Qt::black);
+    square->setLineWidth(0);
+    square->setPosition(150, 5);
+    scene->addChild(square);
+
+    Renderer renderer;
+    const QImage actual = renderer.renderToImage(*scene, {200, 100});
+
+    Expected e(200, 100, QColor(0, 0, 255));
+    e.rect(40, 20, 40, 40, Qt::green);
+    e.rect(30, 30, 40, 20, Qt::red);
+    e.picture(120, 10, board);
+    e.rect(160, 60, 20, 20, Qt::white, 0.5);
+    e.rect(180, 60, 10, 10, Qt::red, 0.25);
+    e.rect(105, 80, 5, 10, Qt::red);
+    e.picture(15, 75, twoTone, true);
+    e.rect(97, 30, 6, 20, Qt::white);
+    e.rect(150, 5, 10, 10, Qt::black);
+
+    QPoint where;
+    const int worst = worstDifference(actual, e.image, &where);
+    EXPECT_LE(worst, 2) << "at " << where.x() << "," << where.y();
+    EXPECT_EQ(renderer.lastNodeCount(), 9);
+}
+
+TEST(Renderer, ScaleModesAndZoomPlaceTheScene)
+{
+    auto scene = Scene::sceneWithSize({100, 100});
+    scene->setBackgroundColor(Qt::black);
+    auto marker = SpriteNode::create(Qt::white, {10, 10}); // at the scene's centre
+    scene->addChild(marker);
+    Renderer renderer;
+
+    scene->setScaleMode(SceneScaleMode::AspectFit); // 200x100 view: scale 1, centred
+    EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black), QRect(95, 45, 10, 10));
+    scene->setScaleMode(SceneScaleMode::AspectFill); // scale 2
+    EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black), QRect(90, 40, 20, 20));
+    scene->setScaleMode(SceneScaleMode::Fill); // 2 by 1
+    EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black), QRect(90, 45, 20, 10));
+    EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}, 2.0), Qt::black), QRect(80, 40, 40, 20));
+    // The anchor moves the origin, not the scene's rectangle.
+    scene->setScaleMode(SceneScaleMode::AspectFit);
+    scene->setAnchorPoint({0, 0});
+    EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black), QRect(45, 95, 10, 5));
+}
+
+TEST(Renderer, BlurredGlowSpreadsRedAroundTheSprite)
+{
+    auto scene = Scene::sceneWithSize({200, 200});
+    scene->setBackgroundColor(Qt::black);
+    QImage white(40, 40, QImage::Format_ARGB32);
+    white.fill(Qt::white);
+    auto glowLayer = Node::create();
+    glowLayer->setName("glow");
+    glowLayer->setZPosition(-1);
+    auto effect = EffectNode::create();
+    effect->setFilter(EffectFilter::gaussianBlur(10));
+    effect->setShouldRasterize(true);
+    auto copy = SpriteNode::create(Texture::fromImage(white));
+    copy->setColor(Qt::red);
+    copy->setColorBlendFactor(1);
+    effect->addChild(copy);
+    glowLayer->addChild(effect);
+    scene->addChild(glowLayer);
+
+    Renderer renderer;
+    const QImage img = renderer.renderToImage(*scene, {200, 200});
+    // Along the middle row, from the centre outwards: red fading to nothing.
+    const int row = 100;
+    int last = 256;
+    for (int x = 100; x < 200; x += 5) {
+        const QColor c = img.pixelColor(x, row);
+        EXPECT_EQ(c.green(), 0);
+        EXPECT_EQ(c.blue(), 0);
+        EXPECT_LE(c.red(), last);
+        last = c.red();
+    }
+    EXPECT_GT(img.pixelColor(100, row).red(), 200);
+    EXPECT_GT(img.pixelColor(130, row).red(), 20);  // 10 points outside the sprite
+    EXPECT_LT(img.pixelColor(130, row).red(), 120);
+    EXPECT_EQ(img.pixelColor(175, row).red(), 0);   // beyond three radii
+    EXPECT_NEAR(img.pixelColor(100, 60).red(), img.pixelColor(60, 100).red(), 2); // symmetric
+    // The blur matches a Gaussian with the radius as standard deviation: at
+    // the sprite's edge half the red is left, 10 points out about 16 %.
+    const double edge = img.pixelColor(120, row).red() / double(img.pixelColor(100, row).red());
+    EXPECT_NEAR(edge, 0.5, 0.06);
+
+    // The rasterised picture is reused until the subtree changes.
+    EXPECT_EQ(renderer.renderToImage(*scene, {200, 200}), img);
+    copy->setPosition(40, 0);
+    EXPECT_NE(renderer.renderToImage(*scene, {200, 200}), img);
+    // Without effects the children draw as plain nodes.
+    effect->setShouldEnableEffects(false);
+    copy->setPosition(0, 0);
+    const QImage plain = renderer.renderToImage(*scene, {200, 200});
+    EXPECT_EQ(plain.pixelColor(100, 100), QColor(Qt::red));
+    EXPECT_EQ(plain.pixelColor(125, 100), QColor(Qt::black));
+}
+
+TEST(Renderer, LabelsAlignTextAroundTheirPosition)
+{
+    auto scene = Scene::sceneWithSize({300, 100});
+    scene->setBackgroundColor(Qt::black);
+    auto label = std::make_shared<LabelNode>("Hello");
+    label->setFontSize(30);
+    label->setFontColor(Qt::white);
+    scene->addChild(label);
+    Renderer renderer;
+
+    auto bounds = [&] { return paintedBounds(renderer.renderToImage(*scene, {300, 100}), Qt::black); };
+    label->setHorizontalAlignmentMode(LabelHorizontalAlignment::Left);
+    label->setVerticalAlignmentMode(LabelVerticalAlignment::Baseline);
+    QRect r = bounds();
+    EXPECT_NEAR(r.left(), 150, 4);
+    EXPECT_NEAR(r.bottom(), 50, 2); // "Hello" has no descenders
+    EXPECT_GT(r.width(), 40);
+    // The content rectangle covers the drawn glyphs.
+    const QRectF content = label->contentRect();
+    EXPECT_LE(content.left(), r.left() - 150 + 1);
+    EXPECT_GE(content.right(), r.right() - 150);
+    EXPECT_GE(content.top() + content.height(), 50 - r.top());
+
+    label->setHorizontalAlignmentMode(LabelHorizontalAlignment::Right);
+    r = bounds();
+    EXPECT_NEAR(r.right(), 150, 4);
+    label->setHorizontalAlignmentMode(LabelHorizontalAlignment::Center);
+    label->setVerticalAlignmentMode(LabelVerticalAlignment::Top);
+    r = bounds();
+    EXPECT_NEAR((r.left() + r.right()) / 2.0, 150, 3);
+    EXPECT_GE(r.top(), 50);
+    EXPECT_LT(r.top(), 60);
+    label->setVerticalAlignmentMode(LabelVerticalAlignment::Center);
+    r = bounds();
+    EXPECT_NEAR((r.top() + r.bottom()) / 2.0, 50, 5);
+
+    // Line breaks and wrapping follow numberOfLines and the preferred width.
+    label->setText("one two three four");
+    EXPECT_EQ(label->layoutLines().size(), 1);
+    label->setNumberOfLines(0);
+    label->setPreferredMaxLayoutWidth(90);
+    const QStringList lines = label->layoutLines();
+    EXPECT_GE(lines.size(), 2);
+    EXPECT_EQ(lines.join(" "), "one two three four");
+    label->setNumberOfLines(2);
+    EXPECT_EQ(label->layoutLines().size(), 2);
+    label->setText("a\nb\nc");
+    label->setNumberOfLines(0);
+    EXPECT_EQ(label->layoutLines(), (QStringList{"a", "b", "c"}));
+    const qreal oneLine = LabelNode("a").contentRect().height();
+    EXPECT_GT(label->contentRect().height(), 2.5 * oneLine);
+}
+
+TEST(Renderer, DebugOverlaysDrawPhysicsOutlinesAndCounts)
+{
+    auto scene = Scene::sceneWithSize({200, 100});
+    scene->setBackgroundColor(Qt::black);
+    auto node = Node::create();
+    node->setPhysicsBody(PhysicsBody::bodyWithRectangleOfSize({60, 40}));
+    scene->addChild(node);
+    Renderer renderer;
+    EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black), QRect());
+    renderer.options().showsPhysics = true;
+    const QRect outline = paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black);
+    EXPECT_NEAR(outline.left(), 70, 1);
+    EXPECT_NEAR(outline.right(), 130, 1);
+    EXPECT_NEAR(outline.top(), 30, 1);
+    EXPECT_NEAR(outline.bottom(), 70, 1);
+    renderer.options().showsPhysics = false;
+    renderer.options().showsNodeCount = true;
+    const QRect stats = paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black);
+    EXPECT_GT(stats.left(), 100);
+    EXPECT_GT(stats.bottom(), 80);
+}
