@@ -132,6 +132,9 @@ public:
     virtual QRectF contentRect() const { return {}; }
     /// True when the node draws something of its own and can be hit.
     virtual bool hasContent() const { return false; }
+    /// True when the renderer draws the node's subtree as one picture through
+    /// draw() instead of sorting its descendants into the scene (effect nodes).
+    virtual bool drawsSubtreeAsOne() const { return false; }
 
     /// The bounding box of the node's content in the parent's space. For a
     /// node without content: a zero-size rectangle at its position.

@@ -78,10 +78,10 @@ public:
     {
         PhysicsBody* a = bodyOf(contact->GetFixtureA());
         PhysicsBody* b = bodyOf(contact->GetFixtureB());
+        if (!reportsContact(a, b))
+            return; // touching is read from the engine; only reports are tracked
         PairState& pair = m_world.m_pairs[key(a, b)];
         if (++pair.touching != 1)
-            return;
-        if (!reportsContact(a, b))
             return;
         auto pa = a->weak_from_this().lock();
         auto pb = b->weak_from_this().lock();
@@ -103,14 +103,16 @@ public:
                                          + contact->GetFixtureB()->GetAABB(0).GetCenter()));
         }
         c.m_normal = QPointF(wm.normal.x, wm.normal.y);
-        pair.reported = true;
         pair.contact = c;
         pair.eventIndex = int(m_world.m_events.size());
+        ++m_world.m_pendingBegins;
         m_world.m_events.emplace_back(true, c);
     }
 
     void EndContact(b2Contact* contact) override
     {
+        if (m_world.m_pairs.empty())
+            return;
         PhysicsBody* a = bodyOf(contact->GetFixtureA());
         PhysicsBody* b = bodyOf(contact->GetFixtureB());
         auto it = m_world.m_pairs.find(key(a, b));
@@ -118,8 +120,7 @@ public:
             return;
         if (--it->second.touching > 0)
             return;
-        if (it->second.reported)
-            m_world.m_events.emplace_back(false, it->second.contact);
+        m_world.m_events.emplace_back(false, it->second.contact);
         m_world.m_pairs.erase(it);
     }
 
@@ -134,6 +135,8 @@ public:
 
     void PostSolve(b2Contact* contact, const b2ContactImpulse* impulse) override
     {
+        if (m_world.m_pendingBegins == 0)
+            return;
         auto it = m_world.m_pairs.find(key(bodyOf(contact->GetFixtureA()), bodyOf(contact->GetFixtureB())));
         if (it == m_world.m_pairs.end() || it->second.eventIndex < 0)
             return;
@@ -280,17 +283,17 @@ void PhysicsWorld::updatePin(PhysicsBody& body)
 std::vector<PhysicsBodyPtr> PhysicsWorld::contactedBodies(const PhysicsBody& body) const
 {
     std::vector<PhysicsBodyPtr> out;
-    for (const auto& [k, pair] : m_pairs) {
-        if (pair.touching <= 0)
+    if (!body.m_body)
+        return out;
+    for (b2ContactEdge* edge = body.m_body->GetContactList(); edge; edge = edge->next) {
+        if (!edge->contact->IsTouching())
             continue;
-        const PhysicsBody* other = nullptr;
-        if (k.first == &body)
-            other = k.second;
-        else if (k.second == &body)
-            other = k.first;
-        if (other)
-            if (auto p = std::const_pointer_cast<PhysicsBody>(other->weak_from_this().lock()))
-                out.push_back(p);
+        auto* other = reinterpret_cast<PhysicsBody*>(edge->other->GetUserData().pointer);
+        if (!other)
+            continue;
+        auto p = other->weak_from_this().lock();
+        if (p && std::find(out.begin(), out.end(), p) == out.end())
+            out.push_back(p);
     }
     return out;
 }
@@ -436,8 +439,10 @@ void PhysicsWorld::writeBodiesToNodes()
 
 void PhysicsWorld::deliverContacts()
 {
-    for (auto& [k, pair] : m_pairs)
-        pair.eventIndex = -1;
+    if (m_pendingBegins > 0)
+        for (auto& [k, pair] : m_pairs)
+            pair.eventIndex = -1;
+    m_pendingBegins = 0;
     // A callback may end or start contacts (by removing bodies); deliver those too.
     for (int round = 0; round < 16 && !m_events.empty(); ++round) {
         auto events = std::move(m_events);

@@ -10,7 +10,7 @@
 
 #include <QPointF>
 
-#include <map>
+#include <unordered_map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -156,13 +156,20 @@ private:
     void createPendingJoints();
     void deliverContacts();
 
+    // A pair of bodies whose contact was reported: the number of touching
+    // fixture pairs between them (compound bodies touch more than once).
     struct PairState {
         int touching = 0;
-        bool reported = false;
         int eventIndex = -1; // index of its begin event in m_events during a step
         PhysicsContact contact;
     };
     using PairKey = std::pair<PhysicsBody*, PhysicsBody*>;
+    struct PairHash {
+        size_t operator()(const PairKey& k) const
+        {
+            return std::hash<const void*>()(k.first) * 31 + std::hash<const void*>()(k.second);
+        }
+    };
     static PairKey key(PhysicsBody* a, PhysicsBody* b) { return a < b ? PairKey{a, b} : PairKey{b, a}; }
 
     Scene& m_scene;
@@ -171,7 +178,8 @@ private:
     b2Body* m_ground = nullptr;
     std::vector<PhysicsBody*> m_bodies;
     std::vector<std::shared_ptr<PhysicsJoint>> m_joints;
-    std::map<PairKey, PairState> m_pairs;
+    std::unordered_map<PairKey, PairState, PairHash> m_pairs;
+    int m_pendingBegins = 0; // begin events waiting for their impulse in this step
     std::vector<std::pair<bool, PhysicsContact>> m_events; // (begin?, contact)
     PhysicsContactDelegate* m_delegate = nullptr;
     qreal m_speed = 1;

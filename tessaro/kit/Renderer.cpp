@@ -26,8 +26,7 @@ inline QTransform fastLocal(const Node& n)
 
 inline bool drawsAsEffect(const Node& n)
 {
-    auto effect = dynamic_cast<const EffectNode*>(&n);
-    return effect && effect->shouldEnableEffects() && effect->filter().kind != EffectFilter::Kind::None;
+    return n.drawsSubtreeAsOne();
 }
 
 } // namespace
@@ -58,13 +57,25 @@ void Renderer::collect(const Node& node, const QTransform& parentToDevice, qreal
     }
 }
 
-void Renderer::drawItems(QPainter& painter, std::vector<Item>& items)
+void Renderer::drawItems(QPainter& painter, const std::vector<Item>& items)
 {
-    auto byDepth = [](const Item& x, const Item& y) { return x.z < y.z; };
-    if (!std::is_sorted(items.begin(), items.end(), byDepth))
-        std::stable_sort(items.begin(), items.end(), byDepth);
+    // Sort keys, not items: stable, so equal depths keep tree order.
+    std::vector<std::pair<qreal, quint32>> order;
+    order.swap(m_order); // a nested call (effect nodes) gets its own buffer
+    order.clear();
+    order.reserve(items.size());
+    bool sorted = true;
+    for (quint32 i = 0; i < items.size(); ++i) {
+        if (i > 0 && items[i].z < items[i - 1].z)
+            sorted = false;
+        order.emplace_back(items[i].z, i);
+    }
+    if (!sorted)
+        std::stable_sort(order.begin(), order.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
     qreal opacity = painter.opacity();
-    for (const Item& item : items) {
+    for (const auto& [z, index] : order) {
+        const Item& item = items[index];
         if (item.opacity != opacity) {
             painter.setOpacity(item.opacity);
             opacity = item.opacity;
@@ -73,6 +84,7 @@ void Renderer::drawItems(QPainter& painter, std::vector<Item>& items)
         item.node->draw(ctx);
     }
     m_drawn += int(items.size());
+    m_order.swap(order);
 }
 
 void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransform& rootToDevice, qreal opacity)
@@ -103,9 +115,11 @@ void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& targe
     m_clip = target;
     m_drawn = 0;
     std::vector<Item> items;
-    items.reserve(1024);
+    items.swap(m_items);
+    items.clear();
     collect(scene, sceneToDevice, scene.alpha(), 0, items);
     drawItems(painter, items);
+    m_items.swap(items);
     m_lastNodeCount = m_drawn;
     painter.setOpacity(1);
     if (m_options.showsPhysics)

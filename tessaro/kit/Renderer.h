@@ -66,7 +66,7 @@ private:
     };
     void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
                  std::vector<Item>& items) const;
-    void drawItems(QPainter& painter, std::vector<Item>& items);
+    void drawItems(QPainter& painter, const std::vector<Item>& items);
     void drawPhysics(const Scene& scene, QPainter& painter, const QTransform& sceneToDevice);
     void drawStatistics(QPainter& painter, const QRectF& target);
 
@@ -75,6 +75,8 @@ private:
     int m_lastNodeCount = 0;
     int m_drawn = 0;
     QRectF m_clip;
+    std::vector<Item> m_items;                 // reused between frames
+    std::vector<std::pair<qreal, quint32>> m_order;
 };
 
 } // namespace tessaro::kit

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 namespace tessaro::kit {
 
 SpriteNode::SpriteNode(const QColor& color, const QSizeF& size) : m_size(size), m_color(color) {}
@@ -105,12 +107,12 @@ void SpriteNode::draw(DrawContext& ctx) const
     // The usual case maps the sprite to an upright rectangle of the target
     // (the scene's y flip cancels the image's): draw without a transform.
     const bool upright = t.m12() == 0 && t.m21() == 0 && t.m11() > 0 && t.m22() < 0;
-    // Upright sprites stay crisp (and fast); turned ones get smooth edges.
-    if (p.testRenderHint(QPainter::Antialiasing) == upright)
-        p.setRenderHint(QPainter::Antialiasing, !upright);
     if (!m_texture) {
         if (m_color.alpha() == 0)
             return;
+        // Turned rectangles get smooth edges; upright ones stay crisp.
+        if (p.testRenderHint(QPainter::Antialiasing) == upright)
+            p.setRenderHint(QPainter::Antialiasing, !upright);
         if (upright) {
             if (!p.transform().isIdentity())
                 p.resetTransform();
@@ -121,9 +123,15 @@ void SpriteNode::draw(DrawContext& ctx) const
         }
         return;
     }
-    const QImage image = blendedImage();
+    const bool blend = m_colorBlendFactor > 0;
+    const QImage blended = blend ? blendedImage() : QImage();
+    const QImage& image = blend ? blended : m_texture->image();
     if (image.isNull())
         return;
+    // Images are drawn without the antialiasing hint: with it, transformed
+    // images take a much slower path, and bilinear filtering already smooths them.
+    if (p.testRenderHint(QPainter::Antialiasing))
+        p.setRenderHint(QPainter::Antialiasing, false);
     const bool nearest = m_texture->filteringMode() == Texture::Filtering::Nearest;
     const bool smooth = p.testRenderHint(QPainter::SmoothPixmapTransform);
     if (nearest && smooth)
@@ -131,7 +139,11 @@ void SpriteNode::draw(DrawContext& ctx) const
     if (upright) {
         if (!p.transform().isIdentity())
             p.resetTransform();
-        p.drawImage(t.mapRect(local), image);
+        const QRectF target = t.mapRect(local);
+        if (std::abs(target.width() - image.width()) < 1e-9 && std::abs(target.height() - image.height()) < 1e-9)
+            p.drawImage(target.topLeft(), image); // one pixel per pixel: a plain blend
+        else
+            p.drawImage(target, image);
     } else {
         // Image rows run downwards; the node's y runs upwards.
         const QTransform imageToLocal(1, 0, 0, -1, local.left(), local.bottom());
