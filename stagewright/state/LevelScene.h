@@ -85,7 +85,8 @@ public:
     virtual ~SceneHost();
     /// Shows `scene`, or nothing for a null pointer. Implementations call
     /// `setHost(this)` on the scene they show and `setHost(nullptr)` on the one
-    /// they stop showing.
+    /// they stop showing, and a host that goes away clears the host of the
+    /// scene it shows.
     virtual void presentScene(const std::shared_ptr<LevelScene>& scene) = 0;
 };
 

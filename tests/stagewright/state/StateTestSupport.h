@@ -73,6 +73,10 @@ public:
     void releaseContent() override;
     void updateOverlays() override;
 
+    /// The scene's number in the log: "scene N ...".
+    int serial() const { return m_serial; }
+    QString logName() const { return QStringLiteral("scene %1").arg(m_serial); }
+
     const SceneSetup setup;
     /// The level loaded, if any.
     std::optional<tessaro::Uuid> loaded;
@@ -96,6 +100,11 @@ SceneFactory fakeSceneFactory(std::shared_ptr<QStringList> log);
 class FakeHost : public SceneHost {
 public:
     explicit FakeHost(std::shared_ptr<QStringList> log) : m_log(std::move(log)) {}
+    ~FakeHost() override
+    {
+        if (shown)
+            shown->setHost(nullptr);
+    }
     void presentScene(const std::shared_ptr<LevelScene>& scene) override;
     std::shared_ptr<LevelScene> shown;
 
