@@ -311,18 +311,21 @@ void PhysicsBody::addShapesTo(b2Body* body) const
         }
         case PhysicsShape::Kind::Chain:
         case PhysicsShape::Kind::Loop: {
+            // Separate two-sided edges: the engine's chains collide from one
+            // side only, and a loop must hold things inside as well as outside.
             const bool loop = s.kind == PhysicsShape::Kind::Loop;
             const auto v = chainVertices(s.points, loop);
-            if (v.size() < (loop ? 3u : 2u))
+            if (v.size() < 2)
                 break;
-            b2ChainShape shape;
-            if (loop)
-                shape.CreateLoop(v.data(), int32(v.size()));
-            else
-                shape.CreateChain(v.data(), int32(v.size()), v.front(), v.back());
-            def.shape = &shape;
-            def.density = 0;
-            body->CreateFixture(&def);
+            const size_t segments = loop && v.size() > 2 ? v.size() : v.size() - 1;
+            for (size_t i = 0; i < segments; ++i) {
+                b2EdgeShape edge;
+                edge.SetTwoSided(v[i], v[(i + 1) % v.size()]);
+                b2FixtureDef segment = def;
+                segment.shape = &edge;
+                segment.density = 0;
+                body->CreateFixture(&segment);
+            }
             break;
         }
         }

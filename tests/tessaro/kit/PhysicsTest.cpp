@@ -277,6 +277,16 @@ TEST(Physics, BodiesFollowAndDriveTheirNodes)
     EXPECT_EQ(other->physicsBody()->node(), other.get());
     EXPECT_EQ(other->physicsBody()->world(), &w.scene->physicsWorld());
 
+    // An edge loop on the scene itself keeps a falling body inside the frame.
+    World boxed;
+    boxed.scene->setPhysicsBody(PhysicsBody::bodyWithEdgeLoopFromRect(boxed.scene->sceneFrame()));
+    EXPECT_FALSE(boxed.scene->physicsBody()->isDynamic() && !boxed.scene->physicsBody()->isEdgeBased());
+    auto inside = boxed.ball(0x1, 0, 0xFFFFFFFF, {300, 0});
+    inside->physicsBody()->setVelocity({900, 0});
+    boxed.run(2.0);
+    EXPECT_LE(inside->position().x(), 390.5);
+    EXPECT_NEAR(inside->position().y(), -290, 1.5);
+
     // At world speed 0 nothing moves, yet contacts are still found.
     World still;
     still.scene->physicsWorld().setSpeed(0);

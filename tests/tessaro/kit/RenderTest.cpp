@@ -5,6 +5,9 @@
 #include <tessaro/kit/ShapeNode.h>
 #include <tessaro/kit/SpriteNode.h>
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -330,4 +333,22 @@ TEST(Renderer, DebugOverlaysDrawPhysicsOutlinesAndCounts)
     const QRect stats = paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black);
     EXPECT_GT(stats.left(), 100);
     EXPECT_GT(stats.bottom(), 80);
+}
+
+TEST(Renderer, SvgImagesBecomeTextures)
+{
+    QTemporaryDir dir;
+    QFile file(dir.filePath("flag.svg"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"(<svg xmlns="http://www.w3.org/2000/svg" width="40" height="20">)"
+               R"(<rect x="0" y="0" width="20" height="20" fill="#ff0000"/>)"
+               R"(<rect x="20" y="0" width="20" height="20" fill="#0000ff"/></svg>)");
+    file.close();
+    resources::setSearchPaths({dir.path()});
+    auto texture = Texture::textureWithImageNamed("flag");
+    resources::setSearchPaths({});
+    ASSERT_FALSE(texture->isPlaceholder());
+    EXPECT_EQ(texture->size(), QSizeF(40, 20));
+    EXPECT_EQ(texture->image().pixelColor(5, 10), QColor(255, 0, 0));
+    EXPECT_EQ(texture->image().pixelColor(35, 10), QColor(0, 0, 255));
 }
