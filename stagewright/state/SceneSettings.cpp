@@ -337,6 +337,24 @@ bool SceneSettings::saveProject(const std::optional<QString>& location)
     return result;
 }
 
+std::optional<bool> SceneSettings::saveCommand()
+{
+    if (!m_selectedProjectTab || !m_selectedProjectTab->filePath())
+        return std::nullopt;
+    const bool saved = saveProject();
+    diagnosticLine(saved ? QStringLiteral("Success save") : QStringLiteral("Failed to save"));
+    return saved;
+}
+
+QString SceneSettings::duplicateProposedName() const
+{
+    if (!m_selectedProjectTab)
+        return QString();
+    const QString base = m_selectedProjectTab->filePath() ? QFileInfo(*m_selectedProjectTab->filePath()).completeBaseName()
+                                                          : m_selectedProjectTab->name();
+    return base + QStringLiteral("_copy");
+}
+
 void SceneSettings::closeProject(const tessaro::Uuid& tabId)
 {
     const auto it = std::find_if(m_projectTabs.begin(), m_projectTabs.end(),

@@ -101,6 +101,14 @@ public:
     /// Writes the front tab to `location`, or to its own file. True when the
     /// file was written.
     bool saveProject(const std::optional<QString>& location = std::nullopt);
+    /// The command "Save": a tab with a file is saved to it, with the line
+    /// "Success save" or "Failed to save", and the result is whether it was
+    /// written; a tab without a file gives none, and the shell shows the save
+    /// panel, whose choice goes to `saveProject`.
+    std::optional<bool> saveCommand();
+    /// The name the "Duplicate..." panel proposes: the front tab's file name
+    /// without extension and "_copy", or the tab's name and "_copy".
+    QString duplicateProposedName() const;
     void closeProject(const tessaro::Uuid& tabId);
     void selectProject(const tessaro::Uuid& tabId);
     /// Appends a new level to the front tab.

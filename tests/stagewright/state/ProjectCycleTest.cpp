@@ -90,6 +90,11 @@ TEST_F(StateFixture, SaveWritesTheSceneBackBeforeTheFile)
     EXPECT_EQ(saved[0].settings.fontColor.value_or("").rfind("written back by scene", 0), 0u);
     EXPECT_FALSE(saved[1].settings.fontColor);
 
+    capture.clear();
+    EXPECT_EQ(settings->saveCommand(), true);
+    EXPECT_TRUE(capture.contains("Success save"));
+    EXPECT_EQ(settings->duplicateProposedName(), "project_copy");
+
     // Saving under another name moves the tab to that file.
     const QString copy = home->folder(QStringLiteral("copies")) + QStringLiteral("/project_copy.plist");
     EXPECT_TRUE(settings->saveProject(copy));
@@ -107,6 +112,8 @@ TEST_F(StateFixture, SaveWithoutAFileWritesNothing)
     EXPECT_TRUE(front().isProjectDirty());
     EXPECT_TRUE(capture.contains("Save project result: false"));
     EXPECT_TRUE(sceneLog->isEmpty()); // not even a write-back
+    EXPECT_EQ(settings->saveCommand(), std::nullopt); // the shell shows the save panel
+    EXPECT_EQ(settings->duplicateProposedName(), "Untitled 1_copy");
 
     // A location that cannot be written keeps the tab dirty.
     const QString blocker = home->folder(QStringLiteral("blocked")) + QStringLiteral("/file");
