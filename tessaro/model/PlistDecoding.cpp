@@ -2,6 +2,7 @@
 // (libplist) property lists. One generic decoder walks the field tables over
 // either document through a small node adapter.
 #include "PlistCodec.h"
+#include "BinaryPlistCheck.h"
 #include "Utf8.h"
 #include "ValueText.h"
 
@@ -382,6 +383,50 @@ std::vector<T> decodeRoot(const Node& root)
     return records;
 }
 
+// Removes a node and everything below it, leaf by leaf: the library's own
+// removal recurses and would overflow the stack on a deeply nested document.
+void removeSubtree(pugi::xml_node top)
+{
+    pugi::xml_node node = top;
+    while (true) {
+        while (node.first_child())
+            node = node.first_child();
+        if (node == top)
+            break;
+        pugi::xml_node parent = node.parent();
+        parent.remove_child(node);
+        node = parent;
+    }
+    top.parent().remove_child(top);
+}
+
+// Decodes the root array entry by entry and drops each entry's part of the
+// document once it is decoded, so the records reuse the parser's memory and
+// the peak stays near the size of the document rather than document plus
+// records.
+template <Record T>
+std::vector<T> decodeXmlRoot(pugi::xml_node root)
+{
+    expectKind(XmlNode(root), Kind::array, "array");
+    std::vector<T> records;
+    records.reserve(XmlNode(root).itemCount());
+    pugi::xml_node item = root.first_child();
+    while (item) {
+        pugi::xml_node next = item.next_sibling();
+        if (item.type() == pugi::node_element) {
+            try {
+                decodeValue(XmlNode(item), records.emplace_back());
+            } catch (CodingError& error) {
+                error.addPathComponent("[" + std::to_string(records.size() - 1) + "]");
+                throw;
+            }
+        }
+        removeSubtree(item);
+        item = next;
+    }
+    return records;
+}
+
 // Largest document we agree to read; a project of this size is far beyond any
 // real game and reading it would only exhaust memory.
 constexpr std::size_t maximumDocumentSize = std::size_t{1} << 30;
@@ -408,12 +453,14 @@ std::vector<T> decodeXml(std::string& bytes)
             throw CodingError("The property list is empty.");
         top = value;
     }
-    return decodeRoot<XmlNode, T>(XmlNode(top));
+    return decodeXmlRoot<T>(top);
 }
 
 template <Record T>
 std::vector<T> decodeBinary(const std::string& bytes)
 {
+    if (auto error = checkBinaryPlistStructure(bytes))
+        throw CodingError(*error);
     plist_t root = nullptr;
     plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
     if (!root)
