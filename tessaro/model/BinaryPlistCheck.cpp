@@ -1,6 +1,7 @@
 #include "BinaryPlistCheck.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace tessaro {
@@ -41,6 +42,51 @@ struct Table {
     }
 };
 
+// Reads the length of a string or container object at `offset`, moving
+// `position` to its first byte of content. Nothing when it is malformed.
+std::optional<std::uint64_t> objectLength(const Table& table, std::size_t offset, std::size_t& position)
+{
+    std::uint64_t length = *table.at(offset) & 0x0F;
+    position = offset + 1;
+    if (length != 0x0F)
+        return length;
+    // The length follows as an integer object: marker 0x1n, 2^n bytes.
+    if (position >= table.tableOffset)
+        return std::nullopt;
+    const unsigned char intMarker = *table.at(position);
+    if ((intMarker >> 4) != 0x1 || (intMarker & 0x0F) > 3)
+        return std::nullopt;
+    const std::size_t size = std::size_t{1} << (intMarker & 0x0F);
+    if (position + 1 + size > table.tableOffset)
+        return std::nullopt;
+    length = bigEndian(table.at(position + 1), size);
+    position += 1 + size;
+    return length;
+}
+
+// Dictionary keys must be strings (ASCII or UTF-16) without a NUL character:
+// the parser aborts on any other key.
+bool isValidKey(const Table& table, std::uint64_t ref)
+{
+    const auto offset = table.objectOffset(ref);
+    if (!offset)
+        return false;
+    const unsigned kind = *table.at(*offset) >> 4;
+    if (kind != 0x5 && kind != 0x6)
+        return false;
+    std::size_t position = 0;
+    const auto length = objectLength(table, *offset, position);
+    const std::uint64_t unitSize = kind == 0x6 ? 2 : 1;
+    if (!length || *length > table.tableOffset || position + *length * unitSize > table.tableOffset)
+        return false;
+    for (std::uint64_t i = 0; i < *length; ++i) {
+        const unsigned char* unit = table.at(position + static_cast<std::size_t>(i * unitSize));
+        if (unit[0] == 0 && (unitSize == 1 || unit[1] == 0))
+            return false;
+    }
+    return true;
+}
+
 // The references held by a container object; empty for any other object.
 // Returns false when the object is malformed.
 bool childrenOf(const Table& table, std::size_t offset, std::vector<std::uint64_t>& children)
@@ -50,21 +96,11 @@ bool childrenOf(const Table& table, std::size_t offset, std::vector<std::uint64_
     const unsigned kind = marker >> 4;
     if (kind != 0xA && kind != 0xD && kind != 0xC) // array, dictionary, set
         return true;
-    std::uint64_t count = marker & 0x0F;
-    std::size_t position = offset + 1;
-    if (count == 0x0F) {
-        // The count follows as an integer object: marker 0x1n, 2^n bytes.
-        if (position >= table.tableOffset)
-            return false;
-        const unsigned char intMarker = *table.at(position);
-        if ((intMarker >> 4) != 0x1 || (intMarker & 0x0F) > 3)
-            return false;
-        const std::size_t size = std::size_t{1} << (intMarker & 0x0F);
-        if (position + 1 + size > table.tableOffset)
-            return false;
-        count = bigEndian(table.at(position + 1), size);
-        position += 1 + size;
-    }
+    std::size_t position = 0;
+    const auto length = objectLength(table, offset, position);
+    if (!length)
+        return false;
+    const std::uint64_t count = *length;
     const std::uint64_t refs = kind == 0xD ? count * 2 : count;
     if (refs > table.objectCount * 2 || position + refs * table.refSize > table.tableOffset)
         return false;
@@ -72,6 +108,8 @@ bool childrenOf(const Table& table, std::size_t offset, std::vector<std::uint64_
     for (std::uint64_t i = 0; i < refs; ++i) {
         const std::uint64_t ref = bigEndian(table.at(position + static_cast<std::size_t>(i) * table.refSize), table.refSize);
         if (ref >= table.objectCount)
+            return false;
+        if (kind == 0xD && i < count && !isValidKey(table, ref))
             return false;
         children.push_back(ref);
     }

@@ -318,6 +318,22 @@ TEST(PlistCodec, BadInputFailsCleanly)
     EXPECT_NE(decodeError(nestedBinaryArrays(100000)).find("nested too deeply"), std::string::npos);
     EXPECT_NE(decodeError(nestedBinaryArrays(50, true)).find("refers to itself"), std::string::npos);
     EXPECT_NE(decodeError(nestedBinaryArrays(3)).find("Expected dictionary"), std::string::npos);
+    // A dictionary whose key is a number, not a string: {1: 1}.
+    const std::string numberKey("bplist00\xD1\x01\x01\x10\x01\x08\x0B"
+                                "\x00\x00\x00\x00\x00\x00\x01\x01"
+                                "\x00\x00\x00\x00\x00\x00\x00\x02"
+                                "\x00\x00\x00\x00\x00\x00\x00\x00"
+                                "\x00\x00\x00\x00\x00\x00\x00\x0D",
+                                8 + 5 + 2 + 32);
+    EXPECT_NE(decodeError(numberKey).find("broken object"), std::string::npos);
+    // A key with a NUL character in it: {"a\0": 1}.
+    const std::string nulKey("bplist00\xD1\x01\x02\x52\x61\x00\x10\x01\x08\x0B\x0E"
+                             "\x00\x00\x00\x00\x00\x00\x01\x01"
+                             "\x00\x00\x00\x00\x00\x00\x00\x03"
+                             "\x00\x00\x00\x00\x00\x00\x00\x00"
+                             "\x00\x00\x00\x00\x00\x00\x00\x10",
+                             8 + 8 + 3 + 32);
+    EXPECT_NE(decodeError(nulKey).find("broken object"), std::string::npos);
 
     // Deep nesting under a key nobody reads is skipped without recursion.
     std::string deep;
