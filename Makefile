@@ -12,8 +12,12 @@ configure: deps
 build: configure
 	@cmake --build --preset default
 
+# The editor on the default workspace, showing the sample project. A workspace
+# made before the sample existed gets it too; a file of that name is kept.
+SAMPLE := $(HOME)/StageWrightSpace/Levels/Sample.plist
 run: build
-	./build/apps/stagewright-cli/stagewright-cli check resources/sample/Levels/Sample.plist
+	@if [ -d "$(dir $(SAMPLE))" ] && [ ! -e "$(SAMPLE)" ]; then cp resources/sample/Levels/Sample.plist "$(SAMPLE)"; fi
+	./build/apps/stagewright/stagewright "$(SAMPLE)"
 
 test: build
 	@ctest --preset default

@@ -1,0 +1,25 @@
+// StageWright, the level editor: `stagewright [FILE...]`.
+#include <stagewright/shell/StageWrightApp.h>
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    stagewright::setApplicationIdentity();
+    QCoreApplication::setApplicationVersion(QStringLiteral(STAGEWRIGHT_VERSION));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QCoreApplication::translate("main", "Level editor for Tessaro games."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("files"),
+                                 QCoreApplication::translate("main", "Project files (.plist) to open."),
+                                 QStringLiteral("[FILE...]"));
+    parser.process(app);
+
+    stagewright::StageWrightApp stageWright(parser.positionalArguments());
+    stageWright.show();
+    return app.exec();
+}

@@ -1,0 +1,151 @@
+#include "CanvasView.h"
+
+#include "Commands.h"
+
+#include <stagewright/state/ProjectTab.h>
+
+#include <tessaro/kit/Scene.h>
+
+#include <QResizeEvent>
+
+#include <cmath>
+
+namespace stagewright {
+
+void setBackgroundLayersHidden(tessaro::kit::Scene& scene, bool hidden)
+{
+    for (const QString& layer : {QStringLiteral("backgroundNodes"), QStringLiteral("pinnedBackgroundNodes")})
+        if (const tessaro::kit::NodePtr node = scene.childNodeWithName(layer))
+            node->setHidden(hidden);
+}
+
+void CanvasSceneView::resizeEvent(QResizeEvent* event)
+{
+    // The kit's view would resize a scene of the resize-fill mode to the
+    // widget; here the widget follows the scene.
+    QWidget::resizeEvent(event);
+}
+
+CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) : QScrollArea(parent), m_tab(tab.get())
+{
+    setObjectName(QStringLiteral("canvasView"));
+    setWidgetResizable(false);
+    setAlignment(Qt::AlignCenter);
+    setFrameShape(QFrame::NoFrame);
+    setBackgroundRole(QPalette::Dark);
+
+    m_view = new CanvasSceneView;
+    m_view->setObjectName(QStringLiteral("sceneView"));
+    setWidget(m_view);
+
+    if (m_tab) {
+        connect(m_tab, &projectTab::currentSceneChanged, this, &CanvasView::presentCurrentScene);
+        connect(m_tab, &projectTab::scaledValueChanged, this, &CanvasView::relayout);
+        connect(m_tab, &projectTab::selectedSceneSizeChanged, this, &CanvasView::relayout);
+        connect(m_tab, &projectTab::backgroundElementsHiddenChanged, this, &CanvasView::applyBackgroundHidden);
+        // Opening a project loads another level into the scene in place.
+        connect(m_tab, &projectTab::levelConfigChanged, this, &CanvasView::scheduleRelayout);
+        connect(m_tab, &projectTab::levelSelectedChanged, this, &CanvasView::scheduleRelayout);
+    }
+    // A scene may change its size from its own sheets; the frame follows at
+    // the next frame.
+    connect(m_view, &tessaro::kit::SceneView::frameProcessed, this, [this] {
+        if (m_kitScene && m_kitScene->size() != m_lastSceneSize)
+            relayout();
+    });
+    presentCurrentScene();
+    relayout();
+}
+
+CanvasView::~CanvasView()
+{
+    if (m_shown && m_shown->host() == this)
+        m_shown->setHost(nullptr);
+    m_view->presentScene(nullptr);
+}
+
+void CanvasView::presentCurrentScene()
+{
+    presentScene(m_tab ? m_tab->currentScene() : nullptr);
+}
+
+void CanvasView::presentScene(const std::shared_ptr<LevelScene>& scene)
+{
+    if (scene == m_shown)
+        return;
+    if (m_shown && m_shown->host() == this)
+        m_shown->setHost(nullptr);
+    m_shown = scene;
+    m_kitScene = std::dynamic_pointer_cast<tessaro::kit::Scene>(scene);
+    if (m_shown)
+        m_shown->setHost(this);
+    if (m_kitScene) {
+        // Presenting never changes the level's size, whatever the scale mode.
+        const QSizeF size = m_kitScene->size();
+        m_view->presentScene(m_kitScene);
+        m_kitScene->setSize(size);
+    } else {
+        m_view->presentScene(nullptr);
+    }
+    applyBackgroundHidden();
+    relayout();
+    // The tab fills a scene after presenting it: the size it takes and the
+    // layers it makes are read once that is done.
+    scheduleRelayout();
+}
+
+void CanvasView::applyBackgroundHidden()
+{
+    if (m_kitScene && m_tab)
+        setBackgroundLayersHidden(*m_kitScene, m_tab->backgroundElementsHidden());
+    m_view->update();
+}
+
+QSize CanvasView::frameSize() const
+{
+    const double zoom = m_tab ? zoomFactor(m_tab->scaledValue()) : 1.0;
+    const tessaro::SizeValue base = m_shown ? m_shown->size() : sizeWithoutScene;
+    return QSize(int(std::lround(base.width * zoom)), int(std::lround(base.height * zoom)));
+}
+
+void CanvasView::scheduleRelayout()
+{
+    if (m_relayoutScheduled)
+        return;
+    m_relayoutScheduled = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_relayoutScheduled = false;
+            relayout();
+            applyBackgroundHidden();
+        },
+        Qt::QueuedConnection);
+}
+
+void CanvasView::relayout()
+{
+    const double zoom = m_tab ? zoomFactor(m_tab->scaledValue()) : 1.0;
+    // The aspect modes fit the scene into a frame of its own proportions by
+    // the zoom; the resize-fill mode draws at one point per pixel and needs
+    // the zoom from the view.
+    const bool resizeFill = m_kitScene && m_kitScene->scaleMode() == tessaro::kit::SceneScaleMode::ResizeFill;
+    m_view->setZoom(resizeFill ? zoom : 1.0);
+    m_lastSceneSize = m_kitScene ? m_kitScene->size() : QSizeF();
+    m_view->setFixedSize(frameSize());
+}
+
+void CanvasView::showEvent(QShowEvent* event)
+{
+    m_view->setPaused(false);
+    QScrollArea::showEvent(event);
+}
+
+void CanvasView::hideEvent(QHideEvent* event)
+{
+    // A tab out of sight keeps its scene but does not run its frames.
+    m_view->setPaused(true);
+    QScrollArea::hideEvent(event);
+}
+
+} // namespace stagewright

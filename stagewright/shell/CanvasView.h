@@ -1,0 +1,76 @@
+// The canvas of one project tab: the kit's view showing the tab's scene at
+// the scene's size times the tab's zoom, inside a scroll area. It is the
+// `SceneHost` of the tab's scenes, and it lives as long as the tab, hidden
+// while another tab is in front.
+#pragma once
+
+#include <stagewright/state/ProjectTab.h>
+
+#include <stagewright/state/LevelScene.h>
+
+#include <tessaro/kit/SceneView.h>
+
+#include <QPointer>
+#include <QScrollArea>
+
+#include <memory>
+
+namespace tessaro::kit {
+class Scene;
+}
+
+namespace stagewright {
+
+
+/// Sets the hidden flag of the two background layers of a canvas scene.
+void setBackgroundLayersHidden(tessaro::kit::Scene& scene, bool hidden);
+
+/// The scene size used while a tab has no scene.
+inline constexpr tessaro::SizeValue sizeWithoutScene{500, 400};
+
+/// The kit's view as the canvas uses it: the widget's size is the scene's
+/// size times the zoom, and never the other way round.
+class CanvasSceneView : public tessaro::kit::SceneView {
+    Q_OBJECT
+public:
+    using tessaro::kit::SceneView::SceneView;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+};
+
+class CanvasView : public QScrollArea, public SceneHost {
+    Q_OBJECT
+public:
+    explicit CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent = nullptr);
+    ~CanvasView() override;
+
+    void presentScene(const std::shared_ptr<LevelScene>& scene) override;
+
+    projectTab* tab() const { return m_tab; }
+    const std::shared_ptr<LevelScene>& shownScene() const { return m_shown; }
+    CanvasSceneView* sceneView() const { return m_view; }
+    /// The outer frame: the scene's size (or 500 by 400) times the zoom.
+    QSize frameSize() const;
+    /// Re-reads the scene's size and the tab's zoom.
+    void relayout();
+    /// Re-reads them once the present change of the tab is complete.
+    void scheduleRelayout();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void presentCurrentScene();
+    void applyBackgroundHidden();
+
+    QPointer<projectTab> m_tab;
+    std::shared_ptr<LevelScene> m_shown;
+    std::shared_ptr<tessaro::kit::Scene> m_kitScene;
+    CanvasSceneView* m_view = nullptr;
+    QSizeF m_lastSceneSize;
+    bool m_relayoutScheduled = false;
+};
+
+} // namespace stagewright

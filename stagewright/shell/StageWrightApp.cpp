@@ -1,0 +1,66 @@
+#include "StageWrightApp.h"
+
+#include "Appearance.h"
+#include "Commands.h"
+#include "Dialogs.h"
+#include "MainWindow.h"
+#include "SampleWorkspace.h"
+#include "Windows.h"
+
+#include <stagewright/state/PermissionManager.h>
+#include <stagewright/state/SceneSettings.h>
+#include <stagewright/state/Workspace.h>
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QGuiApplication>
+
+namespace stagewright {
+
+void setApplicationIdentity()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("StageWright"));
+    QCoreApplication::setApplicationName(QStringLiteral("StageWright"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("stagewright"));
+}
+
+SceneSettings& StageWrightApp::startState(QStringList& installedSamples)
+{
+    PermissionManager::shared().setChooser(desktopFolderChooser());
+    const QString defaultWorkspace = defaultWorkspacePath();
+    const bool firstStart = !QFileInfo::exists(defaultWorkspace);
+    SceneSettings& settings = SceneSettings::shared();
+    if (firstStart && QFileInfo(defaultWorkspace).isDir())
+        installedSamples = installSampleProjects(defaultWorkspace, settings.gate());
+    return settings;
+}
+
+StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
+    : m_settings(startState(m_installedSamples))
+{
+    if (factory)
+        m_settings.setSceneFactory(std::move(factory));
+    m_appearance = std::make_unique<Appearance>(m_settings);
+    m_dialogs = std::make_unique<DesktopDialogs>();
+    m_windows = std::make_unique<WindowManager>(m_settings);
+    m_commands = std::make_unique<Commands>(m_settings, *m_dialogs, m_windows.get());
+    m_commands->setFilesToOpen(files);
+    m_mainWindow = std::make_unique<MainWindow>(m_settings, *m_commands, m_windows.get());
+    m_dialogs->setParent(m_mainWindow.get());
+    connect(m_mainWindow.get(), &MainWindow::closing, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+StageWrightApp::~StageWrightApp()
+{
+    // The windows go before the objects they use.
+    m_mainWindow.reset();
+    m_windows.reset();
+    m_commands.reset();
+}
+
+void StageWrightApp::show()
+{
+    m_mainWindow->show();
+}
+
+} // namespace stagewright

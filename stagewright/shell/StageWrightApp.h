@@ -1,0 +1,63 @@
+// The application: the start in its order, the windows, and the end of the
+// run with the main window.
+//
+// Start: the application's names and folder chooser; the one application
+// state (which finds or creates the workspace, loads the catalogues and
+// leaves the tab "Initialization"); the sample projects into a default
+// workspace made by this start; the appearance; the windows. When the main
+// window appears, "Untitled 1" replaces "Initialization" and the project
+// files given on the command line open.
+#pragma once
+
+#include <stagewright/state/LevelScene.h>
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+class QApplication;
+
+namespace stagewright {
+
+class Appearance;
+class Commands;
+class DesktopDialogs;
+class MainWindow;
+class SceneSettings;
+class WindowManager;
+
+/// Names the application for its settings and desktop integration.
+void setApplicationIdentity();
+
+class StageWrightApp : public QObject {
+    Q_OBJECT
+public:
+    /// Starts on the shared application state. `files` open once the main
+    /// window appears.
+    explicit StageWrightApp(const QStringList& files = {}, SceneFactory factory = {});
+    ~StageWrightApp() override;
+
+    SceneSettings& settings() { return m_settings; }
+    Commands& commands() { return *m_commands; }
+    MainWindow& mainWindow() { return *m_mainWindow; }
+    WindowManager& windows() { return *m_windows; }
+    /// The sample projects this start put into a new default workspace.
+    const QStringList& installedSamples() const { return m_installedSamples; }
+
+    /// Shows the main window.
+    void show();
+
+private:
+    static SceneSettings& startState(QStringList& installedSamples);
+
+    QStringList m_installedSamples;
+    SceneSettings& m_settings;
+    std::unique_ptr<Appearance> m_appearance;
+    std::unique_ptr<DesktopDialogs> m_dialogs;
+    std::unique_ptr<WindowManager> m_windows;
+    std::unique_ptr<Commands> m_commands;
+    std::unique_ptr<MainWindow> m_mainWindow;
+};
+
+} // namespace stagewright

@@ -1,0 +1,204 @@
+#include "Windows.h"
+
+#include <stagewright/state/SceneSettings.h>
+
+#include <tessaro/model/ConfigFiles.h>
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFormLayout>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace stagewright {
+
+WindowDirectory::~WindowDirectory() = default;
+
+// ---- Object library -------------------------------------------------------------
+
+ObjectLibraryWindow::ObjectLibraryWindow(QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    setObjectName(WindowId::objectLibrary);
+    setWindowTitle(tr("Object Library"));
+    setMinimumSize(700, 300);
+    setMaximumWidth(1200);
+    resize(700, 420);
+    auto* layout = new QVBoxLayout(this);
+    auto* tree = new QTreeWidget(this);
+    tree->setObjectName(QStringLiteral("catalogueTree"));
+    tree->setHeaderLabels({tr("Element"), tr("Kind"), tr("Image")});
+    tree->setRootIsDecorated(true);
+    layout->addWidget(tree);
+}
+
+void ObjectLibraryWindow::showEvent(QShowEvent* event)
+{
+    reload();
+    QWidget::showEvent(event);
+}
+
+void ObjectLibraryWindow::reload()
+{
+    auto* tree = findChild<QTreeWidget*>(QStringLiteral("catalogueTree"));
+    tree->clear();
+    const auto group = [&](const QString& title, const auto& records) {
+        auto* top = new QTreeWidgetItem(tree, {title});
+        for (const auto& record : records) {
+            const QString kind = record.sceneObjectType ? QString::fromStdString(*record.sceneObjectType) : QString();
+            const QString image = record.image ? QString::fromStdString(*record.image) : QString();
+            new QTreeWidgetItem(top, {QString::fromStdString(record.elementName.value_or(std::string())), kind, image});
+        }
+        top->setExpanded(true);
+    };
+    group(tr("Obstacles"), tessaro::obstacleCatalogue());
+    group(tr("Characters"), tessaro::characterCatalogue());
+    group(tr("Objects"), tessaro::objectCatalogue());
+    tree->resizeColumnToContents(0);
+}
+
+// ---- Settings ---------------------------------------------------------------------
+
+SettingsWindow::SettingsWindow(SceneSettings& settings, QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    setObjectName(WindowId::settings);
+    setWindowTitle(tr("Settings"));
+    auto* layout = new QVBoxLayout(this);
+    auto* tabs = new QTabWidget(this);
+    auto* general = new QWidget(tabs);
+    auto* form = new QFormLayout(general);
+    m_darkMode = new QCheckBox(general);
+    m_darkMode->setObjectName(QStringLiteral("darkModeSwitch"));
+    m_darkMode->setChecked(settings.isDark());
+    form->addRow(tr("Dark mode:"), m_darkMode);
+    tabs->addTab(general, tr("General"));
+    layout->addWidget(tabs);
+    connect(m_darkMode, &QCheckBox::toggled, &settings, &SceneSettings::setIsDark);
+    connect(&settings, &SceneSettings::isDarkChanged, m_darkMode,
+            [this, &settings] { m_darkMode->setChecked(settings.isDark()); });
+    resize(480, 240);
+}
+
+// ---- About ------------------------------------------------------------------------
+
+AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    setObjectName(WindowId::about);
+    setWindowTitle(tr("About StageWright"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(40, 30, 40, 30);
+    auto* name = new QLabel(tr("Tessaro - StageWright"), this);
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 1.6);
+    font.setBold(true);
+    name->setFont(font);
+    name->setAlignment(Qt::AlignCenter);
+    auto* version = new QLabel(versionLine(), this);
+    version->setObjectName(QStringLiteral("versionLine"));
+    version->setAlignment(Qt::AlignCenter);
+    layout->addWidget(name);
+    layout->addWidget(version);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QString AboutWindow::versionLine()
+{
+    QString version = QCoreApplication::applicationVersion();
+    if (version.isEmpty())
+        version = QStringLiteral("N/A");
+    return tr("Version %1 (%2)").arg(version, version);
+}
+
+// ---- Help -------------------------------------------------------------------------
+
+HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    setObjectName(WindowId::help);
+    setWindowTitle(tr("StageWright Help"));
+    resize(640, 480);
+}
+
+// ---- Manager ----------------------------------------------------------------------
+
+WindowManager::WindowManager(SceneSettings& settings, QObject* parent) : QObject(parent), m_settings(settings) {}
+
+WindowManager::~WindowManager()
+{
+    for (const QPointer<QWidget>& window : std::as_const(m_windows))
+        delete window.data();
+}
+
+void WindowManager::setMainWindow(QWidget* window)
+{
+    m_main = window;
+}
+
+QWidget* WindowManager::make(const QString& id)
+{
+    QWidget* window = nullptr;
+    if (id == WindowId::objectLibrary)
+        window = new ObjectLibraryWindow;
+    else if (id == WindowId::settings)
+        window = new SettingsWindow(m_settings);
+    else if (id == WindowId::about)
+        window = new AboutWindow;
+    else if (id == WindowId::help)
+        window = new HelpWindow;
+    if (window) {
+        window->installEventFilter(this);
+        m_windows.insert(id, window);
+    }
+    return window;
+}
+
+QWidget* WindowManager::window(const QString& id) const
+{
+    if (id == WindowId::main)
+        return m_main;
+    return m_windows.value(id);
+}
+
+void WindowManager::openWindow(const QString& id)
+{
+    QWidget* target = window(id);
+    if (!target)
+        target = make(id);
+    if (!target)
+        return;
+    target->show();
+    target->raise();
+    target->activateWindow();
+}
+
+void WindowManager::dismissWindow(const QString& id)
+{
+    if (QWidget* target = window(id))
+        target->close();
+}
+
+bool WindowManager::isWindowOpen(const QString& id) const
+{
+    const QWidget* target = window(id);
+    return target && target->isVisible();
+}
+
+void WindowManager::closeAuxiliaryWindows()
+{
+    for (const QPointer<QWidget>& window : std::as_const(m_windows))
+        if (window)
+            window->close();
+}
+
+bool WindowManager::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
+        for (auto it = m_windows.cbegin(); it != m_windows.cend(); ++it)
+            if (it.value() == watched)
+                emit windowOpenChanged(it.key(), event->type() == QEvent::Show);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace stagewright

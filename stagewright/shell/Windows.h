@@ -1,0 +1,107 @@
+// The windows of the application besides the main window, and the directory
+// that opens and dismisses them by their identifiers.
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+class QCheckBox;
+
+namespace stagewright {
+
+class SceneSettings;
+
+/// The identifiers of the windows.
+namespace WindowId {
+inline const QString main = QStringLiteral("StageWright");
+inline const QString objectLibrary = QStringLiteral("selectionObjects");
+inline const QString settings = QStringLiteral("settings");
+inline const QString about = QStringLiteral("about");
+inline const QString help = QStringLiteral("helpFAQ");
+} // namespace WindowId
+
+/// Opens and dismisses windows by identifier.
+class WindowDirectory {
+public:
+    virtual ~WindowDirectory();
+    virtual void openWindow(const QString& id) = 0;
+    virtual void dismissWindow(const QString& id) = 0;
+    virtual bool isWindowOpen(const QString& id) const = 0;
+};
+
+/// "Object Library": the elements of the workspace's catalogues.
+class ObjectLibraryWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit ObjectLibraryWindow(QWidget* parent = nullptr);
+    /// Lists the catalogues as they are loaded now.
+    void reload();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+};
+
+/// The settings window; its first tab holds the appearance.
+class SettingsWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit SettingsWindow(SceneSettings& settings, QWidget* parent = nullptr);
+    QCheckBox* darkModeSwitch() const { return m_darkMode; }
+
+private:
+    QCheckBox* m_darkMode = nullptr;
+};
+
+/// "About StageWright".
+class AboutWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit AboutWindow(QWidget* parent = nullptr);
+    /// "Version " + the short version + " (" + the build version + ")".
+    static QString versionLine();
+};
+
+/// "StageWright Help".
+class HelpWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit HelpWindow(QWidget* parent = nullptr);
+};
+
+/// Makes the windows on first use and keeps them for the run. A window that
+/// is closed is hidden, so it opens again as it was.
+class WindowManager : public QObject, public WindowDirectory {
+    Q_OBJECT
+public:
+    explicit WindowManager(SceneSettings& settings, QObject* parent = nullptr);
+    ~WindowManager() override;
+
+    void setMainWindow(QWidget* window);
+
+    void openWindow(const QString& id) override;
+    void dismissWindow(const QString& id) override;
+    bool isWindowOpen(const QString& id) const override;
+
+    /// The window with that identifier, or null while it has not been made.
+    QWidget* window(const QString& id) const;
+    /// Closes every window but the main one.
+    void closeAuxiliaryWindows();
+
+signals:
+    void windowOpenChanged(const QString& id, bool open);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* make(const QString& id);
+
+    SceneSettings& m_settings;
+    QPointer<QWidget> m_main;
+    QHash<QString, QPointer<QWidget>> m_windows;
+};
+
+} // namespace stagewright
