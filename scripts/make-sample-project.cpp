@@ -218,42 +218,45 @@ private:
     int serial = 0;
 };
 
+// The navigation buttons and the read-out of the canvas take the lower left
+// corner of the view (x below -250 at the start): the levels begin after it.
+
 /// Green hills with a pond, a raised meadow and a spike pit.
 Level meadow()
 {
     LevelBuilder b("sky");
     b.background("hills_far", 2, true, {})
         .background("hills_near", 3, true, {{0, 1200}, {1800, 3000}})
-        // x: -437 .. 75 grass, 75 .. 267 water, 267 .. 651 grass,
-        // 651 .. 907 raised grass on dirt, 907 .. 1419 grass,
-        // 1419 .. 1547 spikes, 1547 .. 2187 grass.
-        .ground("ground_grass", 8)
+        // x: -437 .. 203 grass, 203 .. 395 water, 395 .. 779 grass,
+        // 779 .. 1035 raised grass on dirt, 1035 .. 1547 grass,
+        // 1547 .. 1675 spikes, 1675 .. 2315 grass.
+        .ground("ground_grass", 10)
         .hazard("BrightWater", 192)
         .ground("ground_grass", 6)
         .ground("ground_grass", 4, "ground_dirt")
         .ground("ground_grass", 8)
         .hazard("Spike", 128)
         .ground("ground_grass", 10);
-    b.character("Hero", "friendly", -330)
-        .obstacle("Crate", -160)
-        .obstacle("Crate", -96)
-        .coin(-250, 0, 3)
-        .obstacle("Platform", 171, -90)
-        .coin(140, -40, 3)
-        .obstacle("Barrel", 400)
-        .character("Slime", "enemy", 480)
-        .obstacle("Spikes", 580, floorTop + 16)
-        .coin(779, 0, 4)
-        .obstacle("Crate", 1000, 0, 3)
-        .checkpoint(1180)
-        .shield(1300, -20)
-        .character("Slime", "enemy", 1250)
-        .obstacle("Platform", 1483, -60)
-        .coin(1483, -10, 3)
-        .obstacle("Barrel", 1700)
-        .obstacle("Spikes", 1850, floorTop + 16)
-        .character("Slime", "enemy", 1950)
-        .key(2080);
+    b.character("Hero", "friendly", -190)
+        .coin(-70, 0, 3)
+        .obstacle("Crate", 80)
+        .obstacle("Crate", 144)
+        .obstacle("Platform", 299, -90)
+        .coin(270, -40, 3)
+        .obstacle("Barrel", 520)
+        .character("Slime", "enemy", 620)
+        .obstacle("Spikes", 700, floorTop + 16)
+        .coin(870, 0, 4)
+        .obstacle("Crate", 1120, 0, 3)
+        .checkpoint(1320)
+        .character("Slime", "enemy", 1400)
+        .shield(1480, -20)
+        .obstacle("Platform", 1611, -60)
+        .coin(1585, -10, 3)
+        .obstacle("Barrel", 1800)
+        .obstacle("Spikes", 1950, floorTop + 16)
+        .character("Slime", "enemy", 2050)
+        .key(2200);
     return b.level;
 }
 
@@ -262,33 +265,33 @@ Level lavaCaves()
 {
     LevelBuilder b("sky");
     b.background("hills_far", 2, true, {})
-        // x: -437 .. -53 dirt, -53 .. 139 lava, 139 .. 523 dirt,
-        // 523 .. 779 lava, 779 .. 1419 dirt, 1419 .. 1611 lava, 1611 .. 2123 dirt.
-        .ground("ground_dirt", 6)
+        // x: -437 .. 75 dirt, 75 .. 267 lava, 267 .. 651 dirt, 651 .. 907 lava,
+        // 907 .. 1547 dirt, 1547 .. 1739 lava, 1739 .. 2251 dirt.
+        .ground("ground_dirt", 8)
         .hazard("Lava", 192)
         .ground("ground_dirt", 6)
         .hazard("Lava", 256)
         .ground("ground_dirt", 10)
         .hazard("Lava", 192)
         .ground("ground_dirt", 8);
-    b.character("Hero", "friendly", -360)
-        .obstacle("Barrel", -200)
-        .obstacle("Platform", 43, -80)
-        .coin(43, -30, 3)
-        .obstacle("Crate", 260)
-        .obstacle("Crate", 324)
-        .character("Slime", "enemy", 430)
-        .obstacle("Platform", 600, -70)
-        .obstacle("Platform", 720, -20)
-        .coin(720, 30, 3, true)
-        .checkpoint(860)
-        .obstacle("Spikes", 1000, floorTop + 16, 2)
-        .obstacle("Barrel", 1200)
-        .shield(1300, 0)
-        .obstacle("Platform", 1515, -60)
-        .character("Slime", "enemy", 1800)
-        .coin(1700, 0, 4)
-        .key(2000);
+    b.character("Hero", "friendly", -200)
+        .obstacle("Barrel", -20)
+        .obstacle("Platform", 171, -80)
+        .coin(145, -30, 3)
+        .obstacle("Crate", 390)
+        .obstacle("Crate", 454)
+        .character("Slime", "enemy", 560)
+        .obstacle("Platform", 720, -70)
+        .obstacle("Platform", 840, -20)
+        .coin(840, 30, 3, true)
+        .checkpoint(1000)
+        .obstacle("Spikes", 1120, floorTop + 16, 2)
+        .obstacle("Barrel", 1330)
+        .shield(1430, 0)
+        .obstacle("Platform", 1643, -60)
+        .coin(1850, 0, 4)
+        .character("Slime", "enemy", 1990)
+        .key(2150);
     return b.level;
 }
 
@@ -297,30 +300,30 @@ Level toxicMarsh()
 {
     LevelBuilder b("sky");
     b.background("hills_near", 2, true, {{0, 2600}})
-        // x: -437 .. -117 grass, -117 .. 43 toxic, 43 .. 363 grass on dirt,
-        // 363 .. 555 muddy, 555 .. 1195 grass, 1195 .. 1323 toxic, 1323 .. 1835 grass.
-        .ground("ground_grass", 5)
+        // x: -437 .. 11 grass, 11 .. 171 toxic, 171 .. 491 grass on dirt,
+        // 491 .. 683 muddy, 683 .. 1323 grass, 1323 .. 1451 toxic, 1451 .. 1963 grass.
+        .ground("ground_grass", 7)
         .hazard("ToxicGreen", 160)
         .ground("ground_grass", 5, "ground_dirt")
         .hazard("MuddyWater", 192)
         .ground("ground_grass", 10)
         .hazard("ToxicGreen", 128)
         .ground("ground_grass", 8);
-    b.character("Hero", "friendly", -380)
-        .coin(-260, 0, 3)
-        .obstacle("Platform", -37, -90)
-        .obstacle("Crate", 150)
-        .obstacle("Barrel", 250)
-        .obstacle("Platform", 459, -80)
-        .coin(459, -30, 4)
-        .character("Slime", "enemy", 700)
-        .character("Slime", "enemy", 900)
-        .checkpoint(1000)
-        .obstacle("Spikes", 1100, floorTop + 16)
-        .obstacle("Platform", 1259, -60)
-        .shield(1259, 0)
-        .obstacle("Crate", 1500, 0, 2)
-        .key(1700);
+    b.character("Hero", "friendly", -200)
+        .coin(-70, 0, 3)
+        .obstacle("Platform", 91, -90)
+        .obstacle("Crate", 260)
+        .obstacle("Barrel", 380)
+        .obstacle("Platform", 587, -80)
+        .coin(548, -30, 4)
+        .character("Slime", "enemy", 800)
+        .character("Slime", "enemy", 1000)
+        .checkpoint(1120)
+        .obstacle("Spikes", 1220, floorTop + 16)
+        .obstacle("Platform", 1387, -60)
+        .shield(1387, 0)
+        .obstacle("Crate", 1600, 0, 2)
+        .key(1850);
     return b.level;
 }
 
