@@ -1,0 +1,346 @@
+#include "ElementNode.h"
+
+#include "SceneEditor.h"
+#include "ScenePictures.h"
+
+#include <tessaro/kit/EffectNode.h>
+#include <tessaro/kit/PhysicsBody.h>
+#include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/Diagnostics.h>
+#include <tessaro/runtime/RandomPosition.h>
+
+#include <QPainterPath>
+
+#include <cmath>
+#include <numbers>
+
+namespace stagewright {
+
+using tessaro::sceneObjectType;
+
+QString newNodeName()
+{
+    return QString::fromStdString(tessaro::Uuid::create().text());
+}
+
+// ---- shapeNode --------------------------------------------------------------------------
+
+shapeNode::shapeNode(SizerType type) : sizeType(type) {}
+
+std::shared_ptr<shapeNode> shapeNode::create(double elementHeight)
+{
+    auto handle = std::make_shared<shapeNode>(SizerType::top);
+    QPainterPath path;
+    path.addRect(QRectF(0, 0, 10, 10));
+    handle->setPath(path);
+    handle->setUserInteractionEnabled(true);
+    handle->setStrokeColor(Qt::black);
+    handle->setLineWidth(1);
+    handle->setFillColor(Qt::black);
+    handle->setName(QStringLiteral("nodeSizer"));
+    handle->setPosition(0, elementHeight / 2);
+    return handle;
+}
+
+// ---- elementNode ------------------------------------------------------------------------
+
+elementNode::elementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size)
+    : SpriteNode(texture, Qt::transparent, size)
+{
+    setName(newNodeName());
+    setAnchorPoint(QPointF(0.5, 0.5));
+}
+
+std::shared_ptr<elementNode> elementNode::create(const tessaro::kit::TexturePtr& texture, const QSizeF& size)
+{
+    return std::make_shared<elementNode>(texture, size);
+}
+
+sceneEditor* elementNode::editorScene() const
+{
+    Node* parentNode = parent();
+    if (!parentNode)
+        return nullptr;
+    if (auto* grand = dynamic_cast<sceneEditor*>(parentNode->parent()))
+        return grand;
+    return dynamic_cast<sceneEditor*>(parentNode);
+}
+
+const tessaro::Obstacle* elementNode::catalogueObstacle() const
+{
+    return defaultViewProperties ? std::get_if<tessaro::Obstacle>(defaultViewProperties.get()) : nullptr;
+}
+
+const tessaro::Character* elementNode::catalogueCharacter() const
+{
+    return defaultViewProperties ? std::get_if<tessaro::Character>(defaultViewProperties.get()) : nullptr;
+}
+
+const tessaro::GenericObject* elementNode::catalogueObject() const
+{
+    return defaultViewProperties ? std::get_if<tessaro::GenericObject>(defaultViewProperties.get()) : nullptr;
+}
+
+std::string elementNode::catalogueElementName() const
+{
+    if (!defaultViewProperties)
+        return {};
+    return std::visit([](const auto& record) { return record.elementName.value_or(std::string()); },
+                      *defaultViewProperties);
+}
+
+void elementNode::addStackChildren(bool stacked, std::int64_t count, double dx, double dy)
+{
+    if (count <= 1)
+        return;
+    const double w = size().width();
+    const double h = size().height();
+    const QPointF step = stacked ? QPointF(0, h / 2 + dy) : QPointF(w / 2 + dx, 0);
+    // A row longer than anyone can place by hand is a typing slip; it is drawn
+    // in part and kept whole in the record.
+    const std::int64_t shown = std::min<std::int64_t>(count, 1000);
+    for (std::int64_t n = 1; n < shown; ++n) {
+        auto child = tessaro::kit::SpriteNode::create(texture(), size());
+        child->setName(QStringLiteral("stack_") + QString::number(n));
+        child->setZPosition(zPosition());
+        child->setPosition(step * double(n));
+        addChild(child);
+    }
+}
+
+void elementNode::removeStackChildren()
+{
+    std::vector<tessaro::kit::NodePtr> stack;
+    for (const auto& child : children())
+        if (child->name().startsWith(QLatin1String("stack_")))
+            stack.push_back(child);
+    removeChildrenInArray(stack);
+}
+
+std::string elementNode::physicsImageName() const
+{
+    switch (kind()) {
+    case sceneObjectType::obstacles:
+        return obstacleOverrides && obstacleOverrides->image ? *obstacleOverrides->image : "no obstacle image";
+    case sceneObjectType::character:
+        return characterOverrides && characterOverrides->image ? *characterOverrides->image
+                                                                : "no enemy/friend image";
+    case sceneObjectType::artifact:
+        return artifactOverrides && artifactOverrides->image ? *artifactOverrides->image : "no artifact image";
+    case sceneObjectType::ground:
+        return groundSection && groundSection->image ? *groundSection->image : "no ground image";
+    case sceneObjectType::background:
+        if (const sceneEditor* scene = editorScene(); scene && scene->backgroundList() && backgroundAssociatedId &&
+                                                      scene->backgroundList()->backgrounds)
+            for (const auto& record : *scene->backgroundList()->backgrounds)
+                if (record.id == backgroundAssociatedId && record.image)
+                    return *record.image;
+        return "no background image";
+    default: return "no defined image";
+    }
+}
+
+void elementNode::applyPhysicsBody(std::uint32_t category, std::uint32_t contact, std::uint32_t collision,
+                                   bool affectedByGravity, bool isDynamic)
+{
+    QSizeF effective = size();
+    if (effective.isEmpty() && texture())
+        effective = texture()->size();
+    if (effective.isEmpty()) {
+        tessaro::diagnostic("Physics size zero for " + name().toStdString() + ", type: " +
+                            std::string(tessaro::caseText(kind())) + ", image: " + physicsImageName());
+        return;
+    }
+    auto body = tessaro::kit::PhysicsBody::bodyWithTexture(texture(), 0.6f, effective);
+    if (!body) {
+        // A picture without an opaque pixel still takes part in contacts by its box.
+        body = tessaro::kit::PhysicsBody::bodyWithRectangleOfSize(effective);
+    }
+    if (!body)
+        return;
+    body->setAffectedByGravity(affectedByGravity);
+    body->setDynamic(isDynamic);
+    body->setAllowsRotation(false);
+    body->setCategoryBitMask(category);
+    body->setContactTestBitMask(contact);
+    body->setCollisionBitMask(collision);
+    setPhysicsBody(body);
+}
+
+void elementNode::placeFromDevices()
+{
+    const sceneObjectType type = kind();
+    if (type == sceneObjectType::ground || type == sceneObjectType::background)
+        return;
+    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(devices);
+    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(devices);
+    const double ox = offset.x, oy = offset.y, px = position.x, py = position.y;
+    const sceneEditor* scene = editorScene();
+    const auto ground = [scene](double x) { return scene ? scene->groundHeight(x) : 0.0; };
+    const double h = size().height();
+
+    const double baseY = property_useGravity ? ground(px) : py;
+    double y0 = oy + baseY;
+    double x0 = ox + px;
+
+    switch (type) {
+    case sceneObjectType::coin:
+        setPosition(x0, py == 0 ? oy + ground(x0) + h / 2 : y0);
+        break;
+    case sceneObjectType::artifact:
+        setPosition(x0, oy + (py == 0 ? ground(x0) + h / 2 : y0));
+        break;
+    case sceneObjectType::obstacles:
+    case sceneObjectType::character: {
+        const double lift = property_useGravity ? h / 2 : 0;
+        const tessaro::PointValue repeated = tessaro::lastRandomPosition();
+        if (x0 > tessaro::repeatPositionLimit)
+            x0 = repeated.x;
+        if (y0 > tessaro::repeatPositionLimit)
+            y0 = repeated.y;
+        // The offset enters twice on this path: x = px + 2 ox, and without
+        // gravity y = py + 2 oy. Stored levels are laid out with this rule.
+        const double x = ox + x0;
+        if (property_useGravity)
+            y0 = ground(x0);
+        setPosition(x, oy + y0 + lift);
+        break;
+    }
+    default:
+        setPosition(x0, y0 + h / 2);
+        break;
+    }
+
+    if (type == sceneObjectType::obstacles) {
+        if (!(rotationOverrides && rotationOverrides->rotateForever.value_or(false))) {
+            const double degrees =
+                rotationOverrides && rotationOverrides->rotation ? *rotationOverrides->rotation : 0.0;
+            setZRotation(degrees * std::numbers::pi / 180.0);
+        }
+    }
+    if (type == sceneObjectType::coin && coinOverrides && coinOverrides->repeatCount.value_or(0) >= 1) {
+        const tessaro::PointValue distance = scene ? scene->coinRepeatDistance() : tessaro::PointValue{};
+        removeStackChildren();
+        addStackChildren(coinOverrides->stack.value_or(false), *coinOverrides->repeatCount, distance.x, distance.y);
+    }
+}
+
+void elementNode::refreshDistanceGuide()
+{
+    std::optional<std::string> value;
+    if (devices)
+        if (const tessaro::DeviceProperties* entry =
+                tessaro::deviceEntryFor(*devices, tessaro::deviceName::defaultDevice))
+            value = entry->distance;
+    if (!value) {
+        // The catalogue's entry for the default device, found by name in the
+        // catalogue of the element's own record type.
+        const auto fromCatalogue = [&](const auto& catalogue, const std::string& elementName) {
+            for (const auto& record : catalogue) {
+                if (record.elementName != elementName || !record.devices)
+                    continue;
+                if (const tessaro::DeviceProperties* entry =
+                        tessaro::deviceEntryFor(*record.devices, tessaro::deviceName::defaultDevice))
+                    value = entry->distance;
+                return;
+            }
+        };
+        if (const tessaro::Obstacle* obstacle = catalogueObstacle())
+            fromCatalogue(tessaro::obstacleCatalogue(), obstacle->elementName.value_or(std::string()));
+        else if (const tessaro::Character* character = catalogueCharacter())
+            fromCatalogue(tessaro::characterCatalogue(), character->elementName.value_or(std::string()));
+    }
+    if (!value)
+        return;
+    if (distanceGuideNode)
+        distanceGuideNode->removeFromParent();
+    const double d = tessaro::pointFromText(*value).x;
+    const double e = kind() == sceneObjectType::character ? -d : d;
+    auto guide = std::make_shared<distanceNode>();
+    const auto line = [&](QPointF from, QPointF to) {
+        QPainterPath path;
+        path.moveTo(from);
+        path.lineTo(to);
+        auto shape = tessaro::kit::ShapeNode::shapeNodeWithPath(path);
+        shape->setZPosition(-10);
+        shape->setStrokeColor(Qt::red);
+        shape->setLineWidth(2);
+        shape->setLineCap(Qt::RoundCap);
+        guide->addChild(shape);
+    };
+    line({0, 0}, {e, 0});
+    line({0, 10}, {0, -10});
+    line({e, 10}, {e, -10});
+    distanceGuideNode = guide;
+    addChild(guide);
+}
+
+void elementNode::showSnapMarker()
+{
+    if (auto old = childNodeWithName(QStringLiteral("snapToImage")))
+        old->removeFromParent();
+    auto marker = tessaro::kit::SpriteNode::create(applicationTexture(QStringLiteral("snapto")), QSizeF(40, 40));
+    marker->setAnchorPoint(QPointF(0.5, 0.5));
+    marker->setName(QStringLiteral("snapToImage"));
+    marker->setZPosition(100000);
+    const double w = size().width(), h = size().height();
+    switch (snaptoLocation) {
+    case tessaro::pathDirection::top: marker->setPosition(0, h / 2); break;
+    case tessaro::pathDirection::right: marker->setPosition(w / 2, 0); break;
+    case tessaro::pathDirection::left: marker->setPosition(-w / 2, 0); break;
+    case tessaro::pathDirection::bottom: marker->setPosition(0, -h / 2); break;
+    default: marker->setPosition(0, 0); break;
+    }
+    addChild(marker);
+}
+
+void elementNode::selectFromList()
+{
+    sceneEditor* scene = editorScene();
+    if (scene)
+        scene->enumerateChildNodesWithName(QStringLiteral("//*"), [](const tessaro::kit::NodePtr& node, bool&) {
+            if (auto* element = dynamic_cast<elementNode*>(node.get()))
+                element->activelySelected = false;
+        });
+    activelySelected = true;
+    if (scene)
+        scene->publishSelection(*this);
+}
+
+void elementNode::addGlow()
+{
+    if (hasGlow())
+        return;
+    auto glow = tessaro::kit::Node::create();
+    glow->setName(QStringLiteral("glow"));
+    glow->setZPosition(-1);
+    auto effect = tessaro::kit::EffectNode::create();
+    effect->setFilter(tessaro::kit::EffectFilter::gaussianBlur(30));
+    effect->setShouldRasterize(true);
+    auto copy = tessaro::kit::SpriteNode::create(texture(), size());
+    copy->setColor(Qt::red);
+    copy->setColorBlendFactor(1);
+    effect->addChild(copy);
+    glow->addChild(effect);
+    addChild(glow);
+}
+
+bool elementNode::hasGlow() const
+{
+    for (const auto& child : children())
+        if (child->name() == QLatin1String("glow"))
+            return true;
+    return false;
+}
+
+void elementNode::removeGlow()
+{
+    std::vector<tessaro::kit::NodePtr> glows;
+    for (const auto& child : children())
+        if (child->name() == QLatin1String("glow"))
+            glows.push_back(child);
+    removeChildrenInArray(glows);
+}
+
+} // namespace stagewright

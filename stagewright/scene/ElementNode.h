@@ -1,0 +1,154 @@
+// The sprite of one element of a level on the canvas: a ground section, a
+// background image, an obstacle, a character, a coin, a checkpoint, an
+// artifact or a shield. A node is at once a picture and what the level file
+// says about the element: it keeps the catalogue record, the sparse override
+// record and the device list, so that writing back needs nothing else.
+#pragma once
+
+#include <tessaro/kit/ShapeNode.h>
+#include <tessaro/kit/SpriteNode.h>
+#include <tessaro/model/ElementRecords.h>
+#include <tessaro/model/Enumerations.h>
+#include <tessaro/model/LevelRecords.h>
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace stagewright {
+
+class sceneEditor;
+
+/// The catalogue record an element shows where its level item says nothing.
+using catalogueRecord = std::variant<tessaro::Obstacle, tessaro::Character, tessaro::GenericObject>;
+
+/// An item of a level as it was read, for what the scene keeps but does not own.
+using levelItemRecord = std::variant<tessaro::ObstacleLevelItem, tessaro::CharacterLevelItem,
+                                     tessaro::CheckPointLocation, tessaro::Coin, tessaro::Shield, tessaro::Artifact>;
+
+/// Which edge of its element a size handle drags.
+enum class SizerType { top, right };
+
+/// The size handle of an element ("nodeSizer"): a black 10 by 10 square whose
+/// lower left corner stands at the middle of the element's top edge.
+class shapeNode : public tessaro::kit::ShapeNode {
+public:
+    explicit shapeNode(SizerType type = SizerType::top);
+    static std::shared_ptr<shapeNode> create(double elementHeight);
+
+    bool isSelected = false;
+    std::optional<SizerType> sizeType;
+    std::optional<QSizeF> startingSize;
+    std::optional<QPointF> startingPosition;
+    double imageRatio = 0;
+    bool isDragging = false;
+};
+
+/// The three red lines that show how far an obstacle or character acts.
+class distanceNode : public tessaro::kit::Node {};
+
+class elementNode : public tessaro::kit::SpriteNode {
+public:
+    /// A node of `texture` at `size` (the texture's size when empty), with a
+    /// clear colour, anchor (0.5,0.5) and a new UUID text as its name.
+    elementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size);
+    static std::shared_ptr<elementNode> create(const tessaro::kit::TexturePtr& texture, const QSizeF& size = {});
+
+    // ---- Fields -------------------------------------------------------------------
+
+    /// The catalogue record: an Obstacle, a Character or a GenericObject.
+    std::shared_ptr<const catalogueRecord> defaultViewProperties;
+    std::optional<tessaro::Obstacle> obstacleOverrides;
+    std::optional<tessaro::GroundSection> groundSection;
+    /// The element's own device entries; they go back into its record on save.
+    std::optional<std::vector<tessaro::DeviceProperties>> devices;
+    std::optional<tessaro::Character> characterOverrides;
+    std::optional<tessaro::AnimationProperty> animationOverrides;
+    /// The rotation shown: each field from the override record, else from the
+    /// catalogue. Edits go here and into `obstacleOverrides->rotationProperties`,
+    /// which is what a save stores, so the file stays sparse.
+    std::optional<tessaro::RotationProperties> rotationOverrides;
+    std::optional<tessaro::Artifact> artifactOverrides;
+    std::optional<tessaro::Coin> coinOverrides;
+    std::optional<tessaro::Shield> shieldOverrides;
+    std::optional<tessaro::CheckPointLocation> checkPointOverrides;
+    std::optional<tessaro::Uuid> backgroundAssociatedId;
+    std::optional<std::vector<tessaro::GameSound>> soundEffects;
+    std::optional<std::string> imageOverride;
+    std::optional<std::int64_t> sequenceId;
+    std::optional<tessaro::PhysicsProperty> physics;
+    std::optional<tessaro::characterClassType> charClassType;
+    bool isSelected = false;
+    bool activelySelected = false;
+    tessaro::pathDirection snaptoLocation = tessaro::pathDirection::none;
+    bool repeatedNode = false;
+    QString repeatParentNode;
+    bool lockPosition = false;
+    bool property_useGravity = false;
+    std::optional<std::string> property_objectName;
+    std::optional<tessaro::sceneObjectType> property_sceneObjectType;
+    std::string property_hidesBehindObject;
+    std::string backgroundImagename;
+    std::shared_ptr<distanceNode> distanceGuideNode;
+
+    /// The level item as read, for the fields a save keeps that no other field
+    /// holds (a coin's image, a character item's type text, ...). Absent for
+    /// nodes made by the picker.
+    std::shared_ptr<const levelItemRecord> loadedItem;
+    /// The element cannot be shown (its catalogue entry is missing): the node
+    /// is hidden, has no picture, and a save writes `loadedItem` back as read.
+    bool keptOnly = false;
+
+    // ---- Operations -------------------------------------------------------------------
+
+    /// Adds count - 1 "stack_N" copies of the picture, each half a size plus
+    /// (dx, 0) to the right of the one before, or half a size plus (0, dy)
+    /// above it when `stacked`.
+    void addStackChildren(bool stacked, std::int64_t count, double dx, double dy);
+    void removeStackChildren();
+    /// Rebuilds the red guide of the element's `distance` device value.
+    void refreshDistanceGuide();
+    /// Gives the node a body from its texture's alpha outline, or logs
+    /// "Physics size zero for ..." and leaves it without one.
+    void applyPhysicsBody(std::uint32_t category, std::uint32_t contact, std::uint32_t collision,
+                          bool affectedByGravity, bool isDynamic);
+    /// Shows the "snapToImage" marker on the side `snaptoLocation` names.
+    void showSnapMarker();
+    /// Marks this node as the one chosen from a list and publishes it.
+    void selectFromList();
+    /// Sets position (and an obstacle's rotation, a coin's stack) from `devices`.
+    void placeFromDevices();
+    /// The `elementName` of the catalogue record, empty when there is none.
+    std::string catalogueElementName() const;
+
+    /// The red blurred copy of the picture behind the node ("glow").
+    void addGlow();
+    bool hasGlow() const;
+    void removeGlow();
+
+    /// The scene this node belongs to: its parent's parent or its parent.
+    sceneEditor* editorScene() const;
+    /// The kind, `none` when unset.
+    tessaro::sceneObjectType kind() const
+    {
+        return property_sceneObjectType.value_or(tessaro::sceneObjectType::none);
+    }
+    const tessaro::Obstacle* catalogueObstacle() const;
+    const tessaro::Character* catalogueCharacter() const;
+    const tessaro::GenericObject* catalogueObject() const;
+
+private:
+    std::string physicsImageName() const;
+};
+
+using elementNodePtr = std::shared_ptr<elementNode>;
+
+/// A new UUID as node name text.
+QString newNodeName();
+
+} // namespace stagewright

@@ -1,0 +1,566 @@
+// The second pass of loading: obstacles, characters, checkpoints, coins,
+// artifacts and shields become element nodes on their layers, standing on the
+// floor that the ground has fixed. An item whose catalogue entry is missing
+// cannot be drawn; it is kept on a hidden node and saved as it was read.
+#include "SceneEditor.h"
+#include "ScenePictures.h"
+
+#include <stagewright/state/ProjectTab.h>
+
+#include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/ValueText.h>
+
+#include <cmath>
+
+namespace stagewright {
+
+using tessaro::collisionBit;
+using tessaro::collisionTypes;
+using tessaro::sceneObjectType;
+
+namespace {
+
+struct ElementPicture {
+    tessaro::kit::TexturePtr texture;
+    QSizeF size;
+};
+
+/// The picture of an image text at a record size; a size without area takes
+/// the image's natural size at the workspace's image scale.
+ElementPicture elementPicture(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size)
+{
+    ElementPicture picture;
+    picture.texture = SceneImageCache::shared().picture(kind, firstImageName(imageText)).texture;
+    picture.size = size.width > 0 && size.height > 0 ? QSizeF(size.width, size.height) : picture.texture->size();
+    return picture;
+}
+
+elementNodePtr makeElement(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size, double z)
+{
+    const ElementPicture picture = elementPicture(kind, imageText, size);
+    auto node = elementNode::create(picture.texture, picture.size);
+    node->setSize(picture.size);
+    node->setZPosition(z);
+    node->property_sceneObjectType = kind;
+    return node;
+}
+
+template <class T>
+const T* present(const tessaro::boxed<T>& value)
+{
+    return value ? &*value : nullptr;
+}
+
+template <class T, class Member>
+auto overOr(const T* over, const T& catalogue, Member member) -> std::remove_cvref_t<decltype(catalogue.*member)>
+{
+    if (over && (over->*member))
+        return over->*member;
+    return catalogue.*member;
+}
+
+std::optional<tessaro::RotationProperties> mergedRotation(const tessaro::RotationProperties* over,
+                                                          const tessaro::RotationProperties* catalogue)
+{
+    if (!over && !catalogue)
+        return std::nullopt;
+    const tessaro::RotationProperties none;
+    const tessaro::RotationProperties& a = over ? *over : none;
+    const tessaro::RotationProperties& b = catalogue ? *catalogue : none;
+    tessaro::RotationProperties merged;
+    merged.rotation = a.rotation ? a.rotation : b.rotation;
+    merged.rotateForever = a.rotateForever ? a.rotateForever : b.rotateForever;
+    merged.rotateDuration = a.rotateDuration ? a.rotateDuration : b.rotateDuration;
+    merged.rotationPin = a.rotationPin ? a.rotationPin : b.rotationPin;
+    merged.rotateType = a.rotateType ? a.rotateType : b.rotateType;
+    merged.rotateDelay = a.rotateDelay ? a.rotateDelay : b.rotateDelay;
+    merged.rotateCount = a.rotateCount ? a.rotateCount : b.rotateCount;
+    return merged;
+}
+
+std::uint32_t maskOr(const std::optional<std::string>& text)
+{
+    return text ? tessaro::maskFromText(*text) : collisionBit(collisionTypes::none);
+}
+
+QString pairText(tessaro::PointValue p)
+{
+    return QStringLiteral("(") + QString::fromStdString(tessaro::numberText(p.x)) + QStringLiteral(", ") +
+           QString::fromStdString(tessaro::numberText(p.y)) + QLatin1Char(')');
+}
+
+void trace(const QString& line)
+{
+    tessaro::diagnostic(line.toStdString());
+}
+
+const char* boolText(bool value)
+{
+    return value ? "true" : "false";
+}
+
+} // namespace
+
+std::shared_ptr<const catalogueRecord> sceneEditor::catalogueEntry(sceneObjectType kind, const std::string& name,
+                                                                   std::optional<sceneObjectType> objectType)
+{
+    const int kindKey = kind == sceneObjectType::obstacles || kind == sceneObjectType::character
+                            ? int(kind)
+                            : 100 + int(objectType.value_or(sceneObjectType::none));
+    auto& cached = m_catalogueEntries[{kindKey, name}];
+    if (cached)
+        return cached;
+    if (kind == sceneObjectType::obstacles) {
+        for (const tessaro::Obstacle& record : tessaro::obstacleCatalogue())
+            if (record.elementName == name)
+                return cached = std::make_shared<const catalogueRecord>(record);
+    } else if (kind == sceneObjectType::character) {
+        for (const tessaro::Character& record : tessaro::characterCatalogue())
+            if (record.elementName == name)
+                return cached = std::make_shared<const catalogueRecord>(record);
+    } else {
+        const std::optional<std::string> typeText =
+            objectType ? std::optional<std::string>(std::string(tessaro::caseText(*objectType))) : std::nullopt;
+        for (const tessaro::GenericObject& record : tessaro::objectCatalogue())
+            if (record.elementName == name && (!typeText || record.sceneObjectType == typeText))
+                return cached = std::make_shared<const catalogueRecord>(record);
+    }
+    return nullptr;
+}
+
+elementNodePtr sceneEditor::keepUnshown(sceneObjectType kind, levelItemRecord item)
+{
+    const tessaro::kit::NodePtr layer = layerFor(kind);
+    if (!layer)
+        return nullptr;
+    auto node = elementNode::create(nullptr, QSizeF());
+    node->setHidden(true);
+    node->keptOnly = true;
+    node->property_sceneObjectType = kind;
+    node->loadedItem = std::make_shared<const levelItemRecord>(std::move(item));
+    layer->addChild(node);
+    return node;
+}
+
+tessaro::PointValue sceneEditor::coinRepeatDistance() const
+{
+    if (!m_tab)
+        return {};
+    const tessaro::Level* level = tabLevel(m_tab->levelSelected());
+    if (!level || !level->coins)
+        return {};
+    return tessaro::roundedPointFromText(1, level->coins->repeatDistance.value_or(std::string()));
+}
+
+// ---- Obstacles ------------------------------------------------------------------------------
+
+elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item)
+{
+    const auto entry = catalogueEntry(sceneObjectType::obstacles, item.elementName, std::nullopt);
+    if (!entry) {
+        if (m_reportedMissing.insert({int(sceneObjectType::obstacles), item.elementName}).second)
+            tessaro::diagnostic("Obstacle \"" + item.elementName +
+                                "\" is not in the obstacle catalogue; its items stay in the level but are not shown.");
+        return keepUnshown(sceneObjectType::obstacles, item);
+    }
+    const tessaro::Obstacle& catalogue = std::get<tessaro::Obstacle>(*entry);
+    const tessaro::Obstacle* over = present(item.properties);
+
+    const std::string image = overOr(over, catalogue, &tessaro::Obstacle::image).value_or("placeholder");
+    tessaro::SizeValue size = over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices)
+                                   : tessaro::SizeValue{};
+    if (size == tessaro::SizeValue{})
+        size = tessaro::deviceValue<tessaro::fieldList::size>(catalogue.devices);
+    const bool useGravity = overOr(over, catalogue, &tessaro::Obstacle::useGravity).value_or(false);
+    const bool isDynamic = overOr(over, catalogue, &tessaro::Obstacle::isDynamic).value_or(false);
+    const bool usePhysics = catalogue.usePhysics.value_or(true);
+
+    auto node = makeElement(sceneObjectType::obstacles, image, size, item.zPosition);
+    node->property_objectName = item.name;
+    node->imageOverride = image;
+    if (over)
+        node->obstacleOverrides = *over;
+    if (item.isVisible) {
+        if (!node->obstacleOverrides) {
+            node->obstacleOverrides.emplace();
+            node->obstacleOverrides->id = tessaro::Uuid::create();
+        }
+        node->obstacleOverrides->isVisible = item.isVisible;
+    }
+    if (over) {
+        node->soundEffects = over->soundEffects;
+        node->devices = over->devices;
+        if (over->animation)
+            node->animationOverrides = *over->animation;
+    }
+    if (const tessaro::PhysicsProperty* physics = over && over->physics ? &*over->physics : present(catalogue.physics))
+        node->physics = *physics;
+    node->rotationOverrides = mergedRotation(over ? present(over->rotationProperties) : nullptr,
+                                             present(catalogue.rotationProperties));
+    node->defaultViewProperties = entry;
+    node->property_useGravity = useGravity;
+    node->addChild(shapeNode::create(node->size().height()));
+    m_obstacleNodes->addChild(node);
+
+    if (usePhysics)
+        node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                               collisionBit(collisionTypes::floor), useGravity, isDynamic);
+    node->refreshDistanceGuide();
+    node->placeFromDevices();
+
+    // The copies of a repeated obstacle exist only on the canvas: a row of
+    // `repeatCount` pictures, each a full width (plus a random step) after the
+    // one before.
+    if (over && over->repeatCount && *over->repeatCount >= 2) {
+        const std::int64_t copies = std::min<std::int64_t>(*over->repeatCount, 1000) - 1;
+        const tessaro::PointValue start = tessaro::deviceValue<tessaro::fieldList::position>(over->devices);
+        double x = start.x;
+        double baseY = start.y;
+        for (std::int64_t i = 0; i < copies; ++i) {
+            if (useGravity)
+                baseY = groundHeight(x);
+            const tessaro::PointValue random =
+                tessaro::deviceValue<tessaro::fieldList::randomPositionRange>(over->devices);
+            x = x + node->size().width() + random.x;
+            const double y = baseY + random.y + node->size().height() / 2;
+            auto copy = elementNode::create(
+                SceneImageCache::shared().picture(sceneObjectType::obstacles, firstImageName(image)).texture,
+                node->size());
+            copy->setSize(node->size());
+            copy->setZPosition(item.zPosition);
+            copy->property_sceneObjectType = sceneObjectType::obstacles;
+            copy->repeatedNode = true;
+            copy->repeatParentNode = node->name();
+            copy->defaultViewProperties = entry;
+            m_obstacleNodes->addChild(copy);
+            copy->setPosition(x, y);
+        }
+        node->placeFromDevices();
+    }
+    return node;
+}
+
+// ---- Characters -------------------------------------------------------------------------------
+
+elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& item)
+{
+    const auto entry = catalogueEntry(sceneObjectType::character, item.elementName, std::nullopt);
+    if (!entry) {
+        if (m_reportedMissing.insert({int(sceneObjectType::character), item.elementName}).second)
+            tessaro::diagnostic("Character \"" + item.elementName +
+                                "\" is not in the character catalogue; its items stay in the level but are not shown.");
+        return keepUnshown(sceneObjectType::character, item);
+    }
+    const tessaro::Character& catalogue = std::get<tessaro::Character>(*entry);
+    const tessaro::Character* over = present(item.properties);
+
+    const std::string image = overOr(over, catalogue, &tessaro::Character::image).value_or("placeholder");
+    const bool useGravity = overOr(over, catalogue, &tessaro::Character::useGravity).value_or(false);
+    const bool isDynamic = overOr(over, catalogue, &tessaro::Character::isDynamic).value_or(false);
+    const auto maskText = [&](std::optional<std::string> tessaro::CollisionDetection::*field) {
+        if (over && over->collisionMasks && ((*over->collisionMasks).*field))
+            return (*over->collisionMasks).*field;
+        return catalogue.collisionMasks ? (*catalogue.collisionMasks).*field : std::nullopt;
+    };
+    tessaro::SizeValue size = over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices)
+                                   : tessaro::SizeValue{};
+    if (size == tessaro::SizeValue{})
+        size = tessaro::deviceValue<tessaro::fieldList::size>(catalogue.devices);
+    const std::optional<std::vector<tessaro::DeviceProperties>> devices =
+        over ? over->devices : std::optional<std::vector<tessaro::DeviceProperties>>();
+    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(devices);
+    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(devices);
+    const double y = useGravity ? groundHeight(position.x) : position.y;
+
+    trace(QStringLiteral("character name: ") + QString::fromStdString(item.name));
+    trace(QStringLiteral("  position: ") + pairText(position));
+    trace(QStringLiteral("  offset: ") + pairText(offset));
+    trace(QStringLiteral("  y: ") + QString::fromStdString(tessaro::numberText(y)));
+    trace(QStringLiteral("  isDynamic: ") + QLatin1String(boolText(isDynamic)));
+    trace(QStringLiteral("  useGravity: ") + QLatin1String(boolText(useGravity)));
+
+    auto node = makeElement(sceneObjectType::character, image, size, item.zPosition);
+    node->property_objectName = item.name;
+    node->imageOverride = image;
+    if (over)
+        node->characterOverrides = *over;
+    if (item.isVisible) {
+        if (!node->characterOverrides) {
+            node->characterOverrides.emplace();
+            node->characterOverrides->id = tessaro::Uuid::create();
+        }
+        node->characterOverrides->isVisible = item.isVisible;
+    }
+    if (over) {
+        if (over->animation)
+            node->animationOverrides = *over->animation;
+        node->soundEffects = over->soundEffects;
+    }
+    node->devices = devices;
+    node->property_hidesBehindObject = item.hidesBehindObject.value_or(std::string());
+    node->charClassType = tessaro::caseFromText<tessaro::characterClassType>(item.charClassType.value_or("friendly"));
+    if (const tessaro::PhysicsProperty* physics = over && over->physics ? &*over->physics : present(catalogue.physics))
+        node->physics = *physics;
+    node->defaultViewProperties = entry;
+    node->property_useGravity = useGravity;
+    node->loadedItem = std::make_shared<const levelItemRecord>(item);
+    node->addChild(shapeNode::create(node->size().height()));
+    m_characterNodes->addChild(node);
+    node->setPosition(position.x + offset.x, y + offset.y + node->size().height() / 2);
+
+    node->applyPhysicsBody(maskOr(maskText(&tessaro::CollisionDetection::category)),
+                           maskOr(maskText(&tessaro::CollisionDetection::contact)),
+                           maskOr(maskText(&tessaro::CollisionDetection::collision)), useGravity, true);
+    node->refreshDistanceGuide();
+    node->placeFromDevices();
+    return node;
+}
+
+// ---- Collectibles ---------------------------------------------------------------------------------
+
+elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image)
+{
+    const auto entry = catalogueEntry(sceneObjectType::checkpoint, image, sceneObjectType::checkpoint);
+    if (!entry) {
+        if (m_reportedMissing.insert({int(sceneObjectType::checkpoint), image}).second)
+            tessaro::diagnostic("No checkpoint named \"" + image +
+                                "\" in the object catalogue; the level's checkpoints stay in it but are not shown.");
+        return keepUnshown(sceneObjectType::checkpoint, location);
+    }
+    const tessaro::GenericObject& catalogue = std::get<tessaro::GenericObject>(*entry);
+    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(location.devices);
+    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(location.devices);
+    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(location.devices);
+
+    const std::string picture = catalogue.image.value_or(std::string());
+    auto node = makeElement(sceneObjectType::checkpoint, picture, size, location.zPosition);
+    node->imageOverride = picture;
+    node->defaultViewProperties = entry;
+    node->checkPointOverrides = location;
+    node->devices = location.devices;
+    node->property_useGravity = true;
+    node->loadedItem = std::make_shared<const levelItemRecord>(location);
+    node->addChild(shapeNode::create(node->size().height()));
+    m_checkpointNodes->addChild(node);
+    node->setPosition(node->position().x(), offset.y + groundHeight(position.x) + node->size().height() / 2);
+
+    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                           collisionBit(collisionTypes::none), true, false);
+    node->placeFromDevices();
+    return node;
+}
+
+elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, double dy)
+{
+    auto entry = catalogueEntry(sceneObjectType::coin, "coin", sceneObjectType::coin);
+    if (!entry) {
+        // A catalogue whose coin is named otherwise still shows coins: the
+        // first object of kind coin stands in, and the line says which.
+        for (const tessaro::GenericObject& record : tessaro::objectCatalogue())
+            if (record.sceneObjectType == std::string(tessaro::caseText(sceneObjectType::coin))) {
+                entry = catalogueEntry(sceneObjectType::coin, record.elementName.value_or(std::string()),
+                                       sceneObjectType::coin);
+                if (m_reportedMissing.insert({int(sceneObjectType::coin), "coin"}).second)
+                    tessaro::diagnostic("No object \"coin\" of kind coin in the object catalogue; coins show \"" +
+                                        record.elementName.value_or(std::string()) + "\".");
+                break;
+            }
+    }
+    if (!entry) {
+        if (m_reportedMissing.insert({int(sceneObjectType::coin), ""}).second)
+            tessaro::diagnostic("No object of kind coin in the object catalogue; the level's coins stay in it but "
+                                "are not shown.");
+        return keepUnshown(sceneObjectType::coin, coin);
+    }
+    const tessaro::GenericObject& catalogue = std::get<tessaro::GenericObject>(*entry);
+    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(coin.devices);
+    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(coin.devices);
+    const bool useGravity = coin.useGravity.value_or(position.y == 0);
+
+    const std::string picture = catalogue.image.value_or(std::string());
+    auto node = makeElement(sceneObjectType::coin, picture, size, coin.zPosition.value_or(1));
+    if (position.y == 0)
+        node->setPosition(node->position().x(), groundHeight(position.x) + node->size().height() / 2);
+    node->imageOverride = picture;
+    node->defaultViewProperties = entry;
+    node->coinOverrides = coin;
+    node->devices = coin.devices;
+    node->property_useGravity = useGravity;
+    node->loadedItem = std::make_shared<const levelItemRecord>(coin);
+    node->addChild(shapeNode::create(node->size().height()));
+    m_coinNodes->addChild(node);
+    if (coin.stack.value_or(false) || coin.repeatCount.value_or(0) >= 1)
+        node->addStackChildren(coin.stack.value_or(false), coin.repeatCount.value_or(0), dx, dy);
+
+    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                           collisionBit(collisionTypes::none), useGravity, false);
+    node->placeFromDevices();
+    return node;
+}
+
+elementNodePtr sceneEditor::placeArtifact(const tessaro::Artifact& artifact)
+{
+    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(artifact.devices);
+    const std::string picture = artifact.image.value_or(std::string());
+    auto node = makeElement(sceneObjectType::artifact, picture, size, artifact.zPosition.value_or(1));
+    node->imageOverride = artifact.image;
+    node->artifactOverrides = artifact;
+    node->devices = artifact.devices;
+    node->setAlpha(artifact.alpha.value_or(1));
+    node->loadedItem = std::make_shared<const levelItemRecord>(artifact);
+    node->addChild(shapeNode::create(node->size().height()));
+    m_artifactNodes->addChild(node);
+    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                           collisionBit(collisionTypes::none), false, false);
+    node->placeFromDevices();
+    return node;
+}
+
+elementNodePtr sceneEditor::placeShield(const tessaro::Shield& shield, const std::string& image)
+{
+    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(shield.devices);
+    auto node = makeElement(sceneObjectType::shield, image, size, shield.zPosition.value_or(1));
+    node->imageOverride = image;
+    node->shieldOverrides.emplace();
+    node->shieldOverrides->timed = shield.timed.value_or(60.0);
+    node->devices = shield.devices;
+    node->loadedItem = std::make_shared<const levelItemRecord>(shield);
+    node->addChild(shapeNode::create(node->size().height()));
+    m_shieldsNodes->addChild(node);
+    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                           collisionBit(collisionTypes::none), false, false);
+    node->placeFromDevices();
+    return node;
+}
+
+// ---- The picker ------------------------------------------------------------------------------------
+
+elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& elementName)
+{
+    const auto entry = catalogueEntry(kind, elementName, std::nullopt);
+    const tessaro::kit::NodePtr layer = layerFor(kind);
+    if (!entry || !layer) {
+        tessaro::diagnostic("No " + std::string(tessaro::caseText(kind)) + " named \"" + elementName +
+                            "\" in the catalogue; nothing is added.");
+        return nullptr;
+    }
+    bool useGravity = false, isDynamic = false;
+    std::string image;
+    std::optional<std::vector<tessaro::DeviceProperties>> catalogueDevices;
+    std::optional<std::string> groundType;
+    std::visit(
+        [&](const auto& record) {
+            useGravity = record.useGravity.value_or(false);
+            isDynamic = record.isDynamic.value_or(false);
+            image = record.image.value_or("placeholder");
+            catalogueDevices = record.devices;
+            if constexpr (std::is_same_v<std::decay_t<decltype(record)>, tessaro::GenericObject>)
+                groundType = record.groundType;
+        },
+        *entry);
+    tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(catalogueDevices);
+    const double startX = m_navigationNodes ? std::abs(m_navigationNodes->position().x()) : 0;
+    std::uint32_t category = collisionBit(collisionTypes::staticObjectBody);
+    std::uint32_t contact = collisionBit(collisionTypes::none);
+    std::uint32_t collision = collisionBit(collisionTypes::none);
+    double x = startX, y = 0, z = 100;
+    std::optional<std::int64_t> sequenceId;
+    const QRectF frame = frameRect();
+
+    switch (kind) {
+    case sceneObjectType::coin:
+        z = 50;
+        break;
+    case sceneObjectType::ground: {
+        const std::vector<elementNodePtr> grounds = elementsOf(m_groundNodes);
+        if (!grounds.empty()) {
+            x = grounds.back()->position().x() + grounds.back()->frame().width();
+            sequenceId = grounds.back()->sequenceId.value_or(0) + 1;
+        } else {
+            sequenceId = 0;
+        }
+        if (size == tessaro::SizeValue{})
+            size = {128, 64};
+        y = frame.top() + size.height / 2;
+        category = collisionBit(collisionTypes::floor);
+        contact = collisionBit(collisionTypes::floor);
+        collision = collisionBit(collisionTypes::staticObjectBody);
+        break;
+    }
+    case sceneObjectType::background:
+        z = m_backgroundList && m_backgroundList->backgrounds ? double(m_backgroundList->backgrounds->size() + 1) : 1;
+        size = {frame.width(), frame.height()};
+        break;
+    default:
+        if (size == tessaro::SizeValue{}) {
+            const QSizeF natural =
+                SceneImageCache::shared().picture(kind, firstImageName(image)).texture->size();
+            if (!natural.isEmpty()) {
+                const double fit = std::min(100 / natural.width(), 100 / natural.height());
+                size = {natural.width() * fit, natural.height() * fit};
+            }
+        }
+        break;
+    }
+
+    auto node = makeElement(kind, image, size, z);
+    node->setPosition(x, y);
+    node->sequenceId = sequenceId;
+    node->imageOverride = image;
+    node->defaultViewProperties = entry;
+    node->property_useGravity = useGravity;
+
+    // The new default entry comes first, so the look-up finds its position;
+    // the catalogue's entries for other devices follow.
+    tessaro::DeviceProperties placed;
+    placed.deviceName = std::string(tessaro::caseText(tessaro::deviceName::defaultDevice));
+    placed.size = tessaro::textFromPair(node->size().width(), node->size().height());
+    placed.position = tessaro::textFromPair(x, y);
+    placed.offset = "{0,0}";
+    node->devices.emplace().push_back(placed);
+    if (catalogueDevices)
+        for (const tessaro::DeviceProperties& entryForDevice : *catalogueDevices)
+            if (!entryForDevice.deviceName ||
+                !tessaro::deviceListHolds(*entryForDevice.deviceName, tessaro::deviceName::defaultDevice))
+                node->devices->push_back(entryForDevice);
+
+    switch (kind) {
+    case sceneObjectType::obstacles:
+        node->obstacleOverrides.emplace().id = tessaro::Uuid::create();
+        break;
+    case sceneObjectType::character:
+        node->characterOverrides.emplace().id = tessaro::Uuid::create();
+        node->charClassType = tessaro::characterClassType::friendly;
+        break;
+    case sceneObjectType::coin: node->coinOverrides.emplace(); break;
+    case sceneObjectType::shield: node->shieldOverrides.emplace(); break;
+    case sceneObjectType::artifact:
+        node->artifactOverrides.emplace();
+        node->artifactOverrides->image = image;
+        break;
+    case sceneObjectType::ground: {
+        tessaro::GroundSection& section = node->groundSection.emplace();
+        section.groundType = groundType;
+        section.image = image;
+        break;
+    }
+    default: break;
+    }
+    if (kind != sceneObjectType::background && kind != sceneObjectType::ground)
+        node->addChild(shapeNode::create(node->size().height()));
+    layer->addChild(node);
+    node->applyPhysicsBody(category, contact, collision, useGravity, isDynamic);
+    node->placeFromDevices();
+
+    if (kind == sceneObjectType::ground && m_tab) {
+        const std::size_t index = m_groundNodes->children().size() - 1;
+        rebuildGround(m_tab->levelSelected());
+        if (m_groundNodes && index < m_groundNodes->children().size())
+            return std::dynamic_pointer_cast<elementNode>(m_groundNodes->children()[index]);
+    }
+    return node;
+}
+
+} // namespace stagewright

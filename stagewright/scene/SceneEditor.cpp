@@ -1,0 +1,459 @@
+#include "SceneEditor.h"
+
+#include "ScenePictures.h"
+
+#include <stagewright/state/ProjectTab.h>
+
+#include <tessaro/kit/PhysicsWorld.h>
+#include <tessaro/kit/SceneView.h>
+#include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/ValueText.h>
+
+namespace stagewright {
+
+using tessaro::kit::NodePtr;
+
+namespace {
+
+tessaro::kit::SceneScaleMode kitScaleMode(sceneScaleMode mode)
+{
+    return tessaro::kit::SceneScaleMode(int(mode));
+}
+
+sceneEditor::SelectionPublisher& selectionPublisher()
+{
+    static sceneEditor::SelectionPublisher publisher;
+    return publisher;
+}
+
+} // namespace
+
+sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup)
+    : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)), m_tab(tab)
+{
+    physicsWorld().setContactDelegate(this);
+    // The canvas uses physics only to see floor pieces touch: bodies follow
+    // their nodes and nothing is ever moved by the simulation.
+    physicsWorld().setSpeed(0);
+    setUserInteractionEnabled(true);
+
+    m_backgroundNodes = makeLayer("backgroundNodes");
+    m_pinnedBackgroundNodes = makeLayer("pinnedBackgroundNodes");
+    m_obstacleNodes = makeLayer("obstacleNodes");
+    m_characterNodes = makeLayer("characterNodes");
+    m_groundNodes = makeLayer("groundNodes");
+    m_coinNodes = makeLayer("coinsNodes");
+    m_artifactNodes = makeLayer("artifactsNodes");
+    m_checkpointNodes = makeLayer("checkpointsNodes");
+    m_navigationNodes = makeLayer("navigatindNodes");
+    m_shieldsNodes = makeLayer("shieldsNodes");
+
+    addNavigationControls();
+
+    setName(setup.name);
+    setBackgroundColor(QColor(setup.backgroundColor.red, setup.backgroundColor.green, setup.backgroundColor.blue,
+                              setup.backgroundColor.alpha));
+    m_sceneSize = setup.size;
+    m_sceneScaleMode = setup.scaleMode;
+    m_sceneOrientation = setup.orientation;
+    m_sceneAnchorPoint = setup.anchorPoint;
+    applyPlatformSettings();
+}
+
+sceneEditor::~sceneEditor()
+{
+    // Nodes leave while the scene (and its physics world) still exists.
+    removeAllChildren();
+}
+
+std::shared_ptr<sceneEditor> sceneEditor::create(projectTab* tab, const SceneSetup& setup)
+{
+    return std::make_shared<sceneEditor>(tab, setup);
+}
+
+NodePtr sceneEditor::makeLayer(const char* name)
+{
+    auto layer = tessaro::kit::Node::create();
+    layer->setZPosition(1);
+    layer->setName(QString::fromLatin1(name));
+    layer->setPosition(0, 0);
+    addChild(layer);
+    return layer;
+}
+
+NodePtr sceneEditor::layerFor(tessaro::sceneObjectType kind) const
+{
+    using tessaro::sceneObjectType;
+    switch (kind) {
+    case sceneObjectType::obstacles: return m_obstacleNodes;
+    case sceneObjectType::character: return m_characterNodes;
+    case sceneObjectType::checkpoint: return m_checkpointNodes;
+    case sceneObjectType::coin: return m_coinNodes;
+    case sceneObjectType::shield: return m_shieldsNodes;
+    case sceneObjectType::artifact: return m_artifactNodes;
+    case sceneObjectType::ground: return m_groundNodes;
+    case sceneObjectType::background: return m_backgroundNodes;
+    default: return nullptr;
+    }
+}
+
+std::vector<elementNodePtr> sceneEditor::elementsOf(const NodePtr& layer)
+{
+    std::vector<elementNodePtr> elements;
+    if (!layer)
+        return elements;
+    elements.reserve(layer->children().size());
+    for (const NodePtr& child : layer->children())
+        if (auto element = std::dynamic_pointer_cast<elementNode>(child))
+            elements.push_back(std::move(element));
+    return elements;
+}
+
+const tessaro::Level* sceneEditor::tabLevel(const tessaro::Uuid& id) const
+{
+    if (!m_tab)
+        return nullptr;
+    for (const tessaro::Level& level : m_tab->levelConfig())
+        if (level.id == id)
+            return &level;
+    return nullptr;
+}
+
+tessaro::Level* sceneEditor::tabLevel(const tessaro::Uuid& id)
+{
+    return m_tab ? m_tab->findLevel(id) : nullptr;
+}
+
+// ---- Scene settings ------------------------------------------------------------------------
+
+void sceneEditor::applyPlatformSettings()
+{
+    Scene::setSize(QSizeF(m_sceneSize.width, m_sceneSize.height));
+    Scene::setAnchorPoint(QPointF(m_sceneAnchorPoint.x, m_sceneAnchorPoint.y));
+    Scene::setScaleMode(kitScaleMode(m_sceneScaleMode));
+}
+
+void sceneEditor::setSize(tessaro::SizeValue size)
+{
+    m_sceneSize = size;
+    Scene::setSize(QSizeF(size.width, size.height));
+    emit sceneSettingsChanged();
+}
+
+void sceneEditor::setAnchorPoint(tessaro::PointValue anchor)
+{
+    m_sceneAnchorPoint = anchor;
+    Scene::setAnchorPoint(QPointF(anchor.x, anchor.y));
+    emit sceneSettingsChanged();
+}
+
+void sceneEditor::setScaleMode(sceneScaleMode mode)
+{
+    m_sceneScaleMode = mode;
+    Scene::setScaleMode(kitScaleMode(mode));
+    emit sceneSettingsChanged();
+}
+
+void sceneEditor::setOrientation(tessaro::sceneOrientationType orientation)
+{
+    m_sceneOrientation = orientation;
+    emit sceneSettingsChanged();
+}
+
+void sceneEditor::releaseContent()
+{
+    clearScene(false);
+}
+
+void sceneEditor::updateOverlays()
+{
+    layoutNavigationControls();
+}
+
+// ---- Loading --------------------------------------------------------------------------------
+
+void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
+{
+    const tessaro::Level* found = tabLevel(levelId);
+    if (!found)
+        return;
+    // Placement reads the tab (the coins' repeat distance); work on a copy so
+    // that nothing it does to the list can move the record under us.
+    const tessaro::Level level = *found;
+    m_catalogueEntries.clear();
+
+    if (level.ground)
+        layoutGround(*level.ground);
+
+    if (level.background) {
+        m_backgroundList = *level.background;
+        if (m_backgroundList->backgrounds)
+            for (tessaro::BackgroundImage& image : *m_backgroundList->backgrounds)
+                if (!image.id)
+                    image.id = tessaro::Uuid::create();
+        rebuildBackgrounds();
+        emit backgroundListChanged();
+    }
+
+    const tessaro::LevelSettings& settings = level.settings;
+    m_sceneSize = settings.size ? tessaro::sizeFromText(*settings.size)
+                                : tessaro::SizeValue{tessaro::deviceSize(tessaro::deviceName::defaultDevice).width,
+                                                     tessaro::deviceSize(tessaro::deviceName::defaultDevice).height};
+    m_sceneScaleMode = sceneScaleMode(tessaro::scaleModeFromText(settings.scaleMode));
+    m_sceneAnchorPoint = settings.anchorPoint ? tessaro::pointFromText(*settings.anchorPoint)
+                                              : tessaro::PointValue{0.5, 0.5};
+    m_sceneOrientation = tessaro::caseFromText<tessaro::sceneOrientationType>(settings.sceneOrientation)
+                             .value_or(tessaro::sceneOrientationType::landscape);
+    applyPlatformSettings();
+    emit sceneSettingsChanged();
+
+    if (level.obstacles)
+        for (const tessaro::ObstacleLevelItem& item : *level.obstacles)
+            placeObstacle(item);
+    if (level.characters)
+        for (const tessaro::CharacterLevelItem& item : *level.characters)
+            placeCharacter(item);
+    if (level.checkpoints && level.checkpoints->locations)
+        for (const tessaro::CheckPointLocation& location : *level.checkpoints->locations)
+            placeCheckpoint(location, level.checkpoints->image);
+    if (level.coins && level.coins->coins) {
+        const tessaro::PointValue distance =
+            tessaro::roundedPointFromText(1, level.coins->repeatDistance.value_or(std::string()));
+        for (const tessaro::Coin& coin : *level.coins->coins)
+            placeCoin(coin, distance.x, distance.y);
+    }
+    if (level.artifacts && level.artifacts->artifacts)
+        for (const tessaro::Artifact& artifact : *level.artifacts->artifacts)
+            placeArtifact(artifact);
+    if (level.shields && level.shields->shields)
+        for (const tessaro::Shield& shield : *level.shields->shields)
+            placeShield(shield, level.shields->image.value_or(std::string()));
+
+    if (m_tab)
+        setBackgroundsHidden(m_tab->backgroundElementsHidden());
+}
+
+void sceneEditor::clearScene(bool keepLayers)
+{
+    const std::vector<NodePtr*> layers{&m_backgroundNodes, &m_pinnedBackgroundNodes, &m_obstacleNodes,
+                                       &m_characterNodes,  &m_groundNodes,           &m_coinNodes,
+                                       &m_artifactNodes,   &m_checkpointNodes,       &m_shieldsNodes,
+                                       &m_navigationNodes};
+    for (NodePtr* layer : layers)
+        if (*layer)
+            (*layer)->removeAllChildren();
+    if (!keepLayers) {
+        for (NodePtr* layer : layers) {
+            if (*layer)
+                (*layer)->removeFromParent();
+            layer->reset();
+        }
+        if (m_positionXCount)
+            m_positionXCount->removeFromParent();
+        m_positionXCount.reset();
+    }
+    m_nodeIntersected.clear();
+}
+
+// ---- Overlays ---------------------------------------------------------------------------------
+
+void sceneEditor::addNavigationControls()
+{
+    const QRectF frame = frameRect();
+    for (navigationDirection direction : {navigationDirection::left, navigationDirection::right,
+                                          navigationDirection::up, navigationDirection::down}) {
+        auto button = std::make_shared<navigationNode>(direction);
+        button->setPosition(frame.topLeft() + navigationNode::cornerOffset(direction));
+        addChild(button);
+    }
+    m_positionXCount = std::make_shared<SKLabel>();
+    m_positionXCount->setName(QStringLiteral("positionXCount"));
+    m_positionXCount->setFontName(QStringLiteral("System-Bold"));
+    m_positionXCount->setFontSize(20);
+    m_positionXCount->setFontColor(Qt::white);
+    m_positionXCount->setHorizontalAlignmentMode(tessaro::kit::LabelHorizontalAlignment::Left);
+    m_positionXCount->setVerticalAlignmentMode(tessaro::kit::LabelVerticalAlignment::Top);
+    m_positionXCount->setZPosition(1000000);
+    m_positionXCount->setNumberOfLines(0);
+    m_positionXCount->setPreferredMaxLayoutWidth(0);
+    m_positionXCount->setHidden(false);
+    m_positionXCount->setPosition(frame.left() + 220, frame.top() + 90);
+    m_positionXCount->setText(SKLabel::readOut(0, 0));
+    addChild(m_positionXCount);
+}
+
+void sceneEditor::layoutNavigationControls()
+{
+    // sceneFrame() is y up: its top() is the minimum y, the bottom edge of the view.
+    const QRectF frame = frameRect();
+    for (navigationDirection direction : {navigationDirection::left, navigationDirection::right,
+                                          navigationDirection::up, navigationDirection::down})
+        if (NodePtr button = childNodeWithName(navigationNode::nodeName(direction)))
+            button->setPosition(frame.topLeft() + navigationNode::cornerOffset(direction));
+}
+
+void sceneEditor::update(double)
+{
+    if (m_positionXCount) {
+        const QPointF offset = m_navigationNodes ? m_navigationNodes->position() : QPointF();
+        m_positionXCount->setText(SKLabel::readOut(-offset.x(), -offset.y()));
+    }
+    for (const elementNodePtr& node : m_nodeIntersected) {
+        tessaro::kit::PhysicsBody* body = node->physicsBody();
+        if (body && body->allContactedBodies().empty())
+            if (NodePtr marker = node->childNodeWithName(QStringLiteral("snapToImage")))
+                marker->removeFromParent();
+    }
+}
+
+void sceneEditor::didMoveToView(tessaro::kit::SceneView* view)
+{
+    const QSizeF viewSize = view ? QSizeF(view->size()) : QSizeF();
+    tessaro::diagnostic("Scene size: (" + tessaro::numberText(Scene::size().width()) + ", " +
+                        tessaro::numberText(Scene::size().height()) + "), view size: (" +
+                        tessaro::numberText(viewSize.width()) + ", " + tessaro::numberText(viewSize.height()) + ")");
+}
+
+void sceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
+{
+    const auto bodyA = contact.bodyA();
+    const auto bodyB = contact.bodyB();
+    if (!bodyA || !bodyB || !bodyA->node() || !bodyB->node() || !bodyA->node()->parent() ||
+        !bodyB->node()->parent())
+        return;
+    const std::uint32_t floorBit = tessaro::collisionBit(tessaro::collisionTypes::floor);
+    if (bodyA->categoryBitMask() != floorBit || bodyB->categoryBitMask() != floorBit)
+        return;
+    auto* a = dynamic_cast<elementNode*>(bodyA->node());
+    auto* b = dynamic_cast<elementNode*>(bodyB->node());
+    if (!a || !b)
+        return;
+    elementNode* selected = b->activelySelected ? b : a;
+    elementNode* other = selected == b ? a : b;
+    auto otherPtr = std::dynamic_pointer_cast<elementNode>(other->shared_from_this());
+    m_nodeIntersected.push_back(otherPtr);
+    const double selectedRight = selected->position().x() + selected->size().width() / 2;
+    const double otherRight = other->position().x() + other->size().width() / 2;
+    other->snaptoLocation = selectedRight < otherRight ? tessaro::pathDirection::right : tessaro::pathDirection::top;
+    other->showSnapMarker();
+}
+
+void sceneEditor::mouseDown(const tessaro::kit::MouseEvent&)
+{
+    deselect();
+    clearGlow();
+}
+
+// ---- Scrolling and selection hooks ----------------------------------------------------------------
+
+void sceneEditor::moveScene(publishedElementList selector, std::optional<tessaro::PointValue> value)
+{
+    if (selector != publishedElementList::scenePosition)
+        return;
+    const tessaro::PointValue point = value.value_or(tessaro::PointValue{});
+    if (m_tab)
+        m_tab->setScenePosition(point);
+    for (const NodePtr& layer : {m_pinnedBackgroundNodes, m_obstacleNodes, m_characterNodes, m_groundNodes,
+                                 m_coinNodes, m_artifactNodes, m_checkpointNodes, m_shieldsNodes, m_navigationNodes})
+        if (layer)
+            layer->setPosition(-point.x, -point.y);
+    emit scrolled();
+}
+
+tessaro::PointValue sceneEditor::scrollPosition() const
+{
+    if (!m_navigationNodes)
+        return {};
+    return {-m_navigationNodes->position().x(), -m_navigationNodes->position().y()};
+}
+
+void sceneEditor::clearGlow(const elementNode* keep)
+{
+    enumerateChildNodesWithName(QStringLiteral("//*"), [keep](const NodePtr& node, bool&) {
+        auto* element = dynamic_cast<elementNode*>(node.get());
+        if (element && element != keep)
+            element->removeGlow();
+    });
+}
+
+elementNodePtr sceneEditor::elementNamed(const QString& name) const
+{
+    elementNodePtr found;
+    if (name.isEmpty())
+        return found;
+    enumerateChildNodesWithName(QStringLiteral("//*"), [&](const NodePtr& node, bool& stop) {
+        if (node->name() == name) {
+            if (auto element = std::dynamic_pointer_cast<elementNode>(node)) {
+                found = element;
+                stop = true;
+            }
+        }
+    });
+    return found;
+}
+
+elementNodePtr sceneEditor::selectedNode() const
+{
+    if (!m_tab)
+        return nullptr;
+    return elementNamed(QString::fromStdString(m_tab->selectedObject().name));
+}
+
+void sceneEditor::deselect()
+{
+    if (m_tab) {
+        m_tab->setElementPhase(selectionPhase::NotSelected);
+        m_tab->setSelectedObject({});
+    }
+    for (const NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes})
+        if (layer)
+            for (const NodePtr& child : layer->children())
+                child->setAlpha(1);
+}
+
+void sceneEditor::setSelectionPublisher(SelectionPublisher publisher)
+{
+    selectionPublisher() = std::move(publisher);
+}
+
+void sceneEditor::publishSelection(elementNode& node)
+{
+    if (const SelectionPublisher& publisher = selectionPublisher()) {
+        publisher(*this, node);
+        return;
+    }
+    if (!m_tab)
+        return;
+    selectedObjectModel model;
+    model.name = node.name().toStdString();
+    model.type = node.kind();
+    m_tab->setSelectedObject(std::move(model));
+    m_tab->setElementPhase(selectionPhase::Selected);
+}
+
+void sceneEditor::setBackgroundsHidden(bool hidden)
+{
+    for (const NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes})
+        if (layer)
+            layer->setHidden(hidden);
+}
+
+// ---- Factory ---------------------------------------------------------------------------------------
+
+SceneFactory makeSceneEditorFactory()
+{
+    return [](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
+        auto scene = sceneEditor::create(&tab, setup);
+        QObject::connect(&tab, &projectTab::backgroundElementsHiddenChanged, scene.get(),
+                         [raw = scene.get(), &tab] { raw->setBackgroundsHidden(tab.backgroundElementsHidden()); });
+        return scene;
+    };
+}
+
+sceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene)
+{
+    return std::dynamic_pointer_cast<sceneEditor>(scene);
+}
+
+} // namespace stagewright

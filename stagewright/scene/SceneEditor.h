@@ -1,0 +1,271 @@
+// The canvas of one project tab: a kit scene that shows the selected level of
+// the tab and writes it back.
+//
+// Layout. Ten layer nodes, children of the scene at (0,0) and depth 1, hold
+// the elements by kind. Coordinates are the level's scene points, y up, the
+// origin at the centre of the view (anchor (0.5,0.5)). Scrolling moves the
+// layers, never the elements, so an element's stored position does not depend
+// on the scroll offset. The navigation buttons and the coordinate read-out are
+// children of the scene itself and stay at the view's lower left corner.
+//
+// Loading runs in two passes: ground and backgrounds first (they fix the
+// floor and the length of the level), then everything that stands on the
+// floor. While a level is open the nodes hold the truth; `writeBack` rebuilds
+// the level record from them.
+#pragma once
+
+#include "ElementNode.h"
+#include "NavigationControls.h"
+
+#include <stagewright/state/LevelScene.h>
+#include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SelectionModels.h>
+
+#include <tessaro/kit/LabelNode.h>
+#include <tessaro/kit/Scene.h>
+#include <tessaro/model/LevelRecords.h>
+
+#include <QObject>
+#include <QPointer>
+#include <QRectF>
+
+#include <functional>
+#include <map>
+#include <set>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace stagewright {
+
+
+class sceneEditor : public QObject, public tessaro::kit::Scene, public LevelScene {
+    Q_OBJECT
+public:
+    /// A scene for the levels of `tab` (none for a scene on its own), named,
+    /// coloured and sized as `setup` says.
+    sceneEditor(projectTab* tab, const SceneSetup& setup);
+    ~sceneEditor() override;
+    static std::shared_ptr<sceneEditor> create(projectTab* tab, const SceneSetup& setup = {});
+
+    projectTab* tab() const { return m_tab; }
+    // The node tree's parent and children, not the QObject ones.
+    using tessaro::kit::Node::children;
+    using tessaro::kit::Node::parent;
+
+    // ---- LevelScene --------------------------------------------------------------------
+    // Size, anchor and scale mode in the level's terms; the kit's own accessors
+    // (Scene::size() and so on) give the same values in Qt types.
+    void loadLevel(const tessaro::Uuid& levelId) override;
+    void writeBack(const tessaro::Uuid& levelId) override;
+    tessaro::SizeValue size() const override { return m_sceneSize; }
+    void setSize(tessaro::SizeValue size) override;
+    tessaro::PointValue anchorPoint() const override { return m_sceneAnchorPoint; }
+    void setAnchorPoint(tessaro::PointValue anchor) override;
+    sceneScaleMode scaleMode() const override { return m_sceneScaleMode; }
+    void setScaleMode(sceneScaleMode mode) override;
+    tessaro::sceneOrientationType orientation() const override { return m_sceneOrientation; }
+    void setOrientation(tessaro::sceneOrientationType orientation) override;
+    /// `clearScene(false)`.
+    void releaseContent() override;
+    /// `layoutNavigationControls()`.
+    void updateOverlays() override;
+
+    // ---- Layers (null after clearScene(false)) -----------------------------------------
+    const tessaro::kit::NodePtr& backgroundNodes() const { return m_backgroundNodes; }
+    const tessaro::kit::NodePtr& pinnedBackgroundNodes() const { return m_pinnedBackgroundNodes; }
+    const tessaro::kit::NodePtr& obstacleNodes() const { return m_obstacleNodes; }
+    const tessaro::kit::NodePtr& characterNodes() const { return m_characterNodes; }
+    const tessaro::kit::NodePtr& groundNodes() const { return m_groundNodes; }
+    const tessaro::kit::NodePtr& coinNodes() const { return m_coinNodes; }
+    const tessaro::kit::NodePtr& artifactNodes() const { return m_artifactNodes; }
+    const tessaro::kit::NodePtr& checkpointNodes() const { return m_checkpointNodes; }
+    const tessaro::kit::NodePtr& navigationNodes() const { return m_navigationNodes; }
+    const tessaro::kit::NodePtr& shieldsNodes() const { return m_shieldsNodes; }
+    /// The layer of a kind: obstacles, characters, ground, coins, artifacts,
+    /// checkpoints, shields, backgrounds (unpinned); null for the others.
+    tessaro::kit::NodePtr layerFor(tessaro::sceneObjectType kind) const;
+    /// The element nodes of a layer, in child order.
+    static std::vector<elementNodePtr> elementsOf(const tessaro::kit::NodePtr& layer);
+
+    // ---- Layout state ---------------------------------------------------------------------
+    /// The working copy of the level's backgrounds; every image has an id once
+    /// a level is loaded. Edit it, then call replaceBackgroundRecord or
+    /// rebuildBackgrounds.
+    std::optional<tessaro::Background>& backgroundList() { return m_backgroundList; }
+    const std::optional<tessaro::Background>& backgroundList() const { return m_backgroundList; }
+    /// Floor rectangles: x the left edge, y the floor height, the width, height 0.
+    const std::vector<QRectF>& groundBaseVariants() const { return m_groundBaseVariants; }
+    /// Accumulated width of all ground laid.
+    double levelEndX() const { return m_levelEndX; }
+    double levelEndY() const { return 0; }
+    /// Top edge and centre height of the last ground node laid.
+    double groundBase() const { return m_groundBase; }
+    double backgroundY() const { return m_backgroundY; }
+    const tessaro::Uuid& id() const { return m_id; }
+    std::vector<elementNodePtr>& nodeIntersected() { return m_nodeIntersected; }
+    const std::optional<QString>& nodeSelectedName() const { return m_nodeSelectedName; }
+    void setNodeSelectedName(std::optional<QString> name) { m_nodeSelectedName = std::move(name); }
+    /// The coordinate read-out; null after clearScene(false).
+    const std::shared_ptr<SKLabel>& positionXCount() const { return m_positionXCount; }
+
+    // ---- Construction and clearing ---------------------------------------------------------
+    /// Empties every layer; without `keepLayers` the layers and the read-out
+    /// leave the scene too (the scene is then dropped).
+    void clearScene(bool keepLayers);
+    /// Makes the four scroll buttons and the read-out.
+    void addNavigationControls();
+    /// Re-seats the scroll buttons at the frame's lower left corner.
+    void layoutNavigationControls();
+
+    // ---- Ground ------------------------------------------------------------------------------
+    /// Lays the sections from the left edge of the view to the right; starts
+    /// `levelEndX` over. A section with `isVisible` false is kept on a hidden
+    /// node that takes no room, so that it is saved in its place.
+    void layoutGround(const std::vector<tessaro::GroundSection>& sections);
+    /// The floor height at x: the last floor rectangle that covers x, else 0.
+    double groundHeight(double x) const;
+    /// Appends a floor rectangle, or widens the last one when the section
+    /// starts where it ends and has the same height or is sloped (`angle` in
+    /// `angles`).
+    void recordGroundVariant(double x, const elementNode& node,
+                             const std::vector<tessaro::groundPhysicsAngleType>& angles);
+    /// Writes back, lays the level's ground again and selects the section that
+    /// was selected.
+    void rebuildGround(const tessaro::Uuid& levelId);
+
+    // ---- Backgrounds ---------------------------------------------------------------------------
+    void rebuildBackgrounds();
+    /// Refreshes depth, visibility and picture of the nodes of one record.
+    void replaceBackgroundRecord(const tessaro::Uuid& id);
+    /// Appends an image of the object catalogue's background `elementName`.
+    void addBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type);
+    /// Hides or shows both background layers (the toolbar's flag).
+    void setBackgroundsHidden(bool hidden);
+
+    // ---- Placement --------------------------------------------------------------------------
+    elementNodePtr placeObstacle(const tessaro::ObstacleLevelItem& item);
+    elementNodePtr placeCharacter(const tessaro::CharacterLevelItem& item);
+    elementNodePtr placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image);
+    elementNodePtr placeCoin(const tessaro::Coin& coin, double dx, double dy);
+    elementNodePtr placeArtifact(const tessaro::Artifact& artifact);
+    elementNodePtr placeShield(const tessaro::Shield& shield, const std::string& image);
+    /// One element of the catalogue named `elementName` of `kind`, at the left
+    /// edge of the part of the level in view; the picker's call. Null when the
+    /// catalogue has no such element (a diagnostic line says so).
+    elementNodePtr addElement(tessaro::sceneObjectType kind, const std::string& elementName);
+    /// `repeatDistance` of the coins of the tab's selected level, (0,0) when absent.
+    tessaro::PointValue coinRepeatDistance() const;
+
+    // ---- Write-back collectors (the values writeBack stores) ----------------------------------
+    tessaro::LevelSettings collectSettings(const tessaro::Level* level) const;
+    std::optional<tessaro::Background> collectBackground(const tessaro::Level* level) const;
+    std::vector<tessaro::GroundSection> collectGround() const;
+    std::vector<tessaro::ObstacleLevelItem> collectObstacles() const;
+    std::vector<tessaro::CharacterLevelItem> collectCharacters() const;
+    tessaro::Artifacts collectArtifacts(const tessaro::Level* level) const;
+    tessaro::Shields collectShields(const tessaro::Level* level) const;
+    tessaro::Coins collectCoins(const tessaro::Level* level) const;
+    tessaro::CheckPointData collectCheckpoints(const tessaro::Level* level) const;
+    /// The record of one node (null for repeated copies and nodes of another kind).
+    std::optional<tessaro::ObstacleLevelItem> obstacleItem(const elementNode& node) const;
+    std::optional<tessaro::CharacterLevelItem> characterItem(const elementNode& node) const;
+
+    // ---- Scrolling, selection hooks ------------------------------------------------------------
+    /// Scrolls so that `value` is at the view's centre and records it as the
+    /// tab's `scenePosition`; only the selector `scenePosition` acts. The
+    /// unpinned backgrounds stay: they fill the view at every offset.
+    void moveScene(publishedElementList selector, std::optional<tessaro::PointValue> value);
+    /// The scroll offset: the negated position of `navigationNodes`.
+    tessaro::PointValue scrollPosition() const;
+    /// Removes every "glow" but the one of `keep`.
+    void clearGlow(const elementNode* keep = nullptr);
+    /// The node named by the tab's selected object, or null.
+    elementNodePtr selectedNode() const;
+    /// Back to no selection: phase NotSelected, an empty selected object, full
+    /// alpha on all backgrounds.
+    void deselect();
+    /// What publishing a selection does. The inspector installs the full
+    /// routine; without one the tab's selected object takes the node's name
+    /// and kind and the phase becomes Selected.
+    using SelectionPublisher = std::function<void(sceneEditor&, elementNode&)>;
+    static void setSelectionPublisher(SelectionPublisher publisher);
+    void publishSelection(elementNode& node);
+    /// The node with this name anywhere in the scene, or null.
+    elementNodePtr elementNamed(const QString& name) const;
+
+    // ---- Platform entry points ----------------------------------------------------------------
+    void update(double currentTime) override;
+    void didMoveToView(tessaro::kit::SceneView* view) override;
+    void didBeginContact(const tessaro::kit::PhysicsContact& contact) override;
+    /// Canvas clicks belong to selection; until it is installed they only deselect.
+    void mouseDown(const tessaro::kit::MouseEvent& event) override;
+
+signals:
+    void sceneSettingsChanged();
+    void backgroundListChanged();
+    /// The ground was laid again (load or rebuild).
+    void groundLaidOut();
+    /// The layers moved.
+    void scrolled();
+
+private:
+    friend class elementNode;
+
+    struct GroundCursor {
+        double runningX = 0;
+        std::int64_t sectionIndex = 0;
+    };
+    void layoutSection(const tessaro::GroundSection& section, GroundCursor& cursor);
+    void layBackground(const tessaro::BackgroundImage& record);
+    void applyPlatformSettings();
+    tessaro::kit::NodePtr makeLayer(const char* name);
+    /// A hidden node of `kind` holding a level item the scene cannot show.
+    elementNodePtr keepUnshown(tessaro::sceneObjectType kind, levelItemRecord item);
+    /// The catalogue records of this load, copied once per name.
+    std::shared_ptr<const catalogueRecord> catalogueEntry(tessaro::sceneObjectType kind, const std::string& name,
+                                                          std::optional<tessaro::sceneObjectType> objectType);
+    const tessaro::Level* tabLevel(const tessaro::Uuid& id) const;
+    tessaro::Level* tabLevel(const tessaro::Uuid& id);
+    /// Frame of the platform scene.
+    QRectF frameRect() const { return sceneFrame(); }
+
+    QPointer<projectTab> m_tab;
+    tessaro::SizeValue m_sceneSize;
+    sceneScaleMode m_sceneScaleMode = sceneScaleMode::aspectFit;
+    tessaro::PointValue m_sceneAnchorPoint{0.5, 0.5};
+    tessaro::sceneOrientationType m_sceneOrientation = tessaro::sceneOrientationType::landscape;
+    std::optional<tessaro::Background> m_backgroundList;
+    tessaro::kit::NodePtr m_backgroundNodes;
+    tessaro::kit::NodePtr m_pinnedBackgroundNodes;
+    tessaro::kit::NodePtr m_obstacleNodes;
+    tessaro::kit::NodePtr m_characterNodes;
+    tessaro::kit::NodePtr m_groundNodes;
+    tessaro::kit::NodePtr m_coinNodes;
+    tessaro::kit::NodePtr m_artifactNodes;
+    tessaro::kit::NodePtr m_checkpointNodes;
+    tessaro::kit::NodePtr m_shieldsNodes;
+    tessaro::kit::NodePtr m_navigationNodes;
+    std::vector<elementNodePtr> m_nodeIntersected;
+    std::optional<QString> m_nodeSelectedName;
+    std::shared_ptr<SKLabel> m_positionXCount;
+    std::vector<QRectF> m_groundBaseVariants;
+    double m_levelEndX = 0;
+    double m_groundBase = 0;
+    double m_backgroundY = 0;
+    tessaro::Uuid m_id = tessaro::Uuid::create();
+    std::map<std::pair<int, std::string>, std::shared_ptr<const catalogueRecord>> m_catalogueEntries;
+    /// Missing catalogue entries already reported, by kind and name.
+    std::set<std::pair<int, std::string>> m_reportedMissing;
+};
+
+using sceneEditorPtr = std::shared_ptr<sceneEditor>;
+
+/// The factory that makes the application's tabs edit their levels on a
+/// `sceneEditor`; install it with `SceneSettings::setSceneFactory`.
+SceneFactory makeSceneEditorFactory();
+
+/// The sceneEditor behind a tab's scene, or null.
+sceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene);
+
+} // namespace stagewright

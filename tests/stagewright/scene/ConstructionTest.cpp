@@ -1,0 +1,166 @@
+// Building the scene: layers, overlays, scene settings from the level, the
+// two load passes, clearing, and a frame loop that moves nothing.
+#include "SceneTestSupport.h"
+
+#include <tessaro/model/ConfigFiles.h>
+
+#include <gtest/gtest.h>
+
+namespace stagewright::test {
+namespace {
+
+TEST(SceneConstruction, LayersAndOverlaysOfANewScene)
+{
+    SceneWorkspace workspace;
+    auto scene = sceneEditor::create(nullptr, SceneSetup{});
+
+    const QStringList expected{"backgroundNodes",  "pinnedBackgroundNodes", "obstacleNodes",  "characterNodes",
+                               "groundNodes",      "coinsNodes",            "artifactsNodes", "checkpointsNodes",
+                               "navigatindNodes", "shieldsNodes"};
+    QStringList layers;
+    for (const auto& child : scene->children())
+        if (expected.contains(child->name())) {
+            layers << child->name();
+            EXPECT_EQ(child->zPosition(), 1);
+            EXPECT_EQ(child->position(), QPointF(0, 0));
+        }
+    EXPECT_EQ(layers, expected);
+    EXPECT_EQ(scene->coinNodes()->name(), "coinsNodes");
+
+    // 874 by 402 with the anchor in the middle: the frame's minimum corner is (-437, -201).
+    EXPECT_EQ(scene->childNodeWithName("navLeft")->position(), QPointF(-377, -121));
+    EXPECT_EQ(scene->childNodeWithName("navRight")->position(), QPointF(-257, -121));
+    EXPECT_EQ(scene->childNodeWithName("navTop")->position(), QPointF(-317, -91));
+    EXPECT_EQ(scene->childNodeWithName("navBottom")->position(), QPointF(-317, -151));
+    EXPECT_EQ(scene->childNodeWithName("navTop")->zPosition(), 1000000);
+    ASSERT_TRUE(scene->positionXCount());
+    EXPECT_EQ(scene->positionXCount()->text(), "X: 0.0  Y: 0.0");
+    EXPECT_EQ(scene->positionXCount()->position(), QPointF(-217, -111));
+
+    // A new size re-seats the buttons; the read-out stays where it was.
+    scene->setSize({1000, 500});
+    scene->layoutNavigationControls();
+    EXPECT_EQ(scene->childNodeWithName("navLeft")->position(), QPointF(-440, -170));
+    EXPECT_EQ(scene->positionXCount()->position(), QPointF(-217, -111));
+
+    scene->clearScene(true);
+    EXPECT_TRUE(scene->obstacleNodes());
+    scene->clearScene(false);
+    EXPECT_FALSE(scene->obstacleNodes());
+    EXPECT_FALSE(scene->positionXCount());
+    EXPECT_FALSE(scene->childNodeWithName("positionXCount"));
+    EXPECT_FALSE(scene->childNodeWithName("groundNodes"));
+}
+
+TEST(SceneConstruction, SceneSettingsComeFromTheLevel)
+{
+    SceneWorkspace workspace;
+    tessaro::Level level = emptyLevel();
+    level.settings.size.reset();
+    level.settings.anchorPoint.reset();
+    level.settings.sceneOrientation = "sideways";
+    level.settings.scaleMode = "aspectFit";
+    LoadedLevel loaded(level, {1024, 768});
+
+    EXPECT_EQ(loaded.scene->size(), (tessaro::SizeValue{874, 402}));
+    EXPECT_EQ(loaded.scene->Scene::size(), QSizeF(874, 402));
+    EXPECT_EQ(loaded.scene->anchorPoint(), (tessaro::PointValue{0.5, 0.5}));
+    EXPECT_EQ(loaded.scene->orientation(), tessaro::sceneOrientationType::landscape);
+    EXPECT_EQ(loaded.scene->scaleMode(), sceneScaleMode::aspectFit);
+    EXPECT_EQ(loaded.scene->Scene::scaleMode(), tessaro::kit::SceneScaleMode::AspectFit);
+
+    const tessaro::Level& saved = loaded.saved();
+    EXPECT_EQ(saved.settings.size, "{874.0,402.0}");
+    EXPECT_EQ(saved.settings.anchorPoint, "{0.5,0.5}");
+    EXPECT_EQ(saved.settings.sceneOrientation, "landscape");
+    EXPECT_EQ(saved.settings.scaleMode, "aspectFit");
+}
+
+TEST(SceneConstruction, ALevelWithoutGroundOrElements)
+{
+    SceneWorkspace workspace;
+    tessaro::Level level = emptyLevel();
+    tessaro::LevelEndData& end = level.levelEnd.emplace();
+    end.windowOffset = "{0,40}";
+    tessaro::WindowItem title;
+    title.type = "title";
+    title.text = "Well done";
+    end.windowItems = std::vector<tessaro::WindowItem>{title};
+    level.phaseEnd = end;
+    const tessaro::Level original = level;
+    LoadedLevel loaded(level);
+
+    EXPECT_EQ(loaded.scene->levelEndX(), 0);
+    EXPECT_TRUE(loaded.scene->groundBaseVariants().empty());
+    for (double x : {-1000.0, 0.0, 5000.0})
+        EXPECT_EQ(loaded.scene->groundHeight(x), 0);
+    for (const auto& layer : {loaded.scene->obstacleNodes(), loaded.scene->groundNodes(), loaded.scene->coinNodes()})
+        EXPECT_TRUE(layer->children().empty());
+
+    const tessaro::Level& saved = loaded.saved();
+    EXPECT_EQ(saved.levelEnd, original.levelEnd);
+    EXPECT_EQ(saved.phaseEnd, original.phaseEnd);
+    EXPECT_FALSE(saved.ground);
+    EXPECT_FALSE(saved.background);
+    // The collectible containers are made at the first write-back, empty.
+    ASSERT_TRUE(saved.coins);
+    EXPECT_EQ(saved.coins->coins, std::vector<tessaro::Coin>{});
+    ASSERT_TRUE(saved.checkpoints);
+    EXPECT_EQ(saved.checkpoints->locations, std::vector<tessaro::CheckPointLocation>{});
+}
+
+TEST(SceneConstruction, UnknownLevelIdsAndTablessScenesDoNothing)
+{
+    SceneWorkspace workspace;
+    tessaro::obstacleCatalogue() = {obstacleTemplate("Crate", "crate", "{40,40}")};
+    tessaro::Level level = emptyLevel();
+    tessaro::ObstacleLevelItem item;
+    item.elementName = "Crate";
+    item.properties.emplace().devices = at("{0,0}");
+    level.obstacles = std::vector<tessaro::ObstacleLevelItem>{item};
+    LoadedLevel loaded(level);
+    ASSERT_EQ(elements(loaded.scene->obstacleNodes()).size(), 1u);
+
+    auto other = sceneEditor::create(&loaded.tab, SceneSetup{});
+    other->loadLevel(tessaro::Uuid::create());
+    EXPECT_TRUE(other->obstacleNodes()->children().empty());
+
+    const tessaro::Level before = loaded.level();
+    loaded.scene->writeBack(tessaro::Uuid::create());
+    EXPECT_EQ(loaded.level(), before);
+
+    auto alone = sceneEditor::create(nullptr, SceneSetup{});
+    alone->loadLevel(loaded.id);
+    alone->writeBack(loaded.id);
+    EXPECT_TRUE(alone->obstacleNodes()->children().empty());
+}
+
+TEST(SceneConstruction, FramesMoveNoElement)
+{
+    SceneWorkspace workspace;
+    workspace.image(tessaro::sceneObjectType::character, "walker", 30, 40);
+    workspace.image(tessaro::sceneObjectType::ground, "grass", 200, 50);
+    tessaro::Character walker = characterTemplate("Walker", "walker", "{30,40}");
+    walker.useGravity = true;
+    walker.collisionMasks.emplace().collision = "floor";
+    tessaro::characterCatalogue() = {walker};
+    tessaro::Level level = emptyLevel();
+    level.ground = std::vector<tessaro::GroundSection>{tileSection("grass", "{200,50}")};
+    tessaro::CharacterLevelItem item;
+    item.elementName = "Walker";
+    item.name = "w";
+    item.properties.emplace().devices = at("{-400,300}");
+    level.characters = std::vector<tessaro::CharacterLevelItem>{item};
+    LoadedLevel loaded(level);
+
+    const auto node = elements(loaded.scene->characterNodes()).front();
+    ASSERT_TRUE(node->physicsBody());
+    EXPECT_TRUE(node->physicsBody()->isDynamic());
+    const QPointF before = node->position();
+    for (int frame = 0; frame < 30; ++frame)
+        loaded.scene->processFrame(frame / 30.0);
+    EXPECT_EQ(node->position(), before);
+}
+
+} // namespace
+} // namespace stagewright::test
