@@ -7,6 +7,7 @@
 #include <tessaro/kit/Scene.h>
 
 #include <QResizeEvent>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -24,6 +25,12 @@ void CanvasSceneView::resizeEvent(QResizeEvent* event)
     // The kit's view would resize a scene of the resize-fill mode to the
     // widget; here the widget follows the scene.
     QWidget::resizeEvent(event);
+}
+
+void CanvasSceneView::wheelEvent(QWheelEvent* event)
+{
+    tessaro::kit::SceneView::wheelEvent(event);
+    event->ignore();
 }
 
 CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) : QScrollArea(parent), m_tab(tab.get())

@@ -37,6 +37,8 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    /// The scene sees the wheel first; then it scrolls the canvas.
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 class CanvasView : public QScrollArea, public SceneHost {

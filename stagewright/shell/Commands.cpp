@@ -245,6 +245,19 @@ void Commands::toggleInspector()
     m_settings.setInspectorPresented(!m_settings.isInspectorPresented());
 }
 
+void Commands::showAdjacentTab(int direction)
+{
+    const auto& tabs = m_settings.projectTabs();
+    const std::shared_ptr<projectTab> tab = frontTab();
+    if (tabs.empty() || !tab)
+        return;
+    const auto it = std::find(tabs.begin(), tabs.end(), tab);
+    const auto count = std::ssize(tabs);
+    const auto index = it == tabs.end() ? 0 : std::distance(tabs.begin(), it);
+    const auto next = ((index + (direction < 0 ? -1 : 1)) % count + count) % count;
+    selectTab(tabs[std::size_t(next)]->id());
+}
+
 // ---- Level popover ------------------------------------------------------------------
 
 void Commands::addScene()
@@ -289,6 +302,26 @@ void Commands::setZoom(const QString& tag)
         return;
     tab->setScaledValue(tag);
     m_settings.setZoom(tag);
+}
+
+void Commands::stepZoom(int direction)
+{
+    const std::shared_ptr<projectTab> tab = frontTab();
+    if (!tab)
+        return;
+    const std::vector<ZoomStep>& steps = zoomSteps();
+    const double now = zoomFactor(tab->scaledValue());
+    // The nearest step above or below the present zoom, which may be none of
+    // the steps.
+    if (direction > 0) {
+        for (const ZoomStep& step : steps)
+            if (zoomFactor(step.tag) > now + 1e-9)
+                return setZoom(step.tag);
+    } else {
+        for (auto step = steps.rbegin(); step != steps.rend(); ++step)
+            if (zoomFactor(step->tag) < now - 1e-9)
+                return setZoom(step->tag);
+    }
 }
 
 void Commands::setBackgroundHidden(bool hidden)

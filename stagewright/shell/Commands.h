@@ -85,6 +85,8 @@ public:
     /// any. True when the tab was closed.
     bool closeTab(const tessaro::Uuid& tabId);
     void toggleInspector();
+    /// Puts the next (+1) or previous (-1) tab in front, round the ends.
+    void showAdjacentTab(int direction);
 
     // ---- Level popover ------------------------------------------------------
     void addScene();
@@ -98,6 +100,8 @@ public:
     // ---- Toolbar ------------------------------------------------------------
     /// Sets the front tab's zoom to a tag of `zoomSteps()`.
     void setZoom(const QString& tag);
+    /// One step of the zoom picker up (+1) or down (-1), within its range.
+    void stepZoom(int direction);
     void setBackgroundHidden(bool hidden);
     /// Opens the object library when it is not open.
     void showLibrary();

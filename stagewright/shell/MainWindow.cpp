@@ -152,6 +152,23 @@ void MainWindow::buildMenus()
     preferences->setMenuRole(QAction::PreferencesRole);
     connect(preferences, &QAction::triggered, this, [this] { m_commands.openWindow(WindowId::settings); });
 
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    QAction* zoomIn = addCommand(view, tr("Zoom In"), QKeySequence::ZoomIn, nullptr);
+    connect(zoomIn, &QAction::triggered, this, [this] { m_commands.stepZoom(+1); });
+    QAction* zoomOut = addCommand(view, tr("Zoom Out"), QKeySequence::ZoomOut, nullptr);
+    connect(zoomOut, &QAction::triggered, this, [this] { m_commands.stepZoom(-1); });
+    QAction* actualSize = addCommand(view, tr("Actual Size"), QKeySequence(QStringLiteral("Ctrl+0")), nullptr);
+    connect(actualSize, &QAction::triggered, this, [this] { m_commands.setZoom(QStringLiteral("1.00")); });
+    view->addSeparator();
+    addCommand(view, tr("Toggle Object Properties"), QKeySequence(QStringLiteral("Ctrl+Alt+I")),
+               &Commands::toggleInspector);
+    addCommand(view, tr("Object Library"), QKeySequence(QStringLiteral("Ctrl+L")), &Commands::showLibrary);
+    view->addSeparator();
+    QAction* nextTab = addCommand(view, tr("Next Tab"), QKeySequence(QStringLiteral("Ctrl+PgDown")), nullptr);
+    connect(nextTab, &QAction::triggered, this, [this] { m_commands.showAdjacentTab(+1); });
+    QAction* previousTab = addCommand(view, tr("Previous Tab"), QKeySequence(QStringLiteral("Ctrl+PgUp")), nullptr);
+    connect(previousTab, &QAction::triggered, this, [this] { m_commands.showAdjacentTab(-1); });
+
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     QAction* helpWindow = addCommand(help, tr("Tessaro - StageWright Help"), QKeySequence(), nullptr);
     helpWindow->setEnabled(false);

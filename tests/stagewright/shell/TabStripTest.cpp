@@ -74,6 +74,12 @@ TEST_F(TabStripTest, ButtonsFollowTheTabsWithTheirHelpTexts)
     front().setProjectDirty(true);
     EXPECT_FALSE(mark->isHidden());
 
+    // The keyboard goes round the tabs.
+    action("Next Tab")->trigger();
+    EXPECT_EQ(front().name(), QStringLiteral("Untitled 1"));
+    action("Previous Tab")->trigger();
+    EXPECT_EQ(front().name(), QStringLiteral("Hills"));
+
     // "+" adds a tab; the sidebar button shows and hides the inspector.
     window->tabStrip()->addButton()->click();
     EXPECT_EQ(tabNames().last(), QStringLiteral("Untitled 3"));

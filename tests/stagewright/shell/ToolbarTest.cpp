@@ -113,6 +113,15 @@ TEST_F(ToolbarTest, ScalingPickerSizesTheCanvasFrame)
     // The whole scene is drawn in the smaller frame.
     const QImage image = canvas->sceneView()->grab().toImage();
     EXPECT_EQ(image.size(), QSize(550, 250));
+
+    // The view commands step through the picker's values and stop at its ends.
+    action("Zoom Out")->trigger();
+    EXPECT_EQ(front().scaledValue(), QStringLiteral("0.50"));
+    action("Zoom In")->trigger();
+    EXPECT_EQ(front().scaledValue(), QStringLiteral("0.75"));
+    EXPECT_EQ(picker->currentText(), QStringLiteral("75%"));
+    action("Actual Size")->trigger();
+    EXPECT_EQ(canvas->frameSize(), QSize(1100, 500));
 }
 
 TEST_F(ToolbarTest, WithoutASceneTheFrameIs500By400)
