@@ -1,4 +1,5 @@
 // StageWright, the level editor: `stagewright [FILE...]`.
+#include <stagewright/scene/SceneEditor.h>
 #include <stagewright/shell/StageWrightApp.h>
 
 #include <QApplication>
@@ -19,7 +20,7 @@ int main(int argc, char** argv)
                                  QStringLiteral("[FILE...]"));
     parser.process(app);
 
-    stagewright::StageWrightApp stageWright(parser.positionalArguments());
+    stagewright::StageWrightApp stageWright(parser.positionalArguments(), stagewright::makeSceneEditorFactory());
     stageWright.show();
     return app.exec();
 }

@@ -4,6 +4,7 @@
 // with pictures of the main window, light and dark, beside the test program.
 #include "ShellTestSupport.h"
 
+#include <stagewright/scene/SceneEditor.h>
 #include <stagewright/shell/CanvasView.h>
 #include <stagewright/shell/StageWrightApp.h>
 #include <stagewright/state/ProjectTab.h>
@@ -24,9 +25,10 @@ QString sampleInDefaultWorkspace()
     return defaultWorkspacePath() + QStringLiteral("Levels/Sample.plist");
 }
 
+/// The canvas the editor runs with.
 SceneFactory testSceneFactory()
 {
-    return blockSceneFactory(std::make_shared<QStringList>());
+    return makeSceneEditorFactory();
 }
 
 StageWrightApp* started = nullptr;
@@ -82,6 +84,42 @@ TEST(StartTest, FirstStartShowsTheSampleInTheNewDefaultWorkspace)
     EXPECT_GE(started.mainWindow().width(), 1300);
     EXPECT_GE(started.mainWindow().height(), 700);
     EXPECT_NE(started.mainWindow().frontCanvas()->shownScene(), nullptr);
+}
+
+TEST(StartTest, TheSampleGoesThroughTheCanvasAndBackToItsFile)
+{
+    StageWrightApp& started = app();
+    const std::shared_ptr<projectTab> tab = started.settings().selectedProjectTab();
+    const std::vector<tessaro::Level> before = tab->levelConfig();
+    CanvasView* canvas = started.mainWindow().frontCanvas();
+    const sceneEditorPtr first = sceneEditorOf(canvas->shownScene());
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->groundNodes()->children().size(), before[0].ground->size());
+    EXPECT_GE(first->obstacleNodes()->children().size(), before[0].obstacles->size());
+    EXPECT_EQ(canvas->frameSize(), QSize(874, 402));
+
+    // The second level in the same canvas, from the level list.
+    started.commands().showScene(*before[1].id);
+    QCoreApplication::processEvents();
+    const sceneEditorPtr second = sceneEditorOf(canvas->shownScene());
+    ASSERT_NE(second, nullptr);
+    EXPECT_NE(second, first);
+    EXPECT_EQ(second->groundNodes()->children().size(), before[1].ground->size());
+    EXPECT_EQ(canvas->sceneView()->scene().get(), static_cast<tessaro::kit::Scene*>(second.get()));
+
+    // "Save" writes what the canvas holds back to the sample's file.
+    started.mainWindow().action(QStringLiteral("Save"))->trigger();
+    const std::vector<tessaro::Level> saved = readProject(sampleInDefaultWorkspace());
+    ASSERT_EQ(saved.size(), before.size());
+    for (std::size_t i = 0; i < saved.size(); ++i) {
+        EXPECT_EQ(saved[i].ground->size(), before[i].ground->size()) << i;
+        EXPECT_EQ(saved[i].obstacles->size(), before[i].obstacles->size()) << i;
+        EXPECT_EQ(saved[i].characters->size(), before[i].characters->size()) << i;
+        EXPECT_EQ(saved[i].coins->coins->size(), before[i].coins->coins->size()) << i;
+        EXPECT_EQ(saved[i].background->backgrounds->size(), before[i].background->backgrounds->size()) << i;
+    }
+    started.commands().showScene(*tab->levelConfig()[0].id);
+    QCoreApplication::processEvents();
 }
 
 TEST(StartTest, WindowsFollowTheAppearance)
