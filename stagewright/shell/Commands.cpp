@@ -144,8 +144,17 @@ void Commands::save()
     const std::shared_ptr<projectTab> tab = frontTab();
     if (!tab)
         return;
-    if (m_settings.saveCommand())
+    if (const std::optional<bool> saved = m_settings.saveCommand()) {
+        // A file that could not be read when it was opened is not written
+        // over by a plain save: the user names the place, as for a new tab.
+        if (!*saved && tab->unreadableFile() && tab->unreadableFile() == tab->filePath()) {
+            const QFileInfo file(*tab->filePath());
+            if (const std::optional<QString> location =
+                    m_dialogs.chooseSaveLocation(file.absolutePath(), file.completeBaseName()))
+                saveTo(*location);
+        }
         return;
+    }
     const std::optional<QString> location = m_dialogs.chooseSaveLocation(levelsFolder(workingSpacePath()), QString());
     if (location)
         saveTo(*location);

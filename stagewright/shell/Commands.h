@@ -67,7 +67,8 @@ public:
     void openLevel();
     void openRecent(const recentDocumentItem& item);
     void clearRecentDocuments();
-    /// Saves the front tab to its file, or asks where when it has none.
+    /// Saves the front tab to its file, or asks where when it has none or
+    /// its file could not be read when it was opened.
     void save();
     /// Saves a copy of the front tab where the user says; the tab follows it.
     void duplicate();

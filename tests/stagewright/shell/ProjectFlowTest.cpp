@@ -11,6 +11,7 @@
 #include <stagewright/state/Workspace.h>
 
 #include <QAction>
+#include <QFile>
 #include <QFileInfo>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -55,6 +56,8 @@ TEST_F(ProjectFlowTest, OpenSwitchLevelSwitchTabSaveClose)
     EXPECT_FALSE(popover->isVisible());
     EXPECT_EQ(forest->levelSelected(), third);
     EXPECT_TRUE(sceneLog->contains(QStringLiteral("write 0")));
+    // Held here, so that what the canvas does with it stays observable.
+    const std::shared_ptr<LevelScene> thirdShown = forestCanvas->shownScene();
     BlockScene* thirdScene = shownScene(forestCanvas);
     ASSERT_NE(thirdScene, nullptr);
     EXPECT_EQ(thirdScene->loaded, third);
@@ -100,7 +103,7 @@ TEST_F(ProjectFlowTest, OpenSwitchLevelSwitchTabSaveClose)
     settle();
     EXPECT_EQ(window->canvasFor(forest->id()), nullptr);
     EXPECT_EQ(window->tabStrip()->buttons().size(), 1u);
-    EXPECT_EQ(thirdScene->host(), nullptr);
+    EXPECT_EQ(thirdShown->host(), nullptr);
 }
 
 TEST_F(ProjectFlowTest, SaveOfANewTabAsksWhereAndTheTabFollowsTheFile)
@@ -126,6 +129,32 @@ TEST_F(ProjectFlowTest, SaveOfANewTabAsksWhereAndTheTabFollowsTheFile)
     action("Save")->trigger();
     EXPECT_EQ(dialogs.saveRequests.size(), 2u);
     EXPECT_EQ(readProject(target).size(), 2u);
+}
+
+TEST_F(ProjectFlowTest, SaveOfAnUnreadableFileAsksInsteadOfWritingOverIt)
+{
+    const QString broken = home->folder(QStringLiteral("projects")) + QStringLiteral("/Broken.plist");
+    {
+        QFile file(broken);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("<plist><array><dict><key>settings</key>");
+    }
+    settings->openProject(broken);
+    EXPECT_TRUE(front().levelConfig().empty());
+    commands->addScene();
+
+    action("Save")->trigger();
+    ASSERT_EQ(dialogs.saveRequests.size(), 1u);
+    EXPECT_EQ(dialogs.saveRequests[0].proposedName, QStringLiteral("Broken"));
+    QFile original(broken);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    EXPECT_EQ(original.readAll(), QByteArray("<plist><array><dict><key>settings</key>"));
+
+    // Named again in the panel, it is written.
+    dialogs.saveLocations.push_back(broken);
+    action("Save")->trigger();
+    EXPECT_EQ(readProject(broken).size(), 1u);
+    EXPECT_FALSE(front().isProjectDirty());
 }
 
 TEST_F(ProjectFlowTest, DuplicateWritesACopyThatTheTabThenEdits)
