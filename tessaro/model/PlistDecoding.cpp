@@ -253,8 +253,8 @@ void decodeValue(const Node& node, std::string& out)
 {
     expectKind(node, Kind::string, "string");
     const std::string_view text = node.text();
-    if (!isValidUtf8(text))
-        throw CodingError("String is not valid UTF-8.");
+    if (const char* problem = storedTextProblem(text))
+        throw CodingError(problem);
     out.assign(text);
 }
 

@@ -43,8 +43,8 @@ public:
     }
     void string(std::string_view s)
     {
-        if (!isValidUtf8(s))
-            throw CodingError("String is not valid UTF-8.");
+        if (const char* problem = storedTextProblem(s))
+            throw CodingError(problem);
         indent();
         out_ += "<string>";
         escape(s);
@@ -156,8 +156,8 @@ public:
     void key(std::string_view k) { pendingKey_.assign(k); }
     void string(std::string_view s)
     {
-        if (!isValidUtf8(s))
-            throw CodingError("String is not valid UTF-8.");
+        if (const char* problem = storedTextProblem(s))
+            throw CodingError(problem);
         add(plist_new_string(std::string(s).c_str()));
     }
     void integer(std::int64_t value) { add(plist_new_uint(static_cast<std::uint64_t>(value))); }

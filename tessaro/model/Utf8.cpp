@@ -46,4 +46,13 @@ bool isValidUtf8(std::string_view text)
     return true;
 }
 
+const char* storedTextProblem(std::string_view text)
+{
+    if (text.find('\0') != std::string_view::npos)
+        return "String contains a NUL character, which a property list cannot hold.";
+    if (!isValidUtf8(text))
+        return "String is not valid UTF-8.";
+    return nullptr;
+}
+
 } // namespace tessaro

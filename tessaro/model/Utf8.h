@@ -9,4 +9,8 @@ namespace tessaro {
 /// above U+10FFFF).
 bool isValidUtf8(std::string_view text);
 
+/// Why a text cannot be stored in a property list, or null when it can: it
+/// must be UTF-8 and hold no NUL character, which XML cannot carry.
+const char* storedTextProblem(std::string_view text);
+
 } // namespace tessaro

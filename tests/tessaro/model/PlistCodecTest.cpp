@@ -335,6 +335,13 @@ TEST(PlistCodec, BadInputFailsCleanly)
                              8 + 8 + 3 + 32);
     EXPECT_NE(decodeError(nulKey).find("broken object"), std::string::npos);
 
+    // A NUL character cannot be written to XML: a binary document holding one
+    // is refused, and so is a record holding one.
+    Obstacle withNul;
+    withNul.name = std::string("a\0b", 3);
+    EXPECT_THROW(encodeRecordList(std::vector{withNul}), CodingError);
+    EXPECT_THROW(encodeRecordList(std::vector{withNul}, PlistFormat::binary), CodingError);
+
     // Deep nesting under a key nobody reads is skipped without recursion.
     std::string deep;
     for (int i = 0; i < 200000; ++i)
