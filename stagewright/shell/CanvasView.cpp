@@ -111,7 +111,10 @@ void CanvasView::applyBackgroundHidden()
 QSize CanvasView::frameSize() const
 {
     const double zoom = m_tab ? zoomFactor(m_tab->scaledValue()) : 1.0;
-    const tessaro::SizeValue base = m_shown ? m_shown->size() : sizeWithoutScene;
+    tessaro::SizeValue base = m_shown ? m_shown->size() : sizeWithoutScene;
+    // A scene that has not taken a size yet is framed as no scene is.
+    if (!(base.width > 0 && base.height > 0))
+        base = sizeWithoutScene;
     return QSize(int(std::lround(base.width * zoom)), int(std::lround(base.height * zoom)));
 }
 
