@@ -52,9 +52,19 @@ std::int64_t shownCount(std::int64_t count, const std::string& what)
     return kMostPicturesShown;
 }
 
-ComposedPicture groundTile(const QString& name, QSizeF size)
+tessaro::kit::TexturePtr groundTexture(const QString& name)
 {
-    return pictureOf(SceneImageCache::shared().picture(tessaro::sceneObjectType::ground, name).texture, size);
+    return SceneImageCache::shared().picture(tessaro::sceneObjectType::ground, name).texture;
+}
+
+QString sizeKey(QSizeF size)
+{
+    return QString::number(size.width()) + QLatin1Char('x') + QString::number(size.height());
+}
+
+ComposedTexture finished(const ComposedPicture& picture)
+{
+    return {textureOf(picture), picture.size};
 }
 
 } // namespace
@@ -103,17 +113,20 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
         const double y = frame.top();
         if (m_tab)
             m_tab->setProjectDirty(true);
-        ComposedPicture picture;
+        ComposedTexture picture{textureOf(ComposedPicture{}), QSizeF(0, 0)};
         if (distance > 0) {
-            const ComposedPicture tile = groundTile(hazardTileName(type), size);
+            const tessaro::kit::TexturePtr tile = groundTexture(hazardTileName(type));
+            const double tileWidth = size.isEmpty() ? tile->size().width() : size.width();
             // Tiles are added until twice the offset and the picture reach the distance.
             std::int64_t count = 1;
-            if (tile.size.width() > 0)
-                count = std::max<std::int64_t>(
-                    1, std::int64_t(std::ceil((distance - 2 * offset.x) / tile.size.width())));
-            picture = repeatSideBySide(tile, int(shownCount(count, "tile count")));
+            if (tileWidth > 0)
+                count = std::max<std::int64_t>(1, std::int64_t(std::ceil((distance - 2 * offset.x) / tileWidth)));
+            const int shown = int(shownCount(count, "tile count"));
+            picture = ComposedPictureCache::shared().picture(
+                QStringLiteral("row ") + sizeKey(size) + QLatin1Char(' ') + QString::number(shown), {tile},
+                [&] { return finished(repeatSideBySide(pictureOf(tile, size), shown)); });
         }
-        auto node = elementNode::create(textureOf(picture), picture.size);
+        auto node = elementNode::create(picture.texture, picture.size);
         node->setSize(picture.size);
         node->setZPosition(z + 47);
         node->setPosition(cursor.runningX + offset.x + picture.size.width() / 2, y);
@@ -136,27 +149,34 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
     const std::vector<tessaro::groundPhysicsAngleType> angles =
         tessaro::listFromText<tessaro::groundPhysicsAngleType>(section.groundPhysicsAngleType.value_or(std::string()));
 
-    ComposedPicture picture;
+    ComposedTexture picture;
     if (stacked) {
         QStringList names = QString::fromStdString(image).split(QLatin1Char(','), Qt::SkipEmptyParts);
         if (names.isEmpty())
             names.push_back(QString());
-        ComposedPicture column = groundTile(names.front(), size);
-        for (qsizetype i = 1; i < names.size(); ++i)
-            column = joinStacked(column, groundTile(names[i], size));
-        const std::int64_t columns = shownCount(std::max<std::int64_t>(repeatCount, 0) + 1, "repeat count");
-        picture = repeatSideBySide(column, int(columns));
-    } else if (repeatCount >= 1) {
-        picture = repeatSideBySide(groundTile(firstImageName(image), size),
-                                   int(shownCount(repeatCount, "repeat count")));
+        std::vector<tessaro::kit::TexturePtr> tiles;
+        for (const QString& name : names)
+            tiles.push_back(groundTexture(name));
+        const int columns = int(shownCount(std::max<std::int64_t>(repeatCount, 0) + 1, "repeat count"));
+        picture = ComposedPictureCache::shared().picture(
+            QStringLiteral("columns ") + sizeKey(size) + QLatin1Char(' ') + QString::number(columns), tiles, [&] {
+                ComposedPicture column = pictureOf(tiles.front(), size);
+                for (std::size_t i = 1; i < tiles.size(); ++i)
+                    column = joinStacked(column, pictureOf(tiles[i], size));
+                return finished(repeatSideBySide(column, columns));
+            });
     } else {
-        picture = groundTile(firstImageName(image), size);
+        const tessaro::kit::TexturePtr tile = groundTexture(firstImageName(image));
+        const int copies = repeatCount >= 1 ? int(shownCount(repeatCount, "repeat count")) : 1;
+        picture = ComposedPictureCache::shared().picture(
+            QStringLiteral("row ") + sizeKey(size) + QLatin1Char(' ') + QString::number(copies), {tile},
+            [&] { return finished(repeatSideBySide(pictureOf(tile, size), copies)); });
     }
 
     cursor.runningX += offset.x;
     const double pw = picture.size.width();
     const double ph = picture.size.height();
-    auto node = elementNode::create(textureOf(picture), picture.size);
+    auto node = elementNode::create(picture.texture, picture.size);
     node->setSize(picture.size);
     node->setZPosition(z + 50);
     node->setPosition(cursor.runningX + pw / 2, offset.y + ph / 2 + frame.top());

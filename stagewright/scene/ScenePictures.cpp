@@ -8,6 +8,7 @@
 #include <tessaro/model/Diagnostics.h>
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
@@ -134,11 +135,27 @@ void SceneImageCache::clear()
 ScenePicture SceneImageCache::picture(tessaro::sceneObjectType kind, const QString& name)
 {
     const Key key{workingSpacePath(), int(kind), name, workspaceImageScale()};
+    // A file is looked at again at most once a second: loading a level asks
+    // for the same few pictures thousands of times.
+    static const QElapsedTimer clock = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    const qint64 now = clock.elapsed() + 1;
     const auto found = m_entries.find(key);
-    if (found != m_entries.end() && modificationStamp(found->second.checkedPath) == found->second.stamp)
-        return found->second.picture;
+    if (found != m_entries.end()) {
+        Entry& entry = found->second;
+        if (now - entry.checkedAt < 1000)
+            return entry.picture;
+        if (modificationStamp(entry.checkedPath) == entry.stamp) {
+            entry.checkedAt = now;
+            return entry.picture;
+        }
+    }
     Entry entry;
     entry.picture = load(kind, name, entry);
+    entry.checkedAt = now;
     return (m_entries[key] = std::move(entry)).picture;
 }
 
@@ -200,6 +217,38 @@ ScenePicture SceneImageCache::load(tessaro::sceneObjectType kind, const QString&
     result.texture = tessaro::kit::Texture::fromImage(image, workspaceImageScale());
     result.found = true;
     return result;
+}
+
+// ---- Composed pictures ------------------------------------------------------------------
+
+ComposedPictureCache& ComposedPictureCache::shared()
+{
+    static ComposedPictureCache cache;
+    return cache;
+}
+
+ComposedTexture ComposedPictureCache::picture(const QString& recipe, const std::vector<tessaro::kit::TexturePtr>& sources,
+                                              const std::function<ComposedTexture()>& compose)
+{
+    QString key = recipe;
+    for (const tessaro::kit::TexturePtr& source : sources)
+        key += QLatin1Char('|') + QString::number(quintptr(source.get()), 16);
+    ++m_clock;
+    if (const auto found = m_entries.find(key); found != m_entries.end()) {
+        found->second.lastUse = m_clock;
+        return found->second.picture;
+    }
+    // Keep the pictures of a few large levels; forget the least recently used.
+    constexpr std::size_t kMostEntries = 256;
+    if (m_entries.size() >= kMostEntries) {
+        auto oldest = m_entries.begin();
+        for (auto it = m_entries.begin(); it != m_entries.end(); ++it)
+            if (it->second.lastUse < oldest->second.lastUse)
+                oldest = it;
+        m_entries.erase(oldest);
+    }
+    Entry entry{sources, compose(), m_clock};
+    return (m_entries[key] = std::move(entry)).picture;
 }
 
 // ---- Application images ------------------------------------------------------------

@@ -9,7 +9,9 @@
 #include <QSizeF>
 #include <QString>
 
+#include <functional>
 #include <map>
+#include <vector>
 #include <string>
 #include <tuple>
 
@@ -49,14 +51,40 @@ public:
 private:
     struct Entry {
         ScenePicture picture;
-        QString checkedPath; // the file whose change makes the entry stale
-        qint64 stamp = -1;   // its modification time in ms, -1 when missing
+        QString checkedPath;  // the file whose change makes the entry stale
+        qint64 stamp = -1;    // its modification time in ms, -1 when missing
+        qint64 checkedAt = 0; // when the file was last looked at, ms of the cache's clock
     };
     using Key = std::tuple<QString, int, QString, double>; // workspace, kind, name, image scale
     ScenePicture load(tessaro::sceneObjectType kind, const QString& name, Entry& entry);
     tessaro::kit::TexturePtr placeholderTexture(tessaro::sceneObjectType kind);
 
     std::map<Key, Entry> m_entries;
+};
+
+/// Composed pictures by what they were composed of, so a level that is
+/// loaded again, or that repeats a section, composes it once. The key names
+/// the source textures, which change when their files do.
+struct ComposedTexture {
+    tessaro::kit::TexturePtr texture;
+    QSizeF size{0, 0}; // points
+};
+class ComposedPictureCache {
+public:
+    static ComposedPictureCache& shared();
+    /// The picture cached under `recipe` and `sources`, made by `compose` on a miss.
+    ComposedTexture picture(const QString& recipe, const std::vector<tessaro::kit::TexturePtr>& sources,
+                            const std::function<ComposedTexture()>& compose);
+    void clear() { m_entries.clear(); }
+
+private:
+    struct Entry {
+        std::vector<tessaro::kit::TexturePtr> sources; // held, so their addresses stay unique
+        ComposedTexture picture;
+        quint64 lastUse = 0;
+    };
+    std::map<QString, Entry> m_entries;
+    quint64 m_clock = 0;
 };
 
 /// An application image ("NavLeft", "snapto", ...): the resource image when the

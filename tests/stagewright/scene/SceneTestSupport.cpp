@@ -23,12 +23,14 @@ SceneWorkspace::SceneWorkspace() : m_path(m_dir.path() + QLatin1Char('/'))
     tessaro::objectCatalogue().clear();
     setWorkingSpacePathValue(m_path);
     SceneImageCache::shared().clear();
+    ComposedPictureCache::shared().clear();
     placeholder(16, 16);
 }
 
 SceneWorkspace::~SceneWorkspace()
 {
     SceneImageCache::shared().clear();
+    ComposedPictureCache::shared().clear();
     setWorkingSpacePathValue(QString());
     tessaro::obstacleCatalogue().clear();
     tessaro::characterCatalogue().clear();
