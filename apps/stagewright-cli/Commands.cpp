@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "FileCommands.h"
+#include "SceneCommands.h"
 
 #include <cstdio>
 #include <map>
@@ -15,7 +16,11 @@ void printUsage()
                "  stagewright-cli check FILE [--kind level|objects|characters|obstacles|app]\n"
                "      decode a project or catalogue file and print a summary\n"
                "  stagewright-cli convert FILE OUT [--binary|--xml] [--kind ...]\n"
-               "      re-encode a project or catalogue file (XML by default)\n",
+               "      re-encode a project or catalogue file (XML by default)\n"
+               "  stagewright-cli roundtrip WORKSPACE PROJECT OUT\n"
+               "      load every level into the canvas scene, write it back, save to OUT\n"
+               "  stagewright-cli render WORKSPACE PROJECT --level N --out FILE.png [--width W]\n"
+               "      draw level N (from 1) as the canvas shows it\n",
                stderr);
 }
 
@@ -33,6 +38,10 @@ int run(const std::vector<std::string>& args)
         return checkCommand(rest);
     if (verb == "convert")
         return convertCommand(rest);
+    if (verb == "roundtrip")
+        return roundtripCommand(rest);
+    if (verb == "render")
+        return renderCommand(rest);
     std::fprintf(stderr, "stagewright-cli: unknown command '%s'\n", verb.c_str());
     printUsage();
     return 1;
