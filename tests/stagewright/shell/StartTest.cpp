@@ -122,6 +122,29 @@ TEST(StartTest, TheSampleGoesThroughTheCanvasAndBackToItsFile)
     QCoreApplication::processEvents();
 }
 
+TEST(StartTest, TheCanvasButtonsScrollTheLevel)
+{
+    StageWrightApp& started = app();
+    CanvasView* canvas = started.mainWindow().frontCanvas();
+    const sceneEditorPtr scene = sceneEditorOf(canvas->shownScene());
+    ASSERT_NE(scene, nullptr);
+    const tessaro::kit::NodePtr right = scene->childNodeWithName(QStringLiteral("navRight"));
+    ASSERT_NE(right, nullptr);
+    // A short click where the button is drawn, through the widgets.
+    const QPoint at = canvas->sceneView()->convertPointFromScene(right->position()).toPoint();
+    QTest::mousePress(canvas->sceneView(), Qt::LeftButton, {}, at);
+    QTest::mouseRelease(canvas->sceneView(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(started.settings().selectedProjectTab()->scenePosition().x, 50);
+    EXPECT_EQ(scene->obstacleNodes()->position().x(), -50);
+    // And back.
+    const tessaro::kit::NodePtr left = scene->childNodeWithName(QStringLiteral("navLeft"));
+    ASSERT_NE(left, nullptr);
+    const QPoint back = canvas->sceneView()->convertPointFromScene(left->position()).toPoint();
+    QTest::mousePress(canvas->sceneView(), Qt::LeftButton, {}, back);
+    QTest::mouseRelease(canvas->sceneView(), Qt::LeftButton, {}, back);
+    EXPECT_EQ(started.settings().selectedProjectTab()->scenePosition().x, 0);
+}
+
 TEST(StartTest, WindowsFollowTheAppearance)
 {
     StageWrightApp& started = app();
