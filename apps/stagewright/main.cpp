@@ -5,22 +5,38 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
-int main(int argc, char** argv)
+namespace {
+
+void nameTheApplication()
 {
-    QApplication app(argc, argv);
     stagewright::setApplicationIdentity();
     QCoreApplication::setApplicationVersion(QStringLiteral(STAGEWRIGHT_VERSION));
+}
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QCoreApplication::translate("main", "Level editor for Tessaro games."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("files"),
-                                 QCoreApplication::translate("main", "Project files (.plist) to open."),
-                                 QStringLiteral("[FILE...]"));
-    parser.process(app);
+} // namespace
 
-    stagewright::StageWrightApp stageWright(parser.positionalArguments(), stagewright::makeSceneEditorFactory());
+int main(int argc, char** argv)
+{
+    QStringList files;
+    {
+        // The command line is read before the window system is needed, so
+        // that --help and --version work without a display.
+        QCoreApplication commandLine(argc, argv);
+        nameTheApplication();
+        QCommandLineParser parser;
+        parser.setApplicationDescription(QCoreApplication::translate("main", "Level editor for Tessaro games."));
+        parser.addHelpOption();
+        parser.addVersionOption();
+        parser.addPositionalArgument(QStringLiteral("files"),
+                                     QCoreApplication::translate("main", "Project files (.plist) to open."),
+                                     QStringLiteral("[FILE...]"));
+        parser.process(commandLine);
+        files = parser.positionalArguments();
+    }
+
+    QApplication app(argc, argv);
+    nameTheApplication();
+    stagewright::StageWrightApp stageWright(files, stagewright::makeSceneEditorFactory());
     stageWright.show();
     return app.exec();
 }
