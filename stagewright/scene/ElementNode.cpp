@@ -1,6 +1,7 @@
 #include "ElementNode.h"
 
 #include "SceneEditor.h"
+#include "SceneNumbers.h"
 #include "ScenePictures.h"
 
 #include <tessaro/kit/EffectNode.h>
@@ -96,6 +97,8 @@ void elementNode::addStackChildren(bool stacked, std::int64_t count, double dx, 
         return;
     const double w = size().width();
     const double h = size().height();
+    dx = drawablePosition(dx, "repeat distance x");
+    dy = drawablePosition(dy, "repeat distance y");
     const QPointF step = stacked ? QPointF(0, h / 2 + dy) : QPointF(w / 2 + dx, 0);
     // A row longer than anyone can place by hand is a typing slip; it is drawn
     // in part and kept whole in the record.
@@ -179,6 +182,10 @@ void elementNode::placeFromDevices()
     const sceneEditor* scene = editorScene();
     const auto ground = [scene](double x) { return scene ? scene->groundHeight(x) : 0.0; };
     const double h = size().height();
+    const auto place = [this](double x, double y) {
+        const std::string what = "position of element " + name().toStdString();
+        setPosition(drawablePosition(x, what), drawablePosition(y, what));
+    };
 
     const double baseY = property_useGravity ? ground(px) : py;
     double y0 = oy + baseY;
@@ -186,10 +193,10 @@ void elementNode::placeFromDevices()
 
     switch (type) {
     case sceneObjectType::coin:
-        setPosition(x0, py == 0 ? oy + ground(x0) + h / 2 : y0);
+        place(x0, py == 0 ? oy + ground(x0) + h / 2 : y0);
         break;
     case sceneObjectType::artifact:
-        setPosition(x0, oy + (py == 0 ? ground(x0) + h / 2 : y0));
+        place(x0, oy + (py == 0 ? ground(x0) + h / 2 : y0));
         break;
     case sceneObjectType::obstacles:
     case sceneObjectType::character: {
@@ -204,11 +211,11 @@ void elementNode::placeFromDevices()
         const double x = ox + x0;
         if (property_useGravity)
             y0 = ground(x0);
-        setPosition(x, oy + y0 + lift);
+        place(x, oy + y0 + lift);
         break;
     }
     default:
-        setPosition(x0, y0 + h / 2);
+        place(x0, y0 + h / 2);
         break;
     }
 

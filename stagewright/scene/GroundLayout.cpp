@@ -4,6 +4,7 @@
 // repeated over its distance. The ground fixes the length of the level and the
 // floor rectangles that elements with gravity stand on.
 #include "SceneEditor.h"
+#include "SceneNumbers.h"
 #include "ScenePictures.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -102,14 +103,17 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
     }
 
     const double z = section.zPosition.value_or(tessaro::defaultGroundZPosition);
-    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(section.devices);
-    const tessaro::SizeValue tileSize = tessaro::deviceValue<tessaro::fieldList::size>(section.devices);
+    const tessaro::PointValue offset =
+        drawablePoint(tessaro::deviceValue<tessaro::fieldList::offset>(section.devices), "ground offset");
+    const tessaro::SizeValue tileSize =
+        drawableSize(tessaro::deviceValue<tessaro::fieldList::size>(section.devices), "ground size");
     const QSizeF size(tileSize.width, tileSize.height);
     const std::optional<groundBaseType> type =
         tessaro::caseFromText<groundBaseType>(section.groundType.value_or("Ground"));
 
     if (type != groundBaseType::Ground) {
-        const double distance = tessaro::sizeFromText(section.distance.value_or(std::string())).width;
+        const double distance = drawablePosition(
+            tessaro::sizeFromText(section.distance.value_or(std::string())).width, "ground distance");
         const double y = frame.top();
         if (m_tab)
             m_tab->setProjectDirty(true);

@@ -3,6 +3,7 @@
 // floor that the ground has fixed. An item whose catalogue entry is missing
 // cannot be drawn; it is kept on a hidden node and saved as it was read.
 #include "SceneEditor.h"
+#include "SceneNumbers.h"
 #include "ScenePictures.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -32,6 +33,7 @@ struct ElementPicture {
 ElementPicture elementPicture(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size)
 {
     ElementPicture picture;
+    size = drawableSize(size, std::string(tessaro::caseText(kind)) + " size");
     picture.texture = SceneImageCache::shared().picture(kind, firstImageName(imageText)).texture;
     picture.size = size.width > 0 && size.height > 0 ? QSizeF(size.width, size.height) : picture.texture->size();
     return picture;
@@ -83,6 +85,14 @@ std::optional<tessaro::RotationProperties> mergedRotation(const tessaro::Rotatio
 std::uint32_t maskOr(const std::optional<std::string>& text)
 {
     return text ? tessaro::maskFromText(*text) : collisionBit(collisionTypes::none);
+}
+
+/// A position set before the device values are read: a number that cannot
+/// be shown is 0 here, and placeFromDevices says so.
+QPointF quietly(double x, double y)
+{
+    const auto usable = [](double v) { return std::isfinite(v) && std::abs(v) <= kFarthestPosition ? v : 0.0; };
+    return QPointF(usable(x), usable(y));
 }
 
 QString pairText(tessaro::PointValue p)
@@ -235,7 +245,7 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
             copy->repeatParentNode = node->name();
             copy->defaultViewProperties = entry;
             m_obstacleNodes->addChild(copy);
-            copy->setPosition(x, y);
+            copy->setPosition(quietly(x, y));
         }
         node->placeFromDevices();
     }
@@ -308,7 +318,7 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     node->loadedItem = std::make_shared<const levelItemRecord>(item);
     node->addChild(shapeNode::create(node->size().height()));
     m_characterNodes->addChild(node);
-    node->setPosition(position.x + offset.x, y + offset.y + node->size().height() / 2);
+    node->setPosition(quietly(position.x + offset.x, y + offset.y + node->size().height() / 2));
 
     node->applyPhysicsBody(maskOr(maskText(&tessaro::CollisionDetection::category)),
                            maskOr(maskText(&tessaro::CollisionDetection::contact)),
@@ -344,7 +354,7 @@ elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& l
     node->loadedItem = std::make_shared<const levelItemRecord>(location);
     node->addChild(shapeNode::create(node->size().height()));
     m_checkpointNodes->addChild(node);
-    node->setPosition(node->position().x(), offset.y + groundHeight(position.x) + node->size().height() / 2);
+    node->setPosition(quietly(node->position().x(), offset.y + groundHeight(position.x) + node->size().height() / 2));
 
     node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
                            collisionBit(collisionTypes::none), true, false);
@@ -506,7 +516,7 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
     }
 
     auto node = makeElement(kind, image, size, z);
-    node->setPosition(x, y);
+    node->setPosition(quietly(x, y));
     node->sequenceId = sequenceId;
     node->imageOverride = image;
     node->defaultViewProperties = entry;

@@ -1,5 +1,6 @@
 #include "SceneEditor.h"
 
+#include "SceneNumbers.h"
 #include "ScenePictures.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -9,6 +10,8 @@
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/ValueText.h>
+
+#include <cmath>
 
 namespace stagewright {
 
@@ -197,12 +200,23 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
     }
 
     const tessaro::LevelSettings& settings = level.settings;
-    m_sceneSize = settings.size ? tessaro::sizeFromText(*settings.size)
-                                : tessaro::SizeValue{tessaro::deviceSize(tessaro::deviceName::defaultDevice).width,
-                                                     tessaro::deviceSize(tessaro::deviceName::defaultDevice).height};
+    const tessaro::SizeValue deviceSize{tessaro::deviceSize(tessaro::deviceName::defaultDevice).width,
+                                        tessaro::deviceSize(tessaro::deviceName::defaultDevice).height};
+    m_sceneSize = settings.size ? drawableSize(tessaro::sizeFromText(*settings.size), "scene size") : deviceSize;
+    if (m_sceneSize.width <= 0 || m_sceneSize.height <= 0) {
+        if (settings.size)
+            tessaro::diagnostic("The scene size \"" + *settings.size + "\" has no area; the level is shown at " +
+                                tessaro::textFromSize(deviceSize) + ".");
+        m_sceneSize = deviceSize;
+    }
     m_sceneScaleMode = sceneScaleMode(tessaro::scaleModeFromText(settings.scaleMode));
     m_sceneAnchorPoint = settings.anchorPoint ? tessaro::pointFromText(*settings.anchorPoint)
                                               : tessaro::PointValue{0.5, 0.5};
+    if (!std::isfinite(m_sceneAnchorPoint.x) || !std::isfinite(m_sceneAnchorPoint.y)) {
+        tessaro::diagnostic("The anchor point \"" + *settings.anchorPoint + "\" cannot be used; the level is shown "
+                            "with the anchor in the middle.");
+        m_sceneAnchorPoint = {0.5, 0.5};
+    }
     m_sceneOrientation = tessaro::caseFromText<tessaro::sceneOrientationType>(settings.sceneOrientation)
                              .value_or(tessaro::sceneOrientationType::landscape);
     applyPlatformSettings();

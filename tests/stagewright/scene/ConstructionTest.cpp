@@ -164,3 +164,48 @@ TEST(SceneConstruction, FramesMoveNoElement)
 
 } // namespace
 } // namespace stagewright::test
+
+namespace stagewright::test {
+namespace {
+
+TEST(SceneConstruction, NumbersThatCannotBeDrawnAreShownSafelyAndKept)
+{
+    SceneWorkspace workspace;
+    workspace.image(tessaro::sceneObjectType::obstacles, "crate", 40, 40);
+    workspace.image(tessaro::sceneObjectType::ground, "grass", 100, 50);
+    tessaro::obstacleCatalogue() = {obstacleTemplate("Crate", "crate", "{40,40}")};
+    tessaro::Level level = emptyLevel();
+    level.settings.size = "{0,0}";
+    level.settings.anchorPoint = "{inf,0.5}";
+    tessaro::ObstacleLevelItem far, huge;
+    far.elementName = huge.elementName = "Crate";
+    far.properties.emplace().devices = at("{5,inf}");
+    huge.properties.emplace().devices = at("{10,0}", "{1e12,40}");
+    level.obstacles = std::vector<tessaro::ObstacleLevelItem>{far, huge};
+    level.ground = std::vector<tessaro::GroundSection>{hazardSection("Water", "{inf,0}"),
+                                                       tileSection("grass", "{inf,50}")};
+    const tessaro::Level original = level;
+
+    testing_support::DiagnosticCapture capture;
+    LoadedLevel loaded(level);
+    EXPECT_EQ(loaded.scene->size(), (tessaro::SizeValue{874, 402}));
+    EXPECT_EQ(loaded.scene->anchorPoint(), (tessaro::PointValue{0.5, 0.5}));
+    const auto obstacles = elements(loaded.scene->obstacleNodes());
+    ASSERT_EQ(obstacles.size(), 2u);
+    EXPECT_EQ(obstacles[0]->position(), QPointF(5, 0));
+    EXPECT_EQ(obstacles[1]->size(), QSizeF(100000, 40));
+    // The tile section shows its picture's own size; the hazard takes no room.
+    EXPECT_EQ(elements(loaded.scene->groundNodes())[1]->size(), QSizeF(100, 50));
+    EXPECT_EQ(loaded.scene->levelEndX(), 100);
+    EXPECT_TRUE(capture.contains("cannot be shown"));
+    EXPECT_TRUE(capture.contains("has no area"));
+
+    // The texts stay as the file had them.
+    const tessaro::Level& saved = loaded.saved();
+    EXPECT_EQ(saved.obstacles, original.obstacles);
+    EXPECT_EQ((*saved.ground)[0].distance, "{inf,0}");
+    EXPECT_EQ((*saved.ground)[1].devices, (*original.ground)[1].devices);
+}
+
+} // namespace
+} // namespace stagewright::test
