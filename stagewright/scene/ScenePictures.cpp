@@ -179,7 +179,7 @@ ScenePicture SceneImageCache::load(tessaro::sceneObjectType kind, const QString&
     };
 
     if (name.isEmpty())
-        return fallback(QStringLiteral("No image named for an element of the folder ") + folder);
+        return fallback(QStringLiteral("An element of the image folder ") + folder + QStringLiteral(" names no image"));
     if (!isPlainFileName(name))
         return fallback(QStringLiteral("Image name is not a plain file name: \"") + name + QLatin1Char('"'));
 
