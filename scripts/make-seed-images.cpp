@@ -410,7 +410,11 @@ void drawImages()
 
     save(groundTile(QColor(90, 180, 60), QColor(140, 95, 55), false, false), QStringLiteral("Ground/ground_grass.png"));
     save(groundTile(QColor(150, 110, 70), QColor(120, 85, 55), false, false), QStringLiteral("Ground/ground_dirt.png"));
+    // Water has two pictures: the trough stands for it in lists, the crest
+    // is what the canvas lays along the level.
     save(groundTile(QColor(60, 140, 230), QColor(30, 80, 170), true, false), QStringLiteral("Ground/trough_top_one.png"));
+    save(groundTile(QColor(80, 160, 240), QColor(30, 80, 170), true, false), QStringLiteral("Ground/crest_top_one.png"));
+    save(canvas(128, 128), QStringLiteral("Ground/transparent_ground.png"));
     save(groundTile(QColor(120, 220, 255), QColor(40, 160, 220), true, false),
          QStringLiteral("Ground/brightWater_ground.png"));
     save(groundTile(QColor(130, 110, 70), QColor(90, 75, 50), true, false),
@@ -585,7 +589,7 @@ void writeCatalogues()
                    },
                    "CharacterList.plist");
     writeCatalogue(std::vector{
-                       object("Coin", "coin", "coin", "{32.0,32.0}", "coin"),
+                       object("coin", "coin", "coin", "{32.0,32.0}", "coin"),
                        object("Shield", "shield", "shield", "{40.0,48.0}", "shield"),
                        object("Key", "artifact", "key", "{48.0,24.0}", "artifact1"),
                        object("Flag", "checkpoint", "flag", "{32.0,64.0}", "checkpoint"),

@@ -203,6 +203,9 @@ void Commands::moveTo()
     if (!access && error.isEmpty())
         error = tr("No access to %1.").arg(QFileInfo(source).absolutePath());
     if (moved) {
+        // The tab follows its file, so the next save writes it where it now is.
+        tab->setFilePath(destination);
+        tab->setName(QFileInfo(destination).completeBaseName());
         diagnosticLine(QStringLiteral("Success: ") + destination);
         return;
     }

@@ -193,6 +193,12 @@ TEST_F(ProjectFlowTest, MoveToMovesTheFile)
     EXPECT_EQ(readProject(destination).size(), 1u);
     EXPECT_TRUE(dialogs.failures.isEmpty());
 
+    // The tab follows the file: saving again writes the moved file only.
+    EXPECT_EQ(settings->selectedProjectTab()->filePath(), destination);
+    action("Save")->trigger();
+    EXPECT_FALSE(QFileInfo::exists(original));
+    EXPECT_EQ(readProject(destination).size(), 1u);
+
     // A move that cannot happen leaves the file and tells the user.
     const QString other = project(QStringLiteral("Other.plist"), 1);
     settings->openProject(other);
