@@ -84,6 +84,9 @@ TEST(StartTest, FirstStartShowsTheSampleInTheNewDefaultWorkspace)
     EXPECT_GE(started.mainWindow().width(), 1300);
     EXPECT_GE(started.mainWindow().height(), 700);
     EXPECT_NE(started.mainWindow().frontCanvas()->shownScene(), nullptr);
+    // A project just opened has nothing to save, even once its canvas is shown.
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(sample.isProjectDirty());
 }
 
 TEST(StartTest, TheSampleGoesThroughTheCanvasAndBackToItsFile)
