@@ -6,6 +6,8 @@
 #include <tessaro/kit/Scene.h>
 #include <tessaro/kit/SpriteNode.h>
 
+#include <bench/common/BenchmarkMain.h>
+
 #include <benchmark/benchmark.h>
 #include <box2d/box2d.h>
 
@@ -227,11 +229,5 @@ BENCHMARK(BM_PhysicsKit)->Args({2000, 0})->Args({2000, 1})->Unit(benchmark::kMil
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return tessaro::bench::runQtBenchmarks(argc, argv);
 }

@@ -8,6 +8,7 @@
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/Workspace.h>
 
+#include <bench/common/BenchmarkMain.h>
 #include <bench/common/SyntheticProject.h>
 
 #include <tessaro/model/ConfigFiles.h>
@@ -204,11 +205,5 @@ BENCHMARK(BM_RenderLevel)->Unit(benchmark::kMillisecond)->MinTime(2);
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return tessaro::bench::runQtBenchmarks(argc, argv);
 }

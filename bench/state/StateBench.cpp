@@ -4,6 +4,8 @@
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/Workspace.h>
 
+#include <bench/common/BenchmarkMain.h>
+#include <tests/support/PrivateHome.h>
 #include <bench/common/SyntheticProject.h>
 
 #include <tessaro/model/Diagnostics.h>
@@ -116,16 +118,6 @@ BENCHMARK(BM_OpenSyntheticProject)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv)
 {
     // A private home: nothing of the run reaches the user's own folders.
-    QTemporaryDir home;
-    const QByteArray root = QFile::encodeName(home.path());
-    qputenv("HOME", root);
-    qputenv("XDG_DATA_HOME", root + "/.local/share");
-    qputenv("XDG_CONFIG_HOME", root + "/.config");
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    testing_support::PrivateHome home;
+    return tessaro::bench::runQtBenchmarks(argc, argv);
 }

@@ -35,6 +35,25 @@ const T* loadedAs(const elementNode& node)
     return node.loadedItem ? std::get_if<T>(node.loadedItem.get()) : nullptr;
 }
 
+// What an obstacle or character item stores as its properties: the node's
+// override record with the node's animation, devices and sounds.
+template <class Properties>
+Properties propertiesToStore(const std::optional<Properties>& overrides, const elementNode& node)
+{
+    Properties properties;
+    if (overrides)
+        properties = *overrides;
+    else
+        properties.id = tessaro::Uuid::create();
+    if (node.animationOverrides)
+        properties.animation = *node.animationOverrides;
+    else
+        properties.animation.reset();
+    properties.devices = node.devices;
+    properties.soundEffects = node.soundEffects;
+    return properties;
+}
+
 /// A coin on the floor keeps no height of its own: every entry with a
 /// position stores y 0, which is where loading finds the floor again.
 void dropCoinHeights(std::vector<tessaro::DeviceProperties>& devices)
@@ -139,19 +158,7 @@ std::optional<tessaro::ObstacleLevelItem> sceneEditor::obstacleItem(const elemen
     item.elementName = node.catalogueElementName();
     item.name = node.property_objectName.value_or(std::string());
     item.zPosition = node.zPosition();
-    tessaro::Obstacle properties;
-    if (node.obstacleOverrides) {
-        properties = *node.obstacleOverrides;
-    } else {
-        properties.id = tessaro::Uuid::create();
-    }
-    if (node.animationOverrides)
-        properties.animation = *node.animationOverrides;
-    else
-        properties.animation.reset();
-    properties.devices = node.devices;
-    properties.soundEffects = node.soundEffects;
-    item.properties = std::move(properties);
+    item.properties = propertiesToStore(node.obstacleOverrides, node);
     return item;
 }
 
@@ -189,19 +196,7 @@ std::optional<tessaro::CharacterLevelItem> sceneEditor::characterItem(const elem
     item.zPosition = node.zPosition();
     storeSparse(item.hidesBehindObject, loaded && !loaded->hidesBehindObject, node.property_hidesBehindObject,
                 std::string());
-    tessaro::Character properties;
-    if (node.characterOverrides) {
-        properties = *node.characterOverrides;
-    } else {
-        properties.id = tessaro::Uuid::create();
-    }
-    if (node.animationOverrides)
-        properties.animation = *node.animationOverrides;
-    else
-        properties.animation.reset();
-    properties.devices = node.devices;
-    properties.soundEffects = node.soundEffects;
-    item.properties = std::move(properties);
+    item.properties = propertiesToStore(node.characterOverrides, node);
     return item;
 }
 

@@ -5,30 +5,15 @@
 
 #include <tessaro/model/Diagnostics.h>
 
+#include "support/PrivateHome.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 int main(int argc, char** argv)
 {
-    QTemporaryDir scratch;
-    const QByteArray root = scratch.path().toLocal8Bit();
-    qputenv("HOME", root + "/home");
-    qputenv("XDG_DATA_HOME", root + "/data");
-    qputenv("XDG_CONFIG_HOME", root + "/config");
-    qputenv("XDG_CACHE_HOME", root + "/cache");
-    qputenv("XDG_RUNTIME_DIR", root + "/runtime");
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + root + "/no-bus");
-    for (const char* folder : {"/home", "/data", "/config", "/cache", "/runtime"})
-        QDir().mkpath(QString::fromLocal8Bit(root + folder));
-    QFile::setPermissions(QString::fromLocal8Bit(root + "/runtime"),
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-
+    testing_support::PrivateHome home;
     QApplication app(argc, argv);
     stagewright::setApplicationIdentity();
     // The state's lines are many and say nothing to a test run that passes.
