@@ -17,27 +17,6 @@
 
 namespace stagewright::test {
 
-// ---- Home -----------------------------------------------------------------------
-
-ScratchHome::ScratchHome() : m_previousHome(qgetenv("HOME"))
-{
-    qputenv("HOME", QFile::encodeName(m_dir.path()));
-    QSettings(QStringLiteral("StageWright"), QStringLiteral("StageWright")).clear();
-}
-
-ScratchHome::~ScratchHome()
-{
-    qputenv("HOME", m_previousHome);
-    QSettings(QStringLiteral("StageWright"), QStringLiteral("StageWright")).clear();
-}
-
-QString ScratchHome::folder(const QString& relative) const
-{
-    const QString path = m_dir.path() + QLatin1Char('/') + relative;
-    QDir().mkpath(path);
-    return path;
-}
-
 // ---- Dialogs ----------------------------------------------------------------------
 
 namespace {

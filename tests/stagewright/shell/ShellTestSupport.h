@@ -2,6 +2,8 @@
 // a script, a small canvas scene, and a started main window.
 #pragma once
 
+#include "support/ScratchHome.h"
+
 #include <stagewright/shell/Commands.h>
 #include <stagewright/shell/Dialogs.h>
 #include <stagewright/shell/MainWindow.h>
@@ -27,18 +29,7 @@ namespace stagewright::test {
 
 /// HOME points into a fresh folder while it lives; the user defaults of the
 /// application are emptied before and after.
-class ScratchHome {
-public:
-    ScratchHome();
-    ~ScratchHome();
-    QString path() const { return m_dir.path(); }
-    /// A folder below the scratch home, made.
-    QString folder(const QString& relative) const;
-
-private:
-    QTemporaryDir m_dir;
-    QByteArray m_previousHome;
-};
+using testing_support::ScratchHome;
 
 /// Dialogs that give the answers queued in them and note what was asked.
 class ScriptedDialogs : public ShellDialogs {

@@ -150,10 +150,10 @@ TEST_F(StateFixture, AFileThatFailsToOpenIsNeverOverwrittenByAPlainSave)
     EXPECT_FALSE(tab.unreadableFile());
 
     // A missing file: same safe empty tab.
-    settings->openProject(home->home() + QStringLiteral("/nothing-here.plist"));
+    settings->openProject(home->path() + QStringLiteral("/nothing-here.plist"));
     EXPECT_TRUE(front().levelConfig().empty());
     EXPECT_FALSE(settings->saveProject());
-    EXPECT_FALSE(QFileInfo::exists(home->home() + QStringLiteral("/nothing-here.plist")));
+    EXPECT_FALSE(QFileInfo::exists(home->path() + QStringLiteral("/nothing-here.plist")));
 }
 
 TEST_F(StateFixture, AnEmptyProjectOpensWithNoLevels)

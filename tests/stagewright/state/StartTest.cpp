@@ -21,7 +21,7 @@ TEST_F(StateFixture, FirstStartCreatesTheDefaultWorkspaceAndEndsWithUntitled1)
 {
     defaults().setValue(QStringLiteral("isDark"), true);
     defaults().setValue(QStringLiteral("firstTimeViewDisplayed"), true);
-    const QString expected = home->home() + QStringLiteral("/StageWrightSpace/");
+    const QString expected = home->path() + QStringLiteral("/StageWrightSpace/");
     ASSERT_FALSE(QFileInfo::exists(expected));
 
     DiagnosticCapture capture;
@@ -59,10 +59,10 @@ TEST_F(StateFixture, StartUsesTheStoredWorkspaceOrFallsBackWithoutForgettingIt)
     defaults().setValue(QStringLiteral("workingSpacePath"), other);
     settings = std::make_unique<SceneSettings>(PermissionManager::shared());
     EXPECT_EQ(workingSpacePath(), other);
-    EXPECT_TRUE(QFileInfo::exists(home->home() + QStringLiteral("/StageWrightSpace/editor.xspace")));
+    EXPECT_TRUE(QFileInfo::exists(home->path() + QStringLiteral("/StageWrightSpace/editor.xspace")));
     settings.reset();
 
-    const QString gone = home->home() + QStringLiteral("/unplugged/drive/");
+    const QString gone = home->path() + QStringLiteral("/unplugged/drive/");
     defaults().setValue(QStringLiteral("workingSpacePath"), gone);
     DiagnosticCapture capture;
     settings = std::make_unique<SceneSettings>(PermissionManager::shared());

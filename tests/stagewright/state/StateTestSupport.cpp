@@ -32,25 +32,6 @@ bool DiagnosticCapture::containsPrefix(const std::string& prefix) const
     return std::any_of(m_lines.begin(), m_lines.end(), [&](const std::string& l) { return l.starts_with(prefix); });
 }
 
-ScratchHome::ScratchHome() : m_previousHome(qgetenv("HOME"))
-{
-    qputenv("HOME", QFile::encodeName(m_dir.path()));
-    QSettings(QStringLiteral("StageWright"), QStringLiteral("StageWright")).clear();
-}
-
-ScratchHome::~ScratchHome()
-{
-    qputenv("HOME", m_previousHome);
-    QSettings(QStringLiteral("StageWright"), QStringLiteral("StageWright")).clear();
-}
-
-QString ScratchHome::folder(const QString& relative) const
-{
-    const QString path = m_dir.path() + QLatin1Char('/') + relative;
-    QDir().mkpath(path);
-    return path;
-}
-
 void writeFile(const QString& path, const QByteArray& bytes)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());

@@ -2,6 +2,8 @@
 // diagnostic lines, and a scene that records what the tab asks of it.
 #pragma once
 
+#include "support/ScratchHome.h"
+
 #include <stagewright/state/LevelScene.h>
 #include <stagewright/state/ProjectTab.h>
 
@@ -34,18 +36,7 @@ private:
 
 /// A fresh home folder for one test: HOME points into a temporary folder and
 /// the user defaults of the application are emptied.
-class ScratchHome {
-public:
-    ScratchHome();
-    ~ScratchHome();
-    QString home() const { return m_dir.path(); }
-    /// A path below the scratch folder, made as a folder.
-    QString folder(const QString& relative) const;
-
-private:
-    QTemporaryDir m_dir;
-    QByteArray m_previousHome;
-};
+using testing_support::ScratchHome;
 
 /// Writes bytes to a file, making its folder.
 void writeFile(const QString& path, const QByteArray& bytes);
