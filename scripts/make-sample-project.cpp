@@ -39,34 +39,17 @@ class LevelBuilder {
 public:
     explicit LevelBuilder(const char* backgroundSky)
     {
-        level.id = Uuid::create();
-        level.settings.id = Uuid::create();
-        level.settings.scrollOrientation = "horizontal";
-        level.settings.sceneOrientation = "landscape";
-        level.settings.scaleMode = "aspectFill";
-        level.settings.size = textFromPair(sceneWidth, sceneHeight);
-        level.settings.anchorPoint = textFromPair(0.5, 0.5);
-        level.background.emplace().backgrounds.emplace();
-        level.background->soundEffects.emplace();
-        level.ground.emplace();
-        level.obstacles.emplace();
-        level.characters.emplace();
-        CheckPointData& checkpoints = level.checkpoints.emplace();
-        checkpoints.image = "Flag";
-        checkpoints.locations.emplace();
-        Coins& coins = level.coins.emplace();
-        coins.image = "coin";
-        coins.startCoinNumber = 0;
-        coins.repeatDistance = "{10, 10}";
-        coins.soundEffects.emplace();
-        coins.coins.emplace();
-        Shields& shields = level.shields.emplace();
-        shields.image = "shield";
-        shields.shields.emplace();
-        Artifacts& artifacts = level.artifacts.emplace();
-        artifacts.image = "key";
-        artifacts.startArtifactNumber = 0;
-        artifacts.artifacts.emplace();
+        BaseConfig config = BaseConfig::editorDefaults();
+        config.defaultSceneSize = {sceneWidth, sceneHeight};
+        level = newLevel(Uuid::create(), config);
+        level.checkpoints->image = "Flag";
+        level.coins->image = "coin";
+        level.coins->coins.emplace();
+        level.shields->image = "shield";
+        level.shields->shields.emplace();
+        level.artifacts->image = "key";
+        level.artifacts->startArtifactNumber = 0;
+        level.artifacts->artifacts.emplace();
         background(backgroundSky, 1, false, {});
     }
 
