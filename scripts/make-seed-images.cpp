@@ -294,8 +294,10 @@ QImage hills(QColor colour, double baseline, double amplitude, double waves, dou
     path.moveTo(0, backgroundHeight);
     for (int x = 0; x <= backgroundWidth; x += 8) {
         const double t = double(x) / backgroundWidth;
-        const double y = baseline - amplitude * (0.6 * std::sin(2 * std::numbers::pi * waves * t + phase) +
-                                                 0.4 * std::sin(2 * std::numbers::pi * waves * 2.3 * t + 2 * phase));
+        const double y = baseline -
+            amplitude *
+                (0.6 * std::sin(2 * std::numbers::pi * waves * t + phase) +
+                 0.4 * std::sin(2 * std::numbers::pi * waves * 2.3 * t + 2 * phase));
         path.lineTo(x, y);
     }
     path.lineTo(backgroundWidth, backgroundHeight);
@@ -412,8 +414,10 @@ void drawImages()
     save(groundTile(QColor(150, 110, 70), QColor(120, 85, 55), false, false), QStringLiteral("Ground/ground_dirt.png"));
     // Water has two pictures: the trough stands for it in lists, the crest
     // is what the canvas lays along the level.
-    save(groundTile(QColor(60, 140, 230), QColor(30, 80, 170), true, false), QStringLiteral("Ground/trough_top_one.png"));
-    save(groundTile(QColor(80, 160, 240), QColor(30, 80, 170), true, false), QStringLiteral("Ground/crest_top_one.png"));
+    save(groundTile(QColor(60, 140, 230), QColor(30, 80, 170), true, false),
+         QStringLiteral("Ground/trough_top_one.png"));
+    save(groundTile(QColor(80, 160, 240), QColor(30, 80, 170), true, false),
+         QStringLiteral("Ground/crest_top_one.png"));
     save(canvas(128, 128), QStringLiteral("Ground/transparent_ground.png"));
     save(groundTile(QColor(120, 220, 255), QColor(40, 160, 220), true, false),
          QStringLiteral("Ground/brightWater_ground.png"));
@@ -575,39 +579,41 @@ void writeCatalogue(const std::vector<R>& records, const char* name)
 
 void writeCatalogues()
 {
-    writeCatalogue(std::vector{
-                       obstacle("Crate", "crate", "{64.0,64.0}", "none", true, true, "staticObjectMovable"),
-                       obstacle("Spikes", "spikes", "{64.0,32.0}", "stoneSpike", false, false, "objectCausesDeath"),
-                       obstacle("Platform", "platform", "{160.0,24.0}", "movingPlatform", false, false,
-                                "floorAboveGround"),
-                       obstacle("Barrel", "barrel", "{48.0,64.0}", "barrel", true, true, "staticObjectMovable"),
-                   },
-                   "ObstacleList.plist");
-    writeCatalogue(std::vector{
-                       character("Hero", "hero", "{48.0,64.0}", "human", "humanPlayer", "Idle", "Move"),
-                       character("Slime", "slime", "{48.0,32.0}", "animal", "enemyTouch", std::nullopt, "Move"),
-                   },
-                   "CharacterList.plist");
-    writeCatalogue(std::vector{
-                       object("coin", "coin", "coin", "{32.0,32.0}", "coin"),
-                       object("Shield", "shield", "shield", "{40.0,48.0}", "shield"),
-                       object("Key", "artifact", "key", "{48.0,24.0}", "artifact1"),
-                       object("Flag", "checkpoint", "flag", "{32.0,64.0}", "checkpoint"),
-                       object("Grass", "ground", "ground_grass", "{64.0,64.0}", "none", "Ground"),
-                       object("Dirt", "ground", "ground_dirt", "{64.0,64.0}", "none", "Ground"),
-                       object("Water", "ground", "trough_top_one", "{64.0,64.0}", "none", "Water"),
-                       object("Bright water", "ground", "brightWater_ground", "{64.0,64.0}", "none", "BrightWater"),
-                       object("Muddy water", "ground", "muddyWater_ground", "{64.0,64.0}", "none", "MuddyWater"),
-                       object("Lava", "ground", "lava_top", "{64.0,64.0}", "none", "Lava"),
-                       object("Toxic green", "ground", "toxicGreen_ground", "{64.0,64.0}", "none", "ToxicGreen"),
-                       object("Spike pit", "ground", "spikes_1", "{64.0,64.0}", "none", "Spike"),
-                       object("Sky", "background", "sky", "{874.0,402.0}"),
-                       object("Far hills", "background", "hills_far", "{874.0,402.0}"),
-                       object("Near hills", "background", "hills_near", "{874.0,402.0}"),
-                       object("End window", "levelEnd", "window_panel", "{200.0,150.0}"),
-                       object("Phase banner", "phaseEnd", "phase_banner", "{200.0,60.0}"),
-                   },
-                   "ObjectList.plist");
+    writeCatalogue(
+        std::vector{
+            obstacle("Crate", "crate", "{64.0,64.0}", "none", true, true, "staticObjectMovable"),
+            obstacle("Spikes", "spikes", "{64.0,32.0}", "stoneSpike", false, false, "objectCausesDeath"),
+            obstacle("Platform", "platform", "{160.0,24.0}", "movingPlatform", false, false, "floorAboveGround"),
+            obstacle("Barrel", "barrel", "{48.0,64.0}", "barrel", true, true, "staticObjectMovable"),
+        },
+        "ObstacleList.plist");
+    writeCatalogue(
+        std::vector{
+            character("Hero", "hero", "{48.0,64.0}", "human", "humanPlayer", "Idle", "Move"),
+            character("Slime", "slime", "{48.0,32.0}", "animal", "enemyTouch", std::nullopt, "Move"),
+        },
+        "CharacterList.plist");
+    writeCatalogue(
+        std::vector{
+            object("coin", "coin", "coin", "{32.0,32.0}", "coin"),
+            object("Shield", "shield", "shield", "{40.0,48.0}", "shield"),
+            object("Key", "artifact", "key", "{48.0,24.0}", "artifact1"),
+            object("Flag", "checkpoint", "flag", "{32.0,64.0}", "checkpoint"),
+            object("Grass", "ground", "ground_grass", "{64.0,64.0}", "none", "Ground"),
+            object("Dirt", "ground", "ground_dirt", "{64.0,64.0}", "none", "Ground"),
+            object("Water", "ground", "trough_top_one", "{64.0,64.0}", "none", "Water"),
+            object("Bright water", "ground", "brightWater_ground", "{64.0,64.0}", "none", "BrightWater"),
+            object("Muddy water", "ground", "muddyWater_ground", "{64.0,64.0}", "none", "MuddyWater"),
+            object("Lava", "ground", "lava_top", "{64.0,64.0}", "none", "Lava"),
+            object("Toxic green", "ground", "toxicGreen_ground", "{64.0,64.0}", "none", "ToxicGreen"),
+            object("Spike pit", "ground", "spikes_1", "{64.0,64.0}", "none", "Spike"),
+            object("Sky", "background", "sky", "{874.0,402.0}"),
+            object("Far hills", "background", "hills_far", "{874.0,402.0}"),
+            object("Near hills", "background", "hills_near", "{874.0,402.0}"),
+            object("End window", "levelEnd", "window_panel", "{200.0,150.0}"),
+            object("Phase banner", "phaseEnd", "phase_banner", "{200.0,60.0}"),
+        },
+        "ObjectList.plist");
 }
 
 /// Lists every seed file in "seed.qrc" beside the seed folder, under the

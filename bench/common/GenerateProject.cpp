@@ -21,12 +21,18 @@ int main(int argc, char** argv)
     for (int i = 2; i + 1 < argc; i += 2) {
         const std::string option = argv[i];
         const int value = std::atoi(argv[i + 1]);
-        if (option == "--levels") shape.levels = value;
-        else if (option == "--obstacles") shape.obstaclesPerLevel = value;
-        else if (option == "--characters") shape.charactersPerLevel = value;
-        else if (option == "--coins") shape.coinsPerLevel = value;
-        else if (option == "--ground") shape.groundSectionsPerLevel = value;
-        else if (option == "--seed") shape.seed = static_cast<std::uint64_t>(value);
+        if (option == "--levels")
+            shape.levels = value;
+        else if (option == "--obstacles")
+            shape.obstaclesPerLevel = value;
+        else if (option == "--characters")
+            shape.charactersPerLevel = value;
+        else if (option == "--coins")
+            shape.coinsPerLevel = value;
+        else if (option == "--ground")
+            shape.groundSectionsPerLevel = value;
+        else if (option == "--seed")
+            shape.seed = static_cast<std::uint64_t>(value);
         else {
             std::fprintf(stderr, "unknown option %s\n", option.c_str());
             return 1;

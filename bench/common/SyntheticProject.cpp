@@ -23,7 +23,10 @@ public:
 
 private:
     double uniform(double low, double high) { return std::uniform_real_distribution<double>(low, high)(random_); }
-    int index(std::size_t count) { return static_cast<int>(std::uniform_int_distribution<std::size_t>(0, count - 1)(random_)); }
+    int index(std::size_t count)
+    {
+        return static_cast<int>(std::uniform_int_distribution<std::size_t>(0, count - 1)(random_));
+    }
     bool chance(double p) { return uniform(0, 1) < p; }
     double rounded(double v) { return roundedValue(v, 1); }
 
@@ -182,7 +185,8 @@ private:
             CheckPointLocation location;
             location.zPosition = 15;
             location.isVisible = true;
-            location.devices = std::vector<DeviceProperties>{placedAt(levelLength * (i + 1) / (shape_.checkpointsPerLevel + 1), -60)};
+            location.devices =
+                std::vector<DeviceProperties>{placedAt(levelLength * (i + 1) / (shape_.checkpointsPerLevel + 1), -60)};
             checkpoints.locations->push_back(location);
         }
 

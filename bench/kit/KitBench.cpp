@@ -128,7 +128,8 @@ std::vector<Layout> layout(int count)
     std::vector<Layout> out;
     const int perRow = 50;
     for (int i = 0; i < count; ++i)
-        out.push_back({QPointF(-1000 + (i % perRow) * 40 + (i / perRow % 2) * 10, -300 + (i / perRow) * 40), i % 2 == 0});
+        out.push_back(
+            {QPointF(-1000 + (i % perRow) * 40 + (i / perRow % 2) * 10, -300 + (i / perRow) * 40), i % 2 == 0});
     return out;
 }
 

@@ -5,8 +5,8 @@
 #include <stagewright/state/Workspace.h>
 
 #include <bench/common/BenchmarkMain.h>
-#include <tests/support/PrivateHome.h>
 #include <bench/common/SyntheticProject.h>
+#include <tests/support/PrivateHome.h>
 
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/LevelFiles.h>
@@ -58,7 +58,8 @@ struct Environment {
         const auto kinds = tessaro::allCases<tessaro::sceneObjectType>();
         for (int i = 0; i < count; ++i) {
             const auto kind = kinds[std::size_t(i) % (kinds.size() - 1)]; // every kind but none
-            QFile file(kindImageFolder(imageWorkspace, kind) + QStringLiteral("image_%1.png").arg(i, 5, 10, QLatin1Char('0')));
+            QFile file(kindImageFolder(imageWorkspace, kind) +
+                       QStringLiteral("image_%1.png").arg(i, 5, 10, QLatin1Char('0')));
             if (file.open(QIODevice::WriteOnly))
                 file.write(png);
         }

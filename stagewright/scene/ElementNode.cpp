@@ -127,15 +127,14 @@ std::string elementNode::physicsImageName() const
     case sceneObjectType::obstacles:
         return obstacleOverrides && obstacleOverrides->image ? *obstacleOverrides->image : "no obstacle image";
     case sceneObjectType::character:
-        return characterOverrides && characterOverrides->image ? *characterOverrides->image
-                                                                : "no enemy/friend image";
+        return characterOverrides && characterOverrides->image ? *characterOverrides->image : "no enemy/friend image";
     case sceneObjectType::artifact:
         return artifactOverrides && artifactOverrides->image ? *artifactOverrides->image : "no artifact image";
     case sceneObjectType::ground:
         return groundSection && groundSection->image ? *groundSection->image : "no ground image";
     case sceneObjectType::background:
-        if (const sceneEditor* scene = editorScene(); scene && scene->backgroundList() && backgroundAssociatedId &&
-                                                      scene->backgroundList()->backgrounds)
+        if (const sceneEditor* scene = editorScene();
+            scene && scene->backgroundList() && backgroundAssociatedId && scene->backgroundList()->backgrounds)
             for (const auto& record : *scene->backgroundList()->backgrounds)
                 if (record.id == backgroundAssociatedId && record.image)
                     return *record.image;
@@ -151,8 +150,8 @@ void elementNode::applyPhysicsBody(std::uint32_t category, std::uint32_t contact
     if (effective.isEmpty() && texture())
         effective = texture()->size();
     if (effective.isEmpty()) {
-        tessaro::diagnostic("Physics size zero for " + name().toStdString() + ", type: " +
-                            std::string(tessaro::caseText(kind())) + ", image: " + physicsImageName());
+        tessaro::diagnostic("Physics size zero for " + name().toStdString() +
+                            ", type: " + std::string(tessaro::caseText(kind())) + ", image: " + physicsImageName());
         return;
     }
     auto body = tessaro::kit::PhysicsBody::bodyWithTexture(texture(), 0.6f, effective);
@@ -192,12 +191,8 @@ void elementNode::placeFromDevices()
     double x0 = ox + px;
 
     switch (type) {
-    case sceneObjectType::coin:
-        place(x0, py == 0 ? oy + ground(x0) + h / 2 : y0);
-        break;
-    case sceneObjectType::artifact:
-        place(x0, oy + (py == 0 ? ground(x0) + h / 2 : y0));
-        break;
+    case sceneObjectType::coin: place(x0, py == 0 ? oy + ground(x0) + h / 2 : y0); break;
+    case sceneObjectType::artifact: place(x0, oy + (py == 0 ? ground(x0) + h / 2 : y0)); break;
     case sceneObjectType::obstacles:
     case sceneObjectType::character: {
         const double lift = property_useGravity ? h / 2 : 0;
@@ -214,9 +209,7 @@ void elementNode::placeFromDevices()
         place(x, oy + y0 + lift);
         break;
     }
-    default:
-        place(x0, y0 + h / 2);
-        break;
+    default: place(x0, y0 + h / 2); break;
     }
 
     if (type == sceneObjectType::obstacles) {

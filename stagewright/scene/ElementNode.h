@@ -134,10 +134,7 @@ public:
     /// The scene this node belongs to: its parent's parent or its parent.
     sceneEditor* editorScene() const;
     /// The kind, `none` when unset.
-    tessaro::sceneObjectType kind() const
-    {
-        return property_sceneObjectType.value_or(tessaro::sceneObjectType::none);
-    }
+    tessaro::sceneObjectType kind() const { return property_sceneObjectType.value_or(tessaro::sceneObjectType::none); }
     const tessaro::Obstacle* catalogueObstacle() const;
     const tessaro::Character* catalogueCharacter() const;
     const tessaro::GenericObject* catalogueObject() const;

@@ -112,8 +112,8 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
         tessaro::caseFromText<groundBaseType>(section.groundType.value_or("Ground"));
 
     if (type != groundBaseType::Ground) {
-        const double distance = drawablePosition(
-            tessaro::sizeFromText(section.distance.value_or(std::string())).width, "ground distance");
+        const double distance =
+            drawablePosition(tessaro::sizeFromText(section.distance.value_or(std::string())).width, "ground distance");
         const double y = frame.top();
         if (m_tab)
             m_tab->setProjectDirty(true);
@@ -194,8 +194,8 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
 
     const std::uint32_t staticBody = tessaro::collisionBit(tessaro::collisionTypes::staticObjectBody);
     const std::uint32_t collision = !stacked && repeatCount >= 1
-                                        ? staticBody | tessaro::collisionBit(tessaro::collisionTypes::enemyTouch)
-                                        : staticBody;
+        ? staticBody | tessaro::collisionBit(tessaro::collisionTypes::enemyTouch)
+        : staticBody;
     node->applyPhysicsBody(tessaro::collisionBit(tessaro::collisionTypes::floor),
                            tessaro::collisionBit(tessaro::collisionTypes::none), collision, false, false);
 
@@ -216,8 +216,7 @@ void sceneEditor::recordGroundVariant(double x, const elementNode& node,
         return;
     }
     QRectF& last = m_groundBaseVariants.back();
-    const bool sloped =
-        std::find(angles.begin(), angles.end(), tessaro::groundPhysicsAngleType::angle) != angles.end();
+    const bool sloped = std::find(angles.begin(), angles.end(), tessaro::groundPhysicsAngleType::angle) != angles.end();
     // A stretch grows only by a section that starts where it ends: after a
     // hazard or an offset gap the floor starts anew, so the gap has no floor
     // and the section beyond it has its own.

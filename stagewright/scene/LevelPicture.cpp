@@ -24,8 +24,7 @@ QImage renderWholeLevel(sceneEditor& scene, int pixelWidth)
     if (view.isEmpty())
         return {};
     constexpr double kWidestPicture = 16384;
-    const double scale =
-        pixelWidth > 0 ? pixelWidth / whole.width() : std::min(1.0, kWidestPicture / whole.width());
+    const double scale = pixelWidth > 0 ? pixelWidth / whole.width() : std::min(1.0, kWidestPicture / whole.width());
     const QSize size(std::max(1, int(std::lround(whole.width() * scale))),
                      std::max(1, int(std::lround(whole.height() * scale))));
     QImage picture(size, QImage::Format_ARGB32_Premultiplied);
@@ -39,9 +38,9 @@ QImage renderWholeLevel(sceneEditor& scene, int pixelWidth)
             child->setHidden(true);
         }
     const tessaro::kit::NodePtr scrolling[] = {
-        scene.pinnedBackgroundNodes(), scene.obstacleNodes(),   scene.characterNodes(),
-        scene.groundNodes(),           scene.coinNodes(),       scene.artifactNodes(),
-        scene.checkpointNodes(),       scene.shieldsNodes(),    scene.navigationNodes()};
+        scene.pinnedBackgroundNodes(), scene.obstacleNodes(), scene.characterNodes(),
+        scene.groundNodes(),           scene.coinNodes(),     scene.artifactNodes(),
+        scene.checkpointNodes(),       scene.shieldsNodes(),  scene.navigationNodes()};
     std::vector<QPointF> before;
     for (const tessaro::kit::NodePtr& layer : scrolling)
         before.push_back(layer ? layer->position() : QPointF());

@@ -17,7 +17,8 @@ QString SKLabel::readOut(double x, double y)
 }
 
 navigationNode::navigationNode(navigationDirection direction)
-    : SpriteNode(applicationTexture(imageName(direction)), QSizeF(50, 50)), moveDirection(direction)
+    : SpriteNode(applicationTexture(imageName(direction)), QSizeF(50, 50)),
+      moveDirection(direction)
 {
     setName(nodeName(direction));
     setZPosition(1000000);
@@ -91,8 +92,7 @@ void navigationNode::step()
         stopTimer();
         return;
     }
-    const bool horizontal =
-        moveDirection == navigationDirection::left || moveDirection == navigationDirection::right;
+    const bool horizontal = moveDirection == navigationDirection::left || moveDirection == navigationDirection::right;
     const double amount = stepFor(moveCount, horizontal ? moveXAmount : moveYAmount);
     ++moveCount;
     sceneEditor* scene = editor();

@@ -98,7 +98,7 @@ QPointF quietly(double x, double y)
 QString pairText(tessaro::PointValue p)
 {
     return QStringLiteral("(") + QString::fromStdString(tessaro::numberText(p.x)) + QStringLiteral(", ") +
-           QString::fromStdString(tessaro::numberText(p.y)) + QLatin1Char(')');
+        QString::fromStdString(tessaro::numberText(p.y)) + QLatin1Char(')');
 }
 
 void trace(const QString& line)
@@ -117,8 +117,8 @@ std::shared_ptr<const catalogueRecord> sceneEditor::catalogueEntry(sceneObjectTy
                                                                    std::optional<sceneObjectType> objectType)
 {
     const int kindKey = kind == sceneObjectType::obstacles || kind == sceneObjectType::character
-                            ? int(kind)
-                            : 100 + int(objectType.value_or(sceneObjectType::none));
+        ? int(kind)
+        : 100 + int(objectType.value_or(sceneObjectType::none));
     auto& cached = m_catalogueEntries[{kindKey, name}];
     if (cached)
         return cached;
@@ -179,8 +179,8 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
     const tessaro::Obstacle* over = present(item.properties);
 
     const std::string image = overOr(over, catalogue, &tessaro::Obstacle::image).value_or("placeholder");
-    tessaro::SizeValue size = over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices)
-                                   : tessaro::SizeValue{};
+    tessaro::SizeValue size =
+        over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices) : tessaro::SizeValue{};
     if (size == tessaro::SizeValue{})
         size = tessaro::deviceValue<tessaro::fieldList::size>(catalogue.devices);
     const bool useGravity = overOr(over, catalogue, &tessaro::Obstacle::useGravity).value_or(false);
@@ -207,8 +207,8 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
     }
     if (const tessaro::PhysicsProperty* physics = over && over->physics ? &*over->physics : present(catalogue.physics))
         node->physics = *physics;
-    node->rotationOverrides = mergedRotation(over ? present(over->rotationProperties) : nullptr,
-                                             present(catalogue.rotationProperties));
+    node->rotationOverrides =
+        mergedRotation(over ? present(over->rotationProperties) : nullptr, present(catalogue.rotationProperties));
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
     node->addChild(shapeNode::create(node->size().height()));
@@ -274,8 +274,8 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
             return (*over->collisionMasks).*field;
         return catalogue.collisionMasks ? (*catalogue.collisionMasks).*field : std::nullopt;
     };
-    tessaro::SizeValue size = over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices)
-                                   : tessaro::SizeValue{};
+    tessaro::SizeValue size =
+        over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices) : tessaro::SizeValue{};
     if (size == tessaro::SizeValue{})
         size = tessaro::deviceValue<tessaro::fieldList::size>(catalogue.devices);
     const std::optional<std::vector<tessaro::DeviceProperties>> devices =
@@ -480,9 +480,7 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
     const QRectF frame = frameRect();
 
     switch (kind) {
-    case sceneObjectType::coin:
-        z = 50;
-        break;
+    case sceneObjectType::coin: z = 50; break;
     case sceneObjectType::ground: {
         const std::vector<elementNodePtr> grounds = elementsOf(m_groundNodes);
         if (!grounds.empty()) {
@@ -505,8 +503,7 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
         break;
     default:
         if (size == tessaro::SizeValue{}) {
-            const QSizeF natural =
-                SceneImageCache::shared().picture(kind, firstImageName(image)).texture->size();
+            const QSizeF natural = SceneImageCache::shared().picture(kind, firstImageName(image)).texture->size();
             if (!natural.isEmpty()) {
                 const double fit = std::min(100 / natural.width(), 100 / natural.height());
                 size = {natural.width() * fit, natural.height() * fit};
@@ -537,9 +534,7 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
                 node->devices->push_back(entryForDevice);
 
     switch (kind) {
-    case sceneObjectType::obstacles:
-        node->obstacleOverrides.emplace().id = tessaro::Uuid::create();
-        break;
+    case sceneObjectType::obstacles: node->obstacleOverrides.emplace().id = tessaro::Uuid::create(); break;
     case sceneObjectType::character:
         node->characterOverrides.emplace().id = tessaro::Uuid::create();
         node->charClassType = tessaro::characterClassType::friendly;

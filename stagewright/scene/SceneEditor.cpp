@@ -33,7 +33,8 @@ sceneEditor::SelectionPublisher& selectionPublisher()
 } // namespace
 
 sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup)
-    : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)), m_tab(tab)
+    : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
+      m_tab(tab)
 {
     physicsWorld().setContactDelegate(this);
     // The canvas uses physics only to see floor pieces touch: bodies follow
@@ -210,10 +211,11 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
         m_sceneSize = deviceSize;
     }
     m_sceneScaleMode = sceneScaleMode(tessaro::scaleModeFromText(settings.scaleMode));
-    m_sceneAnchorPoint = settings.anchorPoint ? tessaro::pointFromText(*settings.anchorPoint)
-                                              : tessaro::PointValue{0.5, 0.5};
+    m_sceneAnchorPoint =
+        settings.anchorPoint ? tessaro::pointFromText(*settings.anchorPoint) : tessaro::PointValue{0.5, 0.5};
     if (!std::isfinite(m_sceneAnchorPoint.x) || !std::isfinite(m_sceneAnchorPoint.y)) {
-        tessaro::diagnostic("The anchor point \"" + *settings.anchorPoint + "\" cannot be used; the level is shown "
+        tessaro::diagnostic("The anchor point \"" + *settings.anchorPoint +
+                            "\" cannot be used; the level is shown "
                             "with the anchor in the middle.");
         m_sceneAnchorPoint = {0.5, 0.5};
     }
@@ -250,10 +252,9 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
 
 void sceneEditor::clearScene(bool keepLayers)
 {
-    const std::vector<NodePtr*> layers{&m_backgroundNodes, &m_pinnedBackgroundNodes, &m_obstacleNodes,
-                                       &m_characterNodes,  &m_groundNodes,           &m_coinNodes,
-                                       &m_artifactNodes,   &m_checkpointNodes,       &m_shieldsNodes,
-                                       &m_navigationNodes};
+    const std::vector<NodePtr*> layers{
+        &m_backgroundNodes, &m_pinnedBackgroundNodes, &m_obstacleNodes,   &m_characterNodes, &m_groundNodes,
+        &m_coinNodes,       &m_artifactNodes,         &m_checkpointNodes, &m_shieldsNodes,   &m_navigationNodes};
     for (NodePtr* layer : layers)
         if (*layer)
             (*layer)->removeAllChildren();
@@ -275,8 +276,8 @@ void sceneEditor::clearScene(bool keepLayers)
 void sceneEditor::addNavigationControls()
 {
     const QRectF frame = frameRect();
-    for (navigationDirection direction : {navigationDirection::left, navigationDirection::right,
-                                          navigationDirection::up, navigationDirection::down}) {
+    for (navigationDirection direction :
+         {navigationDirection::left, navigationDirection::right, navigationDirection::up, navigationDirection::down}) {
         auto button = std::make_shared<navigationNode>(direction);
         button->setPosition(frame.topLeft() + navigationNode::cornerOffset(direction));
         addChild(button);
@@ -301,8 +302,8 @@ void sceneEditor::layoutNavigationControls()
 {
     // sceneFrame() is y up: its top() is the minimum y, the bottom edge of the view.
     const QRectF frame = frameRect();
-    for (navigationDirection direction : {navigationDirection::left, navigationDirection::right,
-                                          navigationDirection::up, navigationDirection::down})
+    for (navigationDirection direction :
+         {navigationDirection::left, navigationDirection::right, navigationDirection::up, navigationDirection::down})
         if (NodePtr button = childNodeWithName(navigationNode::nodeName(direction)))
             button->setPosition(frame.topLeft() + navigationNode::cornerOffset(direction));
 }
@@ -333,8 +334,7 @@ void sceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
 {
     const auto bodyA = contact.bodyA();
     const auto bodyB = contact.bodyB();
-    if (!bodyA || !bodyB || !bodyA->node() || !bodyB->node() || !bodyA->node()->parent() ||
-        !bodyB->node()->parent())
+    if (!bodyA || !bodyB || !bodyA->node() || !bodyB->node() || !bodyA->node()->parent() || !bodyB->node()->parent())
         return;
     const std::uint32_t floorBit = tessaro::collisionBit(tessaro::collisionTypes::floor);
     if (bodyA->categoryBitMask() != floorBit || bodyB->categoryBitMask() != floorBit)
@@ -368,8 +368,8 @@ void sceneEditor::moveScene(publishedElementList selector, std::optional<tessaro
     const tessaro::PointValue point = value.value_or(tessaro::PointValue{});
     if (m_tab)
         m_tab->setScenePosition(point);
-    for (const NodePtr& layer : {m_pinnedBackgroundNodes, m_obstacleNodes, m_characterNodes, m_groundNodes,
-                                 m_coinNodes, m_artifactNodes, m_checkpointNodes, m_shieldsNodes, m_navigationNodes})
+    for (const NodePtr& layer : {m_pinnedBackgroundNodes, m_obstacleNodes, m_characterNodes, m_groundNodes, m_coinNodes,
+                                 m_artifactNodes, m_checkpointNodes, m_shieldsNodes, m_navigationNodes})
         if (layer)
             layer->setPosition(-point.x, -point.y);
     emit scrolled();

@@ -31,13 +31,12 @@
 
 #include <functional>
 #include <map>
-#include <set>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace stagewright {
-
 
 class sceneEditor : public QObject, public tessaro::kit::Scene, public LevelScene {
     Q_OBJECT

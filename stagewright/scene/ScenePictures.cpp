@@ -168,10 +168,12 @@ tessaro::kit::TexturePtr SceneImageCache::placeholderTexture(tessaro::sceneObjec
 ScenePicture SceneImageCache::load(tessaro::sceneObjectType kind, const QString& name, Entry& entry)
 {
     const bool isPlaceholder = name == QLatin1String("placeholder");
-    const QString folder = isPlaceholder ? QStringLiteral("Extras") : QString::fromLatin1(tessaro::imageFolderName(kind));
+    const QString folder =
+        isPlaceholder ? QStringLiteral("Extras") : QString::fromLatin1(tessaro::imageFolderName(kind));
     const auto fallback = [&](const QString& why) {
-        diagnosticLine(why + (isPlaceholder ? QStringLiteral(", showing the application's placeholder")
-                                            : QStringLiteral(", showing the placeholder")));
+        diagnosticLine(why +
+                       (isPlaceholder ? QStringLiteral(", showing the application's placeholder")
+                                      : QStringLiteral(", showing the placeholder")));
         ScenePicture result;
         result.texture = isPlaceholder ? tessaro::kit::Texture::fromImage(placeholderImage(), workspaceImageScale())
                                        : placeholderTexture(kind);
@@ -195,8 +197,8 @@ ScenePicture SceneImageCache::load(tessaro::sceneObjectType kind, const QString&
     QImage image;
     QString error;
     const QString& workspace = workingSpacePath();
-    const AccessResult access = PermissionManager::shared().withAccess(
-        workspace.isEmpty() ? QFileInfo(path).absolutePath() : workspace, [&] {
+    const AccessResult access =
+        PermissionManager::shared().withAccess(workspace.isEmpty() ? QFileInfo(path).absolutePath() : workspace, [&] {
             QImageReader reader(path);
             reader.setAutoTransform(true);
             image = reader.read();
@@ -227,7 +229,8 @@ ComposedPictureCache& ComposedPictureCache::shared()
     return cache;
 }
 
-ComposedTexture ComposedPictureCache::picture(const QString& recipe, const std::vector<tessaro::kit::TexturePtr>& sources,
+ComposedTexture ComposedPictureCache::picture(const QString& recipe,
+                                              const std::vector<tessaro::kit::TexturePtr>& sources,
                                               const std::function<ComposedTexture()>& compose)
 {
     QString key = recipe;
@@ -339,9 +342,9 @@ ComposedPicture repeatSideBySide(const ComposedPicture& unit, int count)
     result.size = QSizeF(unit.size.width() * count, unit.size.height());
     const double density = limitedDensity(result.size, unit.density());
     result.image = transparentImage(pixelsFor(result.size, density));
-    const QImage tile = density == unit.density() ? unit.image
-                                                   : unit.image.scaled(pixelsFor(unit.size, density),
-                                                                       Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage tile = density == unit.density()
+        ? unit.image
+        : unit.image.scaled(pixelsFor(unit.size, density), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     QPainter painter(&result.image);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const double step = unit.size.width() * density;

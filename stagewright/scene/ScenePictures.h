@@ -11,9 +11,9 @@
 
 #include <functional>
 #include <map>
-#include <vector>
 #include <string>
 #include <tuple>
+#include <vector>
 
 namespace stagewright {
 
@@ -28,7 +28,7 @@ QString firstImageName(const std::string& imageText);
 /// One workspace image as the canvas draws it.
 struct ScenePicture {
     tessaro::kit::TexturePtr texture; // never null; its size is the natural size in points
-    bool found = false;               // the named image itself was read
+    bool found = false; // the named image itself was read
 };
 
 /// Textures of workspace images by kind and name. An image is read once and
@@ -51,8 +51,8 @@ public:
 private:
     struct Entry {
         ScenePicture picture;
-        QString checkedPath;  // the file whose change makes the entry stale
-        qint64 stamp = -1;    // its modification time in ms, -1 when missing
+        QString checkedPath; // the file whose change makes the entry stale
+        qint64 stamp = -1; // its modification time in ms, -1 when missing
         qint64 checkedAt = 0; // when the file was last looked at, ms of the cache's clock
     };
     using Key = std::tuple<QString, int, QString, double>; // workspace, kind, name, image scale

@@ -21,7 +21,6 @@ class Scene;
 
 namespace stagewright {
 
-
 /// Sets the hidden flag of the two background layers of a canvas scene.
 void setBackgroundLayersHidden(tessaro::kit::Scene& scene, bool hidden);
 

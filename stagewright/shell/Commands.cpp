@@ -42,7 +42,10 @@ double zoomFactor(const QString& tag)
 }
 
 Commands::Commands(SceneSettings& settings, ShellDialogs& dialogs, WindowDirectory* windows, QObject* parent)
-    : QObject(parent), m_settings(settings), m_dialogs(dialogs), m_windows(windows),
+    : QObject(parent),
+      m_settings(settings),
+      m_dialogs(dialogs),
+      m_windows(windows),
       m_urlOpener([](const QUrl& url) { return QDesktopServices::openUrl(url); })
 {
     connect(&m_settings, &SceneSettings::selectedProjectTabChanged, this, &Commands::watchFrontTab);

@@ -29,7 +29,7 @@ class SceneSettings;
 /// One step of the "Scaling" picker: its title and the tag it stores.
 struct ZoomStep {
     QString title; // "50%"
-    QString tag;   // "0.50"
+    QString tag; // "0.50"
 };
 /// The seven steps from 50% to 200%.
 const std::vector<ZoomStep>& zoomSteps();

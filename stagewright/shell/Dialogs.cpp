@@ -93,8 +93,7 @@ std::optional<QString> runFilePanel(QWidget* parent, const QString& title, const
 
 std::optional<QString> DesktopDialogs::chooseFolder(const FolderPanel& panel)
 {
-    return runFolderPanel(m_parent, panel.title, panel.message, QString(), panel.directory,
-                          panel.canCreateDirectories);
+    return runFolderPanel(m_parent, panel.title, panel.message, QString(), panel.directory, panel.canCreateDirectories);
 }
 
 std::optional<QString> DesktopDialogs::chooseProjectToOpen(const QString& directory)

@@ -44,13 +44,13 @@ public:
 
 /// The texts of the questions, as the user reads them.
 struct DialogTexts {
-    static QString discardMessage();      // "Changes have been made."
-    static QString discardInformative();  // "Do you want to discard them?"
-    static QString discardButton();       // "Discard"
-    static QString cancelButton();        // "Cancel"
-    static QString deleteSceneMessage();  // "Are you sure you want to delete this scene?"
-    static QString deleteSceneButton();   // "Close"
-    static QString projectFilter();       // "Property lists (*.plist)"
+    static QString discardMessage(); // "Changes have been made."
+    static QString discardInformative(); // "Do you want to discard them?"
+    static QString discardButton(); // "Discard"
+    static QString cancelButton(); // "Cancel"
+    static QString deleteSceneMessage(); // "Are you sure you want to delete this scene?"
+    static QString deleteSceneButton(); // "Close"
+    static QString projectFilter(); // "Property lists (*.plist)"
 };
 
 /// The desktop's file dialogs and message boxes, modal to a window.

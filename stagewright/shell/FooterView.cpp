@@ -14,7 +14,9 @@
 namespace stagewright {
 
 FooterView::FooterView(SceneSettings& settings, Commands& commands, QWidget* parent)
-    : QWidget(parent), m_settings(settings), m_commands(commands)
+    : QWidget(parent),
+      m_settings(settings),
+      m_commands(commands)
 {
     setObjectName(QStringLiteral("footerView"));
     auto* layout = new QHBoxLayout(this);

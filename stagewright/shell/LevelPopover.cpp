@@ -18,7 +18,9 @@
 namespace stagewright {
 
 LevelPopover::LevelPopover(SceneSettings& settings, Commands& commands, QWidget* parent)
-    : QFrame(parent, Qt::Popup), m_settings(settings), m_commands(commands)
+    : QFrame(parent, Qt::Popup),
+      m_settings(settings),
+      m_commands(commands)
 {
     setObjectName(QStringLiteral("levelPopover"));
     setFrameShape(QFrame::StyledPanel);

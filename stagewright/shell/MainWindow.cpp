@@ -34,7 +34,10 @@ QString tabKey(const tessaro::Uuid& id)
 } // namespace
 
 MainWindow::MainWindow(SceneSettings& settings, Commands& commands, WindowManager* windows, QWidget* parent)
-    : QMainWindow(parent), m_settings(settings), m_commands(commands), m_windows(windows)
+    : QMainWindow(parent),
+      m_settings(settings),
+      m_commands(commands),
+      m_windows(windows)
 {
     setObjectName(WindowId::main);
     setMinimumSize(1300, 700);
@@ -96,8 +99,7 @@ MainWindow::MainWindow(SceneSettings& settings, Commands& commands, WindowManage
 
 MainWindow::~MainWindow() = default;
 
-QAction* MainWindow::addCommand(QMenu* menu, const QString& title, const QKeySequence& key,
-                                void (Commands::*slot)())
+QAction* MainWindow::addCommand(QMenu* menu, const QString& title, const QKeySequence& key, void (Commands::*slot)())
 {
     QAction* action = menu->addAction(title);
     action->setShortcut(key);
@@ -121,8 +123,8 @@ void MainWindow::buildMenus()
     m_commandsList.append(m_recentMenu->menuAction());
     file->addSeparator();
     m_save = addCommand(file, tr("Save"), QKeySequence(QStringLiteral("Ctrl+S")), &Commands::save);
-    m_duplicate = addCommand(file, tr("Duplicate..."), QKeySequence(QStringLiteral("Shift+Ctrl+D")),
-                             &Commands::duplicate);
+    m_duplicate =
+        addCommand(file, tr("Duplicate..."), QKeySequence(QStringLiteral("Shift+Ctrl+D")), &Commands::duplicate);
     // "Move To..." shares its key with "Duplicate...", which comes first.
     m_moveTo = addCommand(file, tr("Move To..."), QKeySequence(), &Commands::moveTo);
     m_showInFinder = addCommand(file, tr("Show in Finder"), QKeySequence(), &Commands::showInFinder);

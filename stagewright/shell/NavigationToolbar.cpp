@@ -18,7 +18,9 @@
 namespace stagewright {
 
 NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands, QWidget* parent)
-    : QToolBar(tr("Level"), parent), m_settings(settings), m_commands(commands)
+    : QToolBar(tr("Level"), parent),
+      m_settings(settings),
+      m_commands(commands)
 {
     setObjectName(QStringLiteral("navigationToolbar"));
     setMovable(false);
@@ -105,7 +107,8 @@ void NavigationToolbar::refresh()
     if (!tab)
         return;
     const tessaro::SizeValue size = tab->selectedSceneSize();
-    m_sceneSize->setText(tr("Scene Size: ") + QStringLiteral("%1 x %2").arg(std::lround(size.width)).arg(std::lround(size.height)));
+    m_sceneSize->setText(tr("Scene Size: ") +
+                         QStringLiteral("%1 x %2").arg(std::lround(size.width)).arg(std::lround(size.height)));
     const int index = m_scaling->findData(tab->scaledValue());
     m_scaling->setCurrentIndex(index >= 0 ? index : m_scaling->findData(QStringLiteral("1.00")));
     m_hideBackground->setChecked(tab->backgroundElementsHidden());

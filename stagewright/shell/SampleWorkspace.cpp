@@ -47,8 +47,8 @@ QStringList installSampleProjects(const QString& workspace, PermissionManager& g
                 continue;
             }
             // Files copied from the resources are read-only.
-            QFile::setPermissions(destination, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
-                                                   QFile::ReadOther);
+            QFile::setPermissions(destination,
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
             installed << destination;
         }
     });

@@ -2,10 +2,10 @@
 
 #include <QGuiApplication>
 #include <QIconEngine>
-#include <QPixmap>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QPixmap>
 
 namespace stagewright {
 
@@ -168,8 +168,8 @@ private:
         }
         case Symbol::moveDown:
         case Symbol::moveUp: {
-            p.drawPolyline(QPolygonF({QPointF(8, 10), QPointF(4, 10), QPointF(4, 21), QPointF(20, 21),
-                                      QPointF(20, 10), QPointF(16, 10)}));
+            p.drawPolyline(QPolygonF(
+                {QPointF(8, 10), QPointF(4, 10), QPointF(4, 21), QPointF(20, 21), QPointF(20, 10), QPointF(16, 10)}));
             p.drawLine(QPointF(12, 3), QPointF(12, 16));
             if (m_symbol == Symbol::moveDown)
                 p.drawPolyline(QPolygonF({QPointF(8.5, 12.5), QPointF(12, 16), QPointF(15.5, 12.5)}));

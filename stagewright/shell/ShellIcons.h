@@ -8,26 +8,26 @@
 namespace stagewright {
 
 enum class Symbol {
-    info,          // about
-    plus,          // new level tab
-    sidebarRight,  // toggle the inspector
-    xmark,         // close box of a tab
-    scenes,        // level popover
-    sceneSize,     // scene size sheet, "Add a Scene"
-    properties,    // level properties sheet
-    library,       // object library window
-    libraryOpen,   // ... while it is open
-    nodeList,      // node list popover
-    statistics,    // statistics sheet
-    checkmark,     // the selected level
-    moveDown,      // move a level down
-    moveUp,        // move a level up
-    trash,         // delete
+    info, // about
+    plus, // new level tab
+    sidebarRight, // toggle the inspector
+    xmark, // close box of a tab
+    scenes, // level popover
+    sceneSize, // scene size sheet, "Add a Scene"
+    properties, // level properties sheet
+    library, // object library window
+    libraryOpen, // ... while it is open
+    nodeList, // node list popover
+    statistics, // statistics sheet
+    checkmark, // the selected level
+    moveDown, // move a level down
+    moveUp, // move a level up
+    trash, // delete
     cut,
     copy,
     paste,
-    level,         // footer: the level's folder
-    workspace,     // footer: the workspace folder
+    level, // footer: the level's folder
+    workspace, // footer: the workspace folder
 };
 
 /// The freedesktop icon name of a symbol, or empty where the theme has none.

@@ -23,7 +23,10 @@ constexpr int stripHeight = 30;
 // ---- One tab -------------------------------------------------------------------
 
 TabButton::TabButton(projectTab& tab, Commands& commands, QWidget* parent)
-    : QFrame(parent), m_tab(&tab), m_id(tab.id()), m_commands(commands)
+    : QFrame(parent),
+      m_tab(&tab),
+      m_id(tab.id()),
+      m_commands(commands)
 {
     setObjectName(QStringLiteral("tabButton"));
     setCursor(Qt::PointingHandCursor);
@@ -99,7 +102,9 @@ void TabButton::paintEvent(QPaintEvent* event)
 // ---- The strip -------------------------------------------------------------------
 
 TabStrip::TabStrip(SceneSettings& settings, Commands& commands, QWidget* parent)
-    : QWidget(parent), m_settings(settings), m_commands(commands)
+    : QWidget(parent),
+      m_settings(settings),
+      m_commands(commands)
 {
     setObjectName(QStringLiteral("tabStrip"));
     setFixedHeight(stripHeight);

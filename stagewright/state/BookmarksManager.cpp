@@ -29,7 +29,8 @@ bool isSkipped(const QString& fileName)
 } // namespace
 
 BookmarksManager::BookmarksManager(QString grantFolder, QObject* parent)
-    : QObject(parent), m_grantFolder(std::move(grantFolder))
+    : QObject(parent),
+      m_grantFolder(std::move(grantFolder))
 {
 }
 

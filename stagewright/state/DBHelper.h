@@ -18,9 +18,10 @@ struct sqlite3;
 
 namespace stagewright {
 
-#define STAGEWRIGHT_SETTINGS_NAMES(X)                                                      \
-    X(defaultImageType) X(defaultSoundType) X(defaultImageScale) X(defaultSceneSize)        \
-    X(defaultSceneOrientation) X(defaultScaleMode) X(defaultAnchorPoint) X(debugOptions)
+#define STAGEWRIGHT_SETTINGS_NAMES(X)                                                                                  \
+    X(defaultImageType)                                                                                                \
+    X(defaultSoundType) X(defaultImageScale) X(defaultSceneSize) X(defaultSceneOrientation) X(defaultScaleMode)        \
+        X(defaultAnchorPoint) X(debugOptions)
 /// The columns of the table Settings; a case's text is its column name.
 enum class settingsNames { STAGEWRIGHT_SETTINGS_NAMES(TESSARO_ENUM_CASE) };
 
@@ -79,7 +80,6 @@ public:
     void insertDefaultSettings();
     /// Replaces the settings row with the first-run values and reads it back.
     tessaro::appConfig resetSettings();
-
 };
 
 /// What the store gives when a workspace becomes current.

@@ -29,12 +29,12 @@ QString applicationName()
 OpenPanelManager OpenPanelManager::standard()
 {
     OpenPanelManager panel;
-    panel.title = QCoreApplication::translate("PermissionManager", "Access permissions required",
-                                              "Sandbox open panel title.");
-    panel.message = QCoreApplication::translate("PermissionManager",
-                                                "Please allow '%1' to access this file or folder to continue.",
-                                                "Sandbox open panel message.")
-                        .arg(applicationName());
+    panel.title =
+        QCoreApplication::translate("PermissionManager", "Access permissions required", "Sandbox open panel title.");
+    panel.message =
+        QCoreApplication::translate("PermissionManager", "Please allow '%1' to access this file or folder to continue.",
+                                    "Sandbox open panel message.")
+            .arg(applicationName());
     panel.prompt = QCoreApplication::translate("PermissionManager", "Allow", "Sandbox open panel prompt.");
     return panel;
 }
@@ -62,9 +62,7 @@ AccessTests probeFileSystem(const QString& location)
     return tests;
 }
 
-PermissionManager::PermissionManager(BookmarksManager& bookmarks) : m_bookmarks(bookmarks), m_probe(probeFileSystem)
-{
-}
+PermissionManager::PermissionManager(BookmarksManager& bookmarks) : m_bookmarks(bookmarks), m_probe(probeFileSystem) {}
 
 PermissionManager& PermissionManager::shared()
 {

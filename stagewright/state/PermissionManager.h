@@ -32,7 +32,7 @@ struct OpenPanelManager {
 
 /// What a folder chooser is asked.
 struct OpenPanelRequest {
-    QString location;  // the location that needs access
+    QString location; // the location that needs access
     QString directory; // where the panel opens: the location's parent folder
     OpenPanelManager texts;
 };
@@ -57,7 +57,7 @@ using AccessProbe = std::function<AccessTests(const QString& location)>;
 AccessTests probeFileSystem(const QString& location);
 
 struct AccessResult {
-    bool granted = false;                // the work ran with access
+    bool granted = false; // the work ran with access
     std::optional<OpenPanelError> error; // the panel was left without a folder
     explicit operator bool() const { return granted; }
 };

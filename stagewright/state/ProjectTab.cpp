@@ -21,7 +21,9 @@ SceneSetup sceneSetupFromConfig()
 }
 
 projectTab::projectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner)
-    : m_owner(owner), m_id(id), m_name(name)
+    : m_owner(owner),
+      m_id(id),
+      m_name(name)
 {
     takeSceneValuesFromConfig();
     m_currentScene = makeScene();

@@ -62,7 +62,9 @@ int nextUntitledNumber(const std::vector<QString>& tabNames)
 }
 
 SceneSettings::SceneSettings(PermissionManager& gate, QObject* parent)
-    : QObject(parent), m_gate(gate), m_revealer(revealInFileManager)
+    : QObject(parent),
+      m_gate(gate),
+      m_revealer(revealInFileManager)
 {
     start();
 }
@@ -261,8 +263,8 @@ void SceneSettings::removeTabAt(std::size_t index)
 void SceneSettings::openProject(const QString& location)
 {
     // Only a start tab with no changes gives way to the opened project.
-    const bool replacesStartTab = m_projectTabs.size() == 1 && m_projectTabs.front()->name().startsWith(untitledPrefix) &&
-                                  !m_projectTabs.front()->isProjectDirty();
+    const bool replacesStartTab = m_projectTabs.size() == 1 &&
+        m_projectTabs.front()->name().startsWith(untitledPrefix) && !m_projectTabs.front()->isProjectDirty();
     const std::shared_ptr<projectTab> startTab = replacesStartTab ? m_projectTabs.front() : nullptr;
 
     newProject();
@@ -350,15 +352,16 @@ QString SceneSettings::duplicateProposedName() const
 {
     if (!m_selectedProjectTab)
         return QString();
-    const QString base = m_selectedProjectTab->filePath() ? QFileInfo(*m_selectedProjectTab->filePath()).completeBaseName()
-                                                          : m_selectedProjectTab->name();
+    const QString base = m_selectedProjectTab->filePath()
+        ? QFileInfo(*m_selectedProjectTab->filePath()).completeBaseName()
+        : m_selectedProjectTab->name();
     return base + QStringLiteral("_copy");
 }
 
 void SceneSettings::closeProject(const tessaro::Uuid& tabId)
 {
-    const auto it = std::find_if(m_projectTabs.begin(), m_projectTabs.end(),
-                                 [&](const auto& tab) { return tab->id() == tabId; });
+    const auto it =
+        std::find_if(m_projectTabs.begin(), m_projectTabs.end(), [&](const auto& tab) { return tab->id() == tabId; });
     if (it == m_projectTabs.end())
         return;
     const std::shared_ptr<projectTab> tab = *it;

@@ -44,7 +44,7 @@ std::string_view scaleModeText(sceneScaleMode mode)
 QString sizeDescription(tessaro::SizeValue size)
 {
     return QStringLiteral("(") + QString::fromStdString(tessaro::numberText(size.width)) + QStringLiteral(", ") +
-           QString::fromStdString(tessaro::numberText(size.height)) + QLatin1Char(')');
+        QString::fromStdString(tessaro::numberText(size.height)) + QLatin1Char(')');
 }
 
 } // namespace stagewright

@@ -16,8 +16,8 @@ namespace stagewright {
 /// One file of the workspace. Items order by `name`, by plain text comparison.
 struct fileItem {
     QString folder; // path of the folder that holds the file
-    QString name;   // file name without extension
-    QString type;   // file extension
+    QString name; // file name without extension
+    QString type; // file extension
     tessaro::sceneObjectType sceneObjectType = tessaro::sceneObjectType::none;
     tessaro::Uuid tag = tessaro::Uuid::create();
 
@@ -26,13 +26,13 @@ struct fileItem {
     bool sameFile(const fileItem& other) const
     {
         return folder == other.folder && name == other.name && type == other.type &&
-               sceneObjectType == other.sceneObjectType;
+            sceneObjectType == other.sceneObjectType;
     }
 };
 
 /// A project file opened recently.
 struct recentDocumentItem {
-    QString name;       // file name with extension
+    QString name; // file name with extension
     QString folderPath; // folder of the file, with its final "/"
     tessaro::Uuid tag = tessaro::Uuid::create();
 

@@ -149,11 +149,26 @@ QString defaultWorkspacePath()
     return withTrailingSlash(QDir::homePath() + QStringLiteral("/StageWrightSpace"));
 }
 
-QString levelsFolder(const QString& workspace) { return workspace + QStringLiteral("Levels/"); }
-QString assetsFolder(const QString& workspace) { return workspace + QStringLiteral("Assets/"); }
-QString soundsFolder(const QString& workspace) { return workspace + QStringLiteral("Assets/Sounds/"); }
-QString imagesFolder(const QString& workspace) { return workspace + QStringLiteral("Assets/Images/"); }
-QString extrasFolder(const QString& workspace) { return workspace + QStringLiteral("Assets/Images/Extras/"); }
+QString levelsFolder(const QString& workspace)
+{
+    return workspace + QStringLiteral("Levels/");
+}
+QString assetsFolder(const QString& workspace)
+{
+    return workspace + QStringLiteral("Assets/");
+}
+QString soundsFolder(const QString& workspace)
+{
+    return workspace + QStringLiteral("Assets/Sounds/");
+}
+QString imagesFolder(const QString& workspace)
+{
+    return workspace + QStringLiteral("Assets/Images/");
+}
+QString extrasFolder(const QString& workspace)
+{
+    return workspace + QStringLiteral("Assets/Images/Extras/");
+}
 
 QString kindImageFolder(const QString& workspace, tessaro::sceneObjectType kind)
 {
@@ -277,14 +292,12 @@ std::optional<fileItem> findFileItem(const QString& name, tessaro::sceneObjectTy
     return std::nullopt;
 }
 
-QString workspaceImagePath(const QString& name, const std::optional<QString>& extension,
-                           tessaro::sceneObjectType kind)
+QString workspaceImagePath(const QString& name, const std::optional<QString>& extension, tessaro::sceneObjectType kind)
 {
     const QString type =
         extension.value_or(QString::fromLatin1(tessaro::caseText(tessaro::globalAppConfig().base.defaultImageType)));
-    const QString folder = name == QLatin1String("placeholder")
-                               ? QStringLiteral("Extras")
-                               : QString::fromLatin1(tessaro::imageFolderName(kind));
+    const QString folder = name == QLatin1String("placeholder") ? QStringLiteral("Extras")
+                                                                : QString::fromLatin1(tessaro::imageFolderName(kind));
     return imagesFolder(workingSpacePath()) + folder + QLatin1Char('/') + name + QLatin1Char('.') + type;
 }
 
@@ -347,6 +360,6 @@ namespace stagewright {
 bool isPlainFileName(const QString& name)
 {
     return !name.isEmpty() && !name.contains(QLatin1Char('/')) && !name.contains(QLatin1Char('\\')) &&
-           name != QLatin1String(".") && name != QLatin1String("..") && !name.contains(QChar(0));
+        name != QLatin1String(".") && name != QLatin1String("..") && !name.contains(QChar(0));
 }
 } // namespace stagewright

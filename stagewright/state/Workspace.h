@@ -28,12 +28,12 @@ QString withTrailingSlash(QString path);
 QString defaultWorkspacePath();
 
 /// Paths below a workspace.
-QString levelsFolder(const QString& workspace);   // "Levels/"
-QString assetsFolder(const QString& workspace);   // "Assets/"
-QString soundsFolder(const QString& workspace);   // "Assets/Sounds/"
-QString imagesFolder(const QString& workspace);   // "Assets/Images/"
+QString levelsFolder(const QString& workspace); // "Levels/"
+QString assetsFolder(const QString& workspace); // "Assets/"
+QString soundsFolder(const QString& workspace); // "Assets/Sounds/"
+QString imagesFolder(const QString& workspace); // "Assets/Images/"
 QString kindImageFolder(const QString& workspace, tessaro::sceneObjectType kind); // "Assets/Images/<Kind>/"
-QString extrasFolder(const QString& workspace);   // "Assets/Images/Extras/"
+QString extrasFolder(const QString& workspace); // "Assets/Images/Extras/"
 
 /// Builds the workspace layout under `path`, keeping everything that is there
 /// already: catalogues and other files are never overwritten, and the seed
@@ -64,8 +64,7 @@ std::optional<fileItem> findFileItem(const QString& name, tessaro::sceneObjectTy
 /// The path of an image in the current workspace: the folder of its kind
 /// ("Extras" for "placeholder") + name + "." + the extension, or the
 /// workspace's default image type when none is given.
-QString workspaceImagePath(const QString& name, const std::optional<QString>& extension,
-                           tessaro::sceneObjectType kind);
+QString workspaceImagePath(const QString& name, const std::optional<QString>& extension, tessaro::sceneObjectType kind);
 /// A folder named `name` in the kind's folder of per-name images, matched as
 /// a case-insensitive file system would match the kind's case name: the
 /// first file in it stands for the image. None when there is no such folder.

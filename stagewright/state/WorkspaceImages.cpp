@@ -49,9 +49,8 @@ WorkspaceImage drawAt(const QImage& source, QSizeF requested, bool scaled, const
     size = applyScale(size, scaled);
     const QSize pixels(std::max(1, int(std::lround(size.width()))), std::max(1, int(std::lround(size.height()))));
     WorkspaceImage result;
-    result.image = pixels == source.size()
-                       ? source
-                       : source.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    result.image =
+        pixels == source.size() ? source : source.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     result.size = size;
     result.path = path;
     result.isPlaceholder = placeholder;

@@ -14,14 +14,14 @@ namespace stagewright {
 
 struct ImageLoadOptions {
     bool usePlaceholder = false; // empty name means "placeholder"; a failure gives the application's placeholder
-    bool scaled = false;         // divide the size by the workspace's image scale
-    bool fullPath = false;       // the name is a full path
+    bool scaled = false; // divide the size by the workspace's image scale
+    bool fullPath = false; // the name is a full path
 };
 
 struct WorkspaceImage {
-    QImage image;       // drawn at `size`, rounded to whole pixels
-    QSizeF size;        // the size in scene points
-    QString path;       // the file read, or the placeholder's resource path
+    QImage image; // drawn at `size`, rounded to whole pixels
+    QSizeF size; // the size in scene points
+    QString path; // the file read, or the placeholder's resource path
     bool isPlaceholder = false;
 };
 
@@ -30,8 +30,7 @@ struct WorkspaceImage {
 /// its first file. The size is the given one, or the image's own pixel size;
 /// with `scaled`, x2 halves it and x3 divides it by 3.
 std::optional<WorkspaceImage> loadImage(const QString& name, const std::optional<QString>& extension,
-                                        tessaro::sceneObjectType kind, QSizeF size = {},
-                                        ImageLoadOptions options = {});
+                                        tessaro::sceneObjectType kind, QSizeF size = {}, ImageLoadOptions options = {});
 
 /// An image from a full path, read under access to the workspace; none and the
 /// line "loadNSImagePreview: ..." when access is refused.

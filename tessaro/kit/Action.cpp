@@ -22,22 +22,17 @@ double applyTimingMode(ActionTimingMode mode, double t)
 {
     t = std::clamp(t, 0.0, 1.0);
     switch (mode) {
-    case ActionTimingMode::Linear:
-        return t;
-    case ActionTimingMode::EaseIn:
-        return t * t;
-    case ActionTimingMode::EaseOut:
-        return 1 - (1 - t) * (1 - t);
-    case ActionTimingMode::EaseInEaseOut:
-        return t * t * (3 - 2 * t);
+    case ActionTimingMode::Linear: return t;
+    case ActionTimingMode::EaseIn: return t * t;
+    case ActionTimingMode::EaseOut: return 1 - (1 - t) * (1 - t);
+    case ActionTimingMode::EaseInEaseOut: return t * t * (3 - 2 * t);
     }
     return t;
 }
 
 // --- runner base ------------------------------------------------------------------
 
-ActionRunner::ActionRunner(const Action& action)
-    : m_duration(action.duration()), m_speed(action.speed())
+ActionRunner::ActionRunner(const Action& action) : m_duration(action.duration()), m_speed(action.speed())
 {
     if (action.timingFunction()) {
         m_timing = action.timingFunction();
@@ -49,8 +44,8 @@ ActionRunner::ActionRunner(const Action& action)
 
 bool ActionRunner::cancelled(const Node& node)
 {
-    return node.m_actionDepth > 0 && node.m_currentAction < node.m_actions.size()
-        && node.m_actions[node.m_currentAction].removed;
+    return node.m_actionDepth > 0 && node.m_currentAction < node.m_actions.size() &&
+        node.m_actions[node.m_currentAction].removed;
 }
 
 double ActionRunner::advance(Node& node, double dt)
@@ -149,7 +144,11 @@ private:
 class MoveToAction : public SimpleAction<MoveToAction> {
 public:
     MoveToAction(std::optional<qreal> x, std::optional<qreal> y, double duration)
-        : SimpleAction(duration), m_x(x), m_y(y) {}
+        : SimpleAction(duration),
+          m_x(x),
+          m_y(y)
+    {
+    }
     std::shared_ptr<ActionRunner> makeRunner() const override
     {
         class R : public TimedRunner {
@@ -204,7 +203,11 @@ private:
 class RotateToAction : public SimpleAction<RotateToAction> {
 public:
     RotateToAction(qreal angle, double duration, bool shortest)
-        : SimpleAction(duration), m_angle(angle), m_shortest(shortest) {}
+        : SimpleAction(duration),
+          m_angle(angle),
+          m_shortest(shortest)
+    {
+    }
     std::shared_ptr<ActionRunner> makeRunner() const override
     {
         class R : public TimedRunner {
@@ -241,7 +244,11 @@ public:
         class R : public TimedRunner {
         public:
             R(const ScaleByAction& a) : TimedRunner(a), m_sx(a.m_sx), m_sy(a.m_sy) {}
-            void start(Node& node) override { m_x0 = node.xScale(); m_y0 = node.yScale(); }
+            void start(Node& node) override
+            {
+                m_x0 = node.xScale();
+                m_y0 = node.yScale();
+            }
             void update(Node& node, double p) override
             {
                 node.setXScale(m_x0 * (1 + (m_sx - 1) * p));
@@ -265,13 +272,21 @@ private:
 class ScaleToAction : public SimpleAction<ScaleToAction> {
 public:
     ScaleToAction(std::optional<qreal> sx, std::optional<qreal> sy, double duration)
-        : SimpleAction(duration), m_sx(sx), m_sy(sy) {}
+        : SimpleAction(duration),
+          m_sx(sx),
+          m_sy(sy)
+    {
+    }
     std::shared_ptr<ActionRunner> makeRunner() const override
     {
         class R : public TimedRunner {
         public:
             R(const ScaleToAction& a) : TimedRunner(a), m_sx(a.m_sx), m_sy(a.m_sy) {}
-            void start(Node& node) override { m_x0 = node.xScale(); m_y0 = node.yScale(); }
+            void start(Node& node) override
+            {
+                m_x0 = node.xScale();
+                m_y0 = node.yScale();
+            }
             void update(Node& node, double p) override
             {
                 if (m_sx)
@@ -337,7 +352,11 @@ private:
 class ColorizeAction : public SimpleAction<ColorizeAction> {
 public:
     ColorizeAction(std::optional<QColor> color, qreal factor, double duration)
-        : SimpleAction(duration), m_color(color), m_factor(factor) {}
+        : SimpleAction(duration),
+          m_color(color),
+          m_factor(factor)
+    {
+    }
     std::shared_ptr<ActionRunner> makeRunner() const override
     {
         class R : public TimedRunner {
@@ -381,15 +400,23 @@ private:
 class AnimateAction : public Action {
 public:
     AnimateAction(std::vector<TexturePtr> textures, double timePerFrame, bool resize, bool restore)
-        : Action(double(textures.size()) * timePerFrame), m_textures(std::move(textures)),
-          m_timePerFrame(timePerFrame), m_resize(resize), m_restore(restore) {}
+        : Action(double(textures.size()) * timePerFrame),
+          m_textures(std::move(textures)),
+          m_timePerFrame(timePerFrame),
+          m_resize(resize),
+          m_restore(restore)
+    {
+    }
     std::shared_ptr<ActionRunner> makeRunner() const override
     {
         class R : public TimedRunner {
         public:
             R(const AnimateAction& a)
-                : TimedRunner(a), m_keep(std::static_pointer_cast<const AnimateAction>(a.shared_from_this())),
-                  m_a(*m_keep) {}
+                : TimedRunner(a),
+                  m_keep(std::static_pointer_cast<const AnimateAction>(a.shared_from_this())),
+                  m_a(*m_keep)
+            {
+            }
             void start(Node& node) override
             {
                 if (auto sprite = dynamic_cast<SpriteNode*>(&node)) {
@@ -655,7 +682,11 @@ private:
 class RepeatAction : public Action {
 public:
     RepeatAction(ActionPtr action, int count) // count < 0: for ever
-        : Action(count < 0 ? kInfinity : action->duration() * count), m_action(std::move(action)), m_count(count) {}
+        : Action(count < 0 ? kInfinity : action->duration() * count),
+          m_action(std::move(action)),
+          m_count(count)
+    {
+    }
     std::shared_ptr<ActionRunner> makeRunner() const override
     {
         class R : public ActionRunner {
@@ -708,14 +739,9 @@ ActionPtr Action::reversedAction() const
     ActionPtr r = makeReversed();
     r->m_speed = m_speed;
     switch (m_timingMode) {
-    case ActionTimingMode::EaseIn:
-        r->m_timingMode = ActionTimingMode::EaseOut;
-        break;
-    case ActionTimingMode::EaseOut:
-        r->m_timingMode = ActionTimingMode::EaseIn;
-        break;
-    default:
-        r->m_timingMode = m_timingMode;
+    case ActionTimingMode::EaseIn: r->m_timingMode = ActionTimingMode::EaseOut; break;
+    case ActionTimingMode::EaseOut: r->m_timingMode = ActionTimingMode::EaseIn; break;
+    default: r->m_timingMode = m_timingMode;
     }
     if (m_timingFunction) {
         auto f = m_timingFunction;
@@ -876,9 +902,9 @@ ActionPtr Action::changeVolumeTo(float volume, double duration)
 }
 ActionPtr Action::playSoundFileNamed(const QString& fileName, bool waitForCompletion)
 {
-    const QString path = resources::locate(fileName, {QStringLiteral("wav"), QStringLiteral("mp3"),
-                                                      QStringLiteral("m4a"), QStringLiteral("ogg"),
-                                                      QStringLiteral("caf")});
+    const QString path = resources::locate(fileName,
+                                           {QStringLiteral("wav"), QStringLiteral("mp3"), QStringLiteral("m4a"),
+                                            QStringLiteral("ogg"), QStringLiteral("caf")});
     const double duration = (waitForCompletion && !path.isEmpty()) ? wavFileDuration(path) : 0.0;
     return std::make_shared<InstantAction>(
         [path](Node&) {

@@ -129,8 +129,7 @@ public:
     static ActionPtr runBlock(std::function<void()> block);
     /// Calls `block` with the node every frame for `duration`, with the time
     /// elapsed so far (the last call gets `duration`).
-    static ActionPtr customActionWithDuration(double duration,
-                                              std::function<void(Node&, double elapsed)> block);
+    static ActionPtr customActionWithDuration(double duration, std::function<void(Node&, double elapsed)> block);
     static ActionPtr removeFromParent();
     static ActionPtr hide();
     static ActionPtr unhide();

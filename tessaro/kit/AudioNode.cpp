@@ -36,8 +36,9 @@ AudioNode::~AudioNode() = default;
 
 std::shared_ptr<AudioNode> AudioNode::audioNodeWithFileNamed(const QString& name)
 {
-    const QString path = resources::locate(name, {QStringLiteral("wav"), QStringLiteral("mp3"), QStringLiteral("m4a"),
-                                                  QStringLiteral("ogg"), QStringLiteral("caf")});
+    const QString path = resources::locate(name,
+                                           {QStringLiteral("wav"), QStringLiteral("mp3"), QStringLiteral("m4a"),
+                                            QStringLiteral("ogg"), QStringLiteral("caf")});
     if (path.isEmpty())
         return nullptr;
     return std::make_shared<AudioNode>(QUrl::fromLocalFile(path));
@@ -136,8 +137,8 @@ double wavFileDuration(const QString& path)
     if (head.size() < 12 || !head.startsWith("RIFF") || head.mid(8, 4) != "WAVE")
         return 0;
     auto le32 = [](const QByteArray& b, int at) {
-        return quint32(quint8(b[at])) | (quint32(quint8(b[at + 1])) << 8) | (quint32(quint8(b[at + 2])) << 16)
-            | (quint32(quint8(b[at + 3])) << 24);
+        return quint32(quint8(b[at])) | (quint32(quint8(b[at + 1])) << 8) | (quint32(quint8(b[at + 2])) << 16) |
+            (quint32(quint8(b[at + 3])) << 24);
     };
     quint32 byteRate = 0;
     while (!file.atEnd()) {

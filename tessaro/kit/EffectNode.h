@@ -44,10 +44,7 @@ public:
     /// How far the filter spreads beyond the children, in points.
     qreal filterMargin() const;
 
-    bool drawsSubtreeAsOne() const override
-    {
-        return m_enableEffects && m_filter.kind != EffectFilter::Kind::None;
-    }
+    bool drawsSubtreeAsOne() const override { return m_enableEffects && m_filter.kind != EffectFilter::Kind::None; }
     void draw(DrawContext& context) const override;
 
     /// Renders the subtree and applies the filter at `pixelsPerPoint`. The

@@ -28,8 +28,8 @@ double segmentDistance(const QPointF& p, const QPointF& a, const QPointF& b)
 
 bool onSegment(const QPointF& p, const QPointF& a, const QPointF& b)
 {
-    return std::min(a.x(), b.x()) <= p.x() && p.x() <= std::max(a.x(), b.x()) && std::min(a.y(), b.y()) <= p.y()
-        && p.y() <= std::max(a.y(), b.y());
+    return std::min(a.x(), b.x()) <= p.x() && p.x() <= std::max(a.x(), b.x()) && std::min(a.y(), b.y()) <= p.y() &&
+        p.y() <= std::max(a.y(), b.y());
 }
 
 bool segmentsIntersect(const QPointF& a, const QPointF& b, const QPointF& c, const QPointF& d)
@@ -212,7 +212,8 @@ std::vector<Polygon> traceAlphaOutlines(const QImage& source, float threshold)
     std::vector<Polygon> result;
     if (source.isNull())
         return result;
-    const QImage image = source.format() == QImage::Format_ARGB32_Premultiplied || source.format() == QImage::Format_ARGB32
+    const QImage image =
+        source.format() == QImage::Format_ARGB32_Premultiplied || source.format() == QImage::Format_ARGB32
         ? source
         : source.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     const int W = image.width(), H = image.height();

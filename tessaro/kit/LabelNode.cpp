@@ -56,11 +56,11 @@ void LabelNode::setFontName(const QString& name)
         style = name.mid(dash + 1).toLower();
     }
     QFont font;
-    if (!family.isEmpty() && family.compare(QLatin1String("System"), Qt::CaseInsensitive) != 0
-        && family.compare(QLatin1String("SystemFont"), Qt::CaseInsensitive) != 0)
+    if (!family.isEmpty() && family.compare(QLatin1String("System"), Qt::CaseInsensitive) != 0 &&
+        family.compare(QLatin1String("SystemFont"), Qt::CaseInsensitive) != 0)
         font.setFamily(family);
-    font.setBold(style.contains(QLatin1String("bold")) || style.contains(QLatin1String("heavy"))
-                 || style.contains(QLatin1String("black")));
+    font.setBold(style.contains(QLatin1String("bold")) || style.contains(QLatin1String("heavy")) ||
+                 style.contains(QLatin1String("black")));
     font.setItalic(style.contains(QLatin1String("italic")) || style.contains(QLatin1String("oblique")));
     if (style.contains(QLatin1String("light")) || style.contains(QLatin1String("thin")))
         font.setWeight(QFont::Light);
@@ -180,14 +180,10 @@ qreal firstBaseline(LabelVerticalAlignment mode, qreal ascent, qreal descent, qr
 {
     const qreal block = ascent + descent + spacing * std::max(0, lines - 1);
     switch (mode) {
-    case LabelVerticalAlignment::Baseline:
-        return 0;
-    case LabelVerticalAlignment::Top:
-        return -ascent;
-    case LabelVerticalAlignment::Bottom:
-        return block - ascent;
-    case LabelVerticalAlignment::Center:
-        return block / 2 - ascent;
+    case LabelVerticalAlignment::Baseline: return 0;
+    case LabelVerticalAlignment::Top: return -ascent;
+    case LabelVerticalAlignment::Bottom: return block - ascent;
+    case LabelVerticalAlignment::Center: return block / 2 - ascent;
     }
     return 0;
 }
@@ -195,12 +191,9 @@ qreal firstBaseline(LabelVerticalAlignment mode, qreal ascent, qreal descent, qr
 qreal lineLeft(LabelHorizontalAlignment mode, qreal width)
 {
     switch (mode) {
-    case LabelHorizontalAlignment::Left:
-        return 0;
-    case LabelHorizontalAlignment::Right:
-        return -width;
-    case LabelHorizontalAlignment::Center:
-        return -width / 2;
+    case LabelHorizontalAlignment::Left: return 0;
+    case LabelHorizontalAlignment::Right: return -width;
+    case LabelHorizontalAlignment::Center: return -width / 2;
     }
     return 0;
 }

@@ -340,8 +340,8 @@ std::vector<NodePtr> Node::nodesWithName(const QString& search) const
 NodePtr Node::childNodeWithName(const QString& search) const
 {
     // Fast path for a plain name without wildcards.
-    if (!search.contains(QLatin1Char('/')) && !search.contains(QLatin1Char('*'))
-        && !search.contains(QLatin1Char('[')) && search != QLatin1String("..") && search != QLatin1String(".")) {
+    if (!search.contains(QLatin1Char('/')) && !search.contains(QLatin1Char('*')) &&
+        !search.contains(QLatin1Char('[')) && search != QLatin1String("..") && search != QLatin1String(".")) {
         for (const auto& child : m_children)
             if (child->name() == search)
                 return child;
@@ -619,11 +619,11 @@ void Node::setPhysicsBody(const std::shared_ptr<PhysicsBody>& body)
 
 // --- events ---------------------------------------------------------------------
 
-#define KIT_FORWARD(method, type)                                                                                   \
-    void Node::method(const type& event)                                                                           \
-    {                                                                                                              \
-        if (m_parent)                                                                                              \
-            m_parent->method(event);                                                                               \
+#define KIT_FORWARD(method, type)                                                                                      \
+    void Node::method(const type& event)                                                                               \
+    {                                                                                                                  \
+        if (m_parent)                                                                                                  \
+            m_parent->method(event);                                                                                   \
     }
 KIT_FORWARD(mouseDown, MouseEvent)
 KIT_FORWARD(mouseDragged, MouseEvent)

@@ -36,9 +36,8 @@ std::vector<b2Vec2> engineHull(const std::vector<b2Vec2>& input)
     }
     if (pts.size() < 3)
         return {};
-    std::sort(pts.begin(), pts.end(), [](const b2Vec2& a, const b2Vec2& b) {
-        return a.x < b.x || (a.x == b.x && a.y < b.y);
-    });
+    std::sort(pts.begin(), pts.end(),
+              [](const b2Vec2& a, const b2Vec2& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
     auto cross = [](const b2Vec2& o, const b2Vec2& a, const b2Vec2& b) {
         return (a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x);
     };
@@ -202,10 +201,8 @@ std::shared_ptr<PhysicsBody> PhysicsBody::bodyWithEdgeLoopFromRect(const QRectF&
 {
     if (!(r.width() > 0 && r.height() > 0))
         return nullptr;
-    return withShapes({{PhysicsShape::Kind::Loop,
-                        {r.topLeft(), r.topRight(), r.bottomRight(), r.bottomLeft()},
-                        {},
-                        0}});
+    return withShapes(
+        {{PhysicsShape::Kind::Loop, {r.topLeft(), r.topRight(), r.bottomRight(), r.bottomLeft()}, {}, 0}});
 }
 
 std::shared_ptr<PhysicsBody> PhysicsBody::bodyWithEdgeLoopFromPath(const QPainterPath& path)
@@ -260,8 +257,8 @@ std::shared_ptr<PhysicsBody> PhysicsBody::bodyWithTexture(const TexturePtr& text
 bool PhysicsBody::isEdgeBased() const
 {
     return !m_shapes.empty() && std::all_of(m_shapes.begin(), m_shapes.end(), [](const PhysicsShape& s) {
-        return s.kind == PhysicsShape::Kind::Edge || s.kind == PhysicsShape::Kind::Chain
-            || s.kind == PhysicsShape::Kind::Loop;
+        return s.kind == PhysicsShape::Kind::Edge || s.kind == PhysicsShape::Kind::Chain ||
+            s.kind == PhysicsShape::Kind::Loop;
     });
 }
 

@@ -46,8 +46,8 @@ struct PhysicsShape {
     enum class Kind { Polygon, Circle, Edge, Chain, Loop };
     Kind kind = Kind::Polygon;
     std::vector<QPointF> points; ///< polygon (convex, <= 8), edge (2), chain/loop vertices
-    QPointF center;              ///< circle
-    qreal radius = 0;            ///< circle
+    QPointF center; ///< circle
+    qreal radius = 0; ///< circle
 };
 
 class PhysicsBody : public std::enable_shared_from_this<PhysicsBody> {
@@ -80,7 +80,9 @@ public:
     static std::shared_ptr<PhysicsBody> bodyWithTexture(const TexturePtr& texture, float alphaThreshold,
                                                         const QSizeF& size = {});
     static std::shared_ptr<PhysicsBody> bodyWithTexture(const TexturePtr& texture, const QSizeF& size = {})
-    { return bodyWithTexture(texture, 0.0f, size); }
+    {
+        return bodyWithTexture(texture, 0.0f, size);
+    }
 
     /// A body of the given shapes (null when there are none). Polygons must be
     /// convex with at most eight vertices.
@@ -180,7 +182,7 @@ private:
     qreal m_linearDamping = 0.1;
     qreal m_angularDamping = 0.1;
     qreal m_density = 1.0;
-    QPointF m_velocity;          // kept while detached
+    QPointF m_velocity; // kept while detached
     qreal m_angularVelocity = 0; // kept while detached
     uint32_t m_category = 0xFFFFFFFFu;
     uint32_t m_collision = 0xFFFFFFFFu;

@@ -54,7 +54,8 @@ bool wantsCollision(const PhysicsBody* a, const b2Body* ab, const PhysicsBody* b
 
 bool reportsContact(const PhysicsBody* a, const PhysicsBody* b)
 {
-    return (a->categoryBitMask() & b->contactTestBitMask()) != 0 || (b->categoryBitMask() & a->contactTestBitMask()) != 0;
+    return (a->categoryBitMask() & b->contactTestBitMask()) != 0 ||
+        (b->categoryBitMask() & a->contactTestBitMask()) != 0;
 }
 
 } // namespace
@@ -99,8 +100,9 @@ public:
                 p = 0.5f * (wm.points[0] + wm.points[1]);
             c.m_point = toPoints(p);
         } else {
-            c.m_point = toPoints(0.5f * (contact->GetFixtureA()->GetAABB(0).GetCenter()
-                                         + contact->GetFixtureB()->GetAABB(0).GetCenter()));
+            c.m_point = toPoints(
+                0.5f *
+                (contact->GetFixtureA()->GetAABB(0).GetCenter() + contact->GetFixtureB()->GetAABB(0).GetCenter()));
         }
         c.m_normal = QPointF(wm.normal.x, wm.normal.y);
         pair.contact = c;
@@ -165,7 +167,8 @@ private:
 // --- world --------------------------------------------------------------------------
 
 PhysicsWorld::PhysicsWorld(Scene& scene)
-    : m_scene(scene), m_world(std::make_unique<b2World>(b2Vec2(0.0f, -9.8f))),
+    : m_scene(scene),
+      m_world(std::make_unique<b2World>(b2Vec2(0.0f, -9.8f))),
       m_listener(std::make_unique<Listener>(*this))
 {
     m_world->SetContactListener(m_listener.get());
@@ -259,9 +262,8 @@ void PhysicsWorld::detach(PhysicsBody& body)
         m_world->DestroyBody(body.m_body); // reports the end of its contacts
     body.m_body = nullptr;
     body.m_world = nullptr;
-    std::erase_if(m_pairs, [&](const auto& entry) {
-        return entry.first.first == &body || entry.first.second == &body;
-    });
+    std::erase_if(m_pairs,
+                  [&](const auto& entry) { return entry.first.first == &body || entry.first.second == &body; });
     m_bodies.erase(std::remove(m_bodies.begin(), m_bodies.end(), &body), m_bodies.end());
 }
 
@@ -372,8 +374,8 @@ void PhysicsWorld::syncBodiesFromNodes(double dt)
             continue;
         if (b->GetType() == b2_dynamicBody) {
             // A dynamic body moves its node; a node moved from outside moves it back.
-            if (body->m_written && node->position() == body->m_writtenPosition
-                && node->zRotation() == body->m_writtenRotation)
+            if (body->m_written && node->position() == body->m_writtenPosition &&
+                node->zRotation() == body->m_writtenRotation)
                 continue;
             b->SetTransform(toMeters(scenePosition(node)), float(sceneRotation(node)));
             b->SetAwake(true);
@@ -398,8 +400,8 @@ void PhysicsWorld::syncBodiesFromNodes(double dt)
             continue;
         }
         const double perStep = dt / std::max(1.0, std::ceil(dt / kStep - 1e-9));
-        if (dt <= 0 || delta.Length() > 0.9f * b2_maxTranslation * float(dt / perStep)
-            || std::abs(turn) > 0.9f * b2_maxRotation) {
+        if (dt <= 0 || delta.Length() > 0.9f * b2_maxTranslation * float(dt / perStep) ||
+            std::abs(turn) > 0.9f * b2_maxRotation) {
             b->SetTransform(target, angle); // a jump, not a motion
             b->SetLinearVelocity(b2Vec2_zero);
             b->SetAngularVelocity(0);

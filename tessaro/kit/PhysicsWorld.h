@@ -10,8 +10,8 @@
 
 #include <QPointF>
 
-#include <unordered_map>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -90,7 +90,10 @@ public:
     void setRotationSpeed(qreal s);
 
     PhysicsJointPin(PhysicsBodyPtr a, PhysicsBodyPtr b, QPointF anchor)
-        : PhysicsJoint(std::move(a), std::move(b)), m_anchor(anchor) {}
+        : PhysicsJoint(std::move(a), std::move(b)),
+          m_anchor(anchor)
+    {
+    }
 
 protected:
     b2Joint* create(b2World& world) override;
@@ -137,7 +140,11 @@ public:
     void simulate(double dt);
 
     /// Velocity and position iterations of the solver (8 and 3).
-    void setSolverIterations(int velocity, int position) { m_velocityIterations = velocity; m_positionIterations = position; }
+    void setSolverIterations(int velocity, int position)
+    {
+        m_velocityIterations = velocity;
+        m_positionIterations = position;
+    }
 
     b2World& engine() { return *m_world; }
 

@@ -71,8 +71,7 @@ void Renderer::drawItems(QPainter& painter, const std::vector<Item>& items)
         order.emplace_back(items[i].z, i);
     }
     if (!sorted)
-        std::stable_sort(order.begin(), order.end(),
-                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        std::stable_sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     qreal opacity = painter.opacity();
     for (const auto& [z, index] : order) {
         const Item& item = items[index];
@@ -160,17 +159,11 @@ void Renderer::drawPhysics(const Scene& scene, QPainter& painter, const QTransfo
         painter.setRenderHint(QPainter::Antialiasing, true);
         for (const PhysicsShape& shape : body->shapes()) {
             switch (shape.kind) {
-            case PhysicsShape::Kind::Circle:
-                painter.drawEllipse(shape.center, shape.radius, shape.radius);
-                break;
+            case PhysicsShape::Kind::Circle: painter.drawEllipse(shape.center, shape.radius, shape.radius); break;
             case PhysicsShape::Kind::Polygon:
-            case PhysicsShape::Kind::Loop:
-                painter.drawPolygon(shape.points.data(), int(shape.points.size()));
-                break;
+            case PhysicsShape::Kind::Loop: painter.drawPolygon(shape.points.data(), int(shape.points.size())); break;
             case PhysicsShape::Kind::Edge:
-            case PhysicsShape::Kind::Chain:
-                painter.drawPolyline(shape.points.data(), int(shape.points.size()));
-                break;
+            case PhysicsShape::Kind::Chain: painter.drawPolyline(shape.points.data(), int(shape.points.size())); break;
             }
         }
     }

@@ -23,7 +23,7 @@ class Renderer;
 struct DrawContext {
     QPainter& painter;
     QTransform transform; ///< node space (y up) to device pixels (y down)
-    qreal opacity = 1;    ///< accumulated alpha
+    qreal opacity = 1; ///< accumulated alpha
     Renderer& renderer;
     /// Approximate device pixels per node unit (for rasterising effects).
     qreal pixelsPerUnit() const;
@@ -32,11 +32,11 @@ struct DrawContext {
 class Renderer {
 public:
     struct Options {
-        bool showsPhysics = false;   ///< outlines of physics bodies
+        bool showsPhysics = false; ///< outlines of physics bodies
         bool showsNodeCount = false; ///< "nodes: N" in the bottom right corner
-        bool showsFPS = false;       ///< "fps: F" in the bottom right corner
-        bool smoothImages = true;    ///< bilinear filtering of scaled images
-        bool drawBackground = true;  ///< fill with the scene's background colour
+        bool showsFPS = false; ///< "fps: F" in the bottom right corner
+        bool smoothImages = true; ///< bilinear filtering of scaled images
+        bool drawBackground = true; ///< fill with the scene's background colour
     };
 
     Options& options() { return m_options; }
@@ -75,7 +75,7 @@ private:
     int m_lastNodeCount = 0;
     int m_drawn = 0;
     QRectF m_clip;
-    std::vector<Item> m_items;                 // reused between frames
+    std::vector<Item> m_items; // reused between frames
     std::vector<std::pair<qreal, quint32>> m_order;
 };
 

@@ -136,14 +136,9 @@ QTransform Scene::sceneToViewTransform(const QSizeF& viewSize, qreal zoom) const
             sx = fx;
             sy = fy;
             break;
-        case SceneScaleMode::AspectFill:
-            sx = sy = std::max(fx, fy);
-            break;
-        case SceneScaleMode::AspectFit:
-            sx = sy = std::min(fx, fy);
-            break;
-        case SceneScaleMode::ResizeFill:
-            break;
+        case SceneScaleMode::AspectFill: sx = sy = std::max(fx, fy); break;
+        case SceneScaleMode::AspectFit: sx = sy = std::min(fx, fy); break;
+        case SceneScaleMode::ResizeFill: break;
         }
     }
     if (zoom > 0) {
@@ -196,15 +191,16 @@ void Scene::dispatchMouseEvent(MouseKind kind, const MouseEvent& event)
         left ? target->mouseDown(event) : right ? target->rightMouseDown(event) : target->otherMouseDown(event);
         break;
     case MouseKind::Dragged:
-        left ? target->mouseDragged(event) : right ? target->rightMouseDragged(event) : target->otherMouseDragged(event);
+        left        ? target->mouseDragged(event)
+            : right ? target->rightMouseDragged(event)
+                    : target->otherMouseDragged(event);
         break;
     case MouseKind::Up:
         left ? target->mouseUp(event) : right ? target->rightMouseUp(event) : target->otherMouseUp(event);
         m_mouseTarget.reset();
         m_mouseButton = Qt::NoButton;
         break;
-    case MouseKind::Moved:
-        break;
+    case MouseKind::Moved: break;
     }
 }
 

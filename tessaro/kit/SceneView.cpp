@@ -192,10 +192,11 @@ void SceneView::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_scene)
         return;
-    const auto kind = (m_dragging && event->buttons() != Qt::NoButton) ? Scene::MouseKind::Dragged
-                                                                        : Scene::MouseKind::Moved;
-    m_scene->dispatchMouseEvent(kind, makeEvent(event->position(), event->globalPosition().toPoint(), Qt::NoButton,
-                                                event->buttons(), event->modifiers(), 0));
+    const auto kind =
+        (m_dragging && event->buttons() != Qt::NoButton) ? Scene::MouseKind::Dragged : Scene::MouseKind::Moved;
+    m_scene->dispatchMouseEvent(kind,
+                                makeEvent(event->position(), event->globalPosition().toPoint(), Qt::NoButton,
+                                          event->buttons(), event->modifiers(), 0));
     if (kind == Scene::MouseKind::Dragged)
         update();
 }

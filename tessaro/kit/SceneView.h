@@ -71,8 +71,8 @@ protected:
 
 private:
     void tick();
-    MouseEvent makeEvent(const QPointF& pos, const QPoint& global, Qt::MouseButton button,
-                         Qt::MouseButtons buttons, Qt::KeyboardModifiers mods, int clicks) const;
+    MouseEvent makeEvent(const QPointF& pos, const QPoint& global, Qt::MouseButton button, Qt::MouseButtons buttons,
+                         Qt::KeyboardModifiers mods, int clicks) const;
     void updateTimer();
 
     std::shared_ptr<Scene> m_scene;

@@ -26,8 +26,7 @@ std::shared_ptr<ShapeNode> ShapeNode::shapeNodeWithRect(const QRectF& rect, qrea
 
 std::shared_ptr<ShapeNode> ShapeNode::shapeNodeWithRectOfSize(const QSizeF& size, qreal cornerRadius)
 {
-    return shapeNodeWithRect(QRectF(-size.width() / 2, -size.height() / 2, size.width(), size.height()),
-                             cornerRadius);
+    return shapeNodeWithRect(QRectF(-size.width() / 2, -size.height() / 2, size.width(), size.height()), cornerRadius);
 }
 
 std::shared_ptr<ShapeNode> ShapeNode::shapeNodeWithCircleOfRadius(qreal radius)

@@ -11,12 +11,15 @@ namespace tessaro::kit {
 SpriteNode::SpriteNode(const QColor& color, const QSizeF& size) : m_size(size), m_color(color) {}
 
 SpriteNode::SpriteNode(const TexturePtr& texture, const QSizeF& size)
-    : m_texture(texture), m_size(size.isEmpty() && texture ? texture->size() : size)
+    : m_texture(texture),
+      m_size(size.isEmpty() && texture ? texture->size() : size)
 {
 }
 
 SpriteNode::SpriteNode(const TexturePtr& texture, const QColor& color, const QSizeF& size)
-    : m_texture(texture), m_size(size.isEmpty() && texture ? texture->size() : size), m_color(color)
+    : m_texture(texture),
+      m_size(size.isEmpty() && texture ? texture->size() : size),
+      m_color(color)
 {
 }
 

@@ -18,9 +18,13 @@ public:
     SpriteNode(const TexturePtr& texture, const QColor& color, const QSizeF& size);
 
     static std::shared_ptr<SpriteNode> create(const TexturePtr& texture, const QSizeF& size = {})
-    { return std::make_shared<SpriteNode>(texture, size); }
+    {
+        return std::make_shared<SpriteNode>(texture, size);
+    }
     static std::shared_ptr<SpriteNode> create(const QColor& color, const QSizeF& size)
-    { return std::make_shared<SpriteNode>(color, size); }
+    {
+        return std::make_shared<SpriteNode>(color, size);
+    }
     /// A sprite of the image named `name` (see Texture::textureWithImageNamed).
     static std::shared_ptr<SpriteNode> spriteNodeWithImageNamed(const QString& name);
 

@@ -85,8 +85,8 @@ private:
     QRectF m_unitRect{0, 0, 1, 1};
     bool m_placeholder = false;
     Filtering m_filtering = Filtering::Linear;
-    TexturePtr m_source;          // for sub-textures
-    mutable QImage m_image;       // cropped lazily for sub-textures
+    TexturePtr m_source; // for sub-textures
+    mutable QImage m_image; // cropped lazily for sub-textures
     mutable bool m_imageReady = false;
     mutable std::map<float, std::shared_ptr<const std::vector<std::vector<QPointF>>>> m_outlines;
 };

@@ -26,23 +26,23 @@ inline constexpr double kPointsPerMeter = 150.0;
 /// How a scene is fitted into its view. The numbers are the stored mode
 /// numbers of level files.
 enum class SceneScaleMode {
-    Fill = 0,       ///< stretch each axis to the view
+    Fill = 0, ///< stretch each axis to the view
     AspectFill = 1, ///< uniform scale, the scene covers the view (may crop)
-    AspectFit = 2,  ///< uniform scale, the whole scene is visible (may letterbox)
+    AspectFit = 2, ///< uniform scale, the whole scene is visible (may letterbox)
     ResizeFill = 3, ///< the scene takes the view's size, one point per pixel
 };
 
 /// A mouse event as the scene sees it. Locations are kept in scene space;
 /// locationInNode converts to any node of the same tree.
 struct MouseEvent {
-    QPointF sceneLocation;       ///< the pointer in scene coordinates
-    QPointF viewLocation;        ///< the pointer in the view's widget pixels (y down)
-    QPoint globalLocation;       ///< the pointer on the screen, for popup menus
+    QPointF sceneLocation; ///< the pointer in scene coordinates
+    QPointF viewLocation; ///< the pointer in the view's widget pixels (y down)
+    QPoint globalLocation; ///< the pointer on the screen, for popup menus
     Qt::MouseButton button = Qt::LeftButton;
     Qt::MouseButtons buttons = Qt::NoButton;
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
     int clickCount = 1;
-    QPointF scrollDelta;         ///< wheel events: degrees (angle delta / 8), y up
+    QPointF scrollDelta; ///< wheel events: degrees (angle delta / 8), y up
 
     /// The location in the coordinate space of `node`.
     QPointF locationInNode(const Node& node) const;

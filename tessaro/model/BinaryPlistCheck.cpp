@@ -8,7 +8,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::size_t headerSize = 8;  // "bplist00"
+constexpr std::size_t headerSize = 8; // "bplist00"
 constexpr std::size_t trailerSize = 32;
 
 std::uint64_t bigEndian(const unsigned char* p, std::size_t size)
@@ -106,7 +106,8 @@ bool childrenOf(const Table& table, std::size_t offset, std::vector<std::uint64_
         return false;
     children.reserve(static_cast<std::size_t>(refs));
     for (std::uint64_t i = 0; i < refs; ++i) {
-        const std::uint64_t ref = bigEndian(table.at(position + static_cast<std::size_t>(i) * table.refSize), table.refSize);
+        const std::uint64_t ref =
+            bigEndian(table.at(position + static_cast<std::size_t>(i) * table.refSize), table.refSize);
         if (ref >= table.objectCount)
             return false;
         if (kind == 0xD && i < count && !isValidKey(table, ref))

@@ -32,10 +32,12 @@ struct DeviceProperties {
     static constexpr auto fields()
     {
         using S = DeviceProperties;
-        return std::tuple{TESSARO_FIELD(altPosition), TESSARO_FIELD(deviceName), TESSARO_FIELD(digitSize),
-                          TESSARO_FIELD(distance), TESSARO_FIELD(offsetEdge), TESSARO_FIELD(fontSize),
-                          TESSARO_FIELD(offsetHealthBar), TESSARO_FIELD(offset), TESSARO_FIELD(position),
-                          TESSARO_FIELD(randomPositionRange), TESSARO_FIELD(selectorSize), TESSARO_FIELD(size)};
+        return std::tuple{TESSARO_FIELD(altPosition),     TESSARO_FIELD(deviceName),
+                          TESSARO_FIELD(digitSize),       TESSARO_FIELD(distance),
+                          TESSARO_FIELD(offsetEdge),      TESSARO_FIELD(fontSize),
+                          TESSARO_FIELD(offsetHealthBar), TESSARO_FIELD(offset),
+                          TESSARO_FIELD(position),        TESSARO_FIELD(randomPositionRange),
+                          TESSARO_FIELD(selectorSize),    TESSARO_FIELD(size)};
     }
 };
 
@@ -54,8 +56,8 @@ struct ExtraProperties {
 
 struct GameSound {
     std::optional<Uuid> id;
-    std::string type;          // case of soundBiteType
-    std::string filename;      // without extension
+    std::string type; // case of soundBiteType
+    std::string filename; // without extension
     std::string fileExtension; // case of soundType
     std::optional<double> volume;
     std::optional<bool> waitForCompletion;
@@ -64,8 +66,9 @@ struct GameSound {
     static constexpr auto fields()
     {
         using S = GameSound;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(type), TESSARO_FIELD(filename),
-                          TESSARO_FIELD(fileExtension), TESSARO_FIELD(volume), TESSARO_FIELD(waitForCompletion)};
+        return std::tuple{TESSARO_FIELD(id),       TESSARO_FIELD(type),
+                          TESSARO_FIELD(filename), TESSARO_FIELD(fileExtension),
+                          TESSARO_FIELD(volume),   TESSARO_FIELD(waitForCompletion)};
     }
 };
 

@@ -14,12 +14,28 @@
 namespace tessaro {
 
 /// The record type a configuration file of each kind holds.
-template <configType Type> struct ConfigRecord;
-template <> struct ConfigRecord<configType::app> { using type = BaseConfig; };
-template <> struct ConfigRecord<configType::characters> { using type = Character; };
-template <> struct ConfigRecord<configType::level> { using type = Level; };
-template <> struct ConfigRecord<configType::objects> { using type = GenericObject; };
-template <> struct ConfigRecord<configType::obstacles> { using type = Obstacle; };
+template <configType Type>
+struct ConfigRecord;
+template <>
+struct ConfigRecord<configType::app> {
+    using type = BaseConfig;
+};
+template <>
+struct ConfigRecord<configType::characters> {
+    using type = Character;
+};
+template <>
+struct ConfigRecord<configType::level> {
+    using type = Level;
+};
+template <>
+struct ConfigRecord<configType::objects> {
+    using type = GenericObject;
+};
+template <>
+struct ConfigRecord<configType::obstacles> {
+    using type = Obstacle;
+};
 
 template <configType Type>
 using ConfigList = std::vector<typename ConfigRecord<Type>::type>;

@@ -10,10 +10,22 @@ std::atomic<deviceName> primary{deviceName::none};
 std::atomic<deviceName> secondary{deviceName::none};
 } // namespace
 
-deviceName primaryDevice() { return primary.load(); }
-void setPrimaryDevice(deviceName device) { primary.store(device); }
-deviceName secondaryDevice() { return secondary.load(); }
-void setSecondaryDevice(deviceName device) { secondary.store(device); }
+deviceName primaryDevice()
+{
+    return primary.load();
+}
+void setPrimaryDevice(deviceName device)
+{
+    primary.store(device);
+}
+deviceName secondaryDevice()
+{
+    return secondary.load();
+}
+void setSecondaryDevice(deviceName device)
+{
+    secondary.store(device);
+}
 
 const DeviceProperties* deviceEntryFor(const std::vector<DeviceProperties>& devices, deviceName device)
 {

@@ -27,10 +27,22 @@ template <fieldList F>
 struct DeviceFieldType {
     using type = PointValue;
 };
-template <> struct DeviceFieldType<fieldList::digitSize> { using type = SizeValue; };
-template <> struct DeviceFieldType<fieldList::selectorSize> { using type = SizeValue; };
-template <> struct DeviceFieldType<fieldList::size> { using type = SizeValue; };
-template <> struct DeviceFieldType<fieldList::fontSize> { using type = std::optional<double>; };
+template <>
+struct DeviceFieldType<fieldList::digitSize> {
+    using type = SizeValue;
+};
+template <>
+struct DeviceFieldType<fieldList::selectorSize> {
+    using type = SizeValue;
+};
+template <>
+struct DeviceFieldType<fieldList::size> {
+    using type = SizeValue;
+};
+template <>
+struct DeviceFieldType<fieldList::fontSize> {
+    using type = std::optional<double>;
+};
 
 namespace detail {
 
@@ -38,17 +50,28 @@ template <fieldList F>
 constexpr auto deviceMember()
 {
     using D = DeviceProperties;
-    if constexpr (F == fieldList::altPosition) return &D::altPosition;
-    else if constexpr (F == fieldList::digitSize) return &D::digitSize;
-    else if constexpr (F == fieldList::distance) return &D::distance;
-    else if constexpr (F == fieldList::offsetEdge) return &D::offsetEdge;
-    else if constexpr (F == fieldList::fontSize) return &D::fontSize;
-    else if constexpr (F == fieldList::offsetHealthBar) return &D::offsetHealthBar;
-    else if constexpr (F == fieldList::offset) return &D::offset;
-    else if constexpr (F == fieldList::position) return &D::position;
-    else if constexpr (F == fieldList::randomPositionRange) return &D::randomPositionRange;
-    else if constexpr (F == fieldList::selectorSize) return &D::selectorSize;
-    else return &D::size;
+    if constexpr (F == fieldList::altPosition)
+        return &D::altPosition;
+    else if constexpr (F == fieldList::digitSize)
+        return &D::digitSize;
+    else if constexpr (F == fieldList::distance)
+        return &D::distance;
+    else if constexpr (F == fieldList::offsetEdge)
+        return &D::offsetEdge;
+    else if constexpr (F == fieldList::fontSize)
+        return &D::fontSize;
+    else if constexpr (F == fieldList::offsetHealthBar)
+        return &D::offsetHealthBar;
+    else if constexpr (F == fieldList::offset)
+        return &D::offset;
+    else if constexpr (F == fieldList::position)
+        return &D::position;
+    else if constexpr (F == fieldList::randomPositionRange)
+        return &D::randomPositionRange;
+    else if constexpr (F == fieldList::selectorSize)
+        return &D::selectorSize;
+    else
+        return &D::size;
 }
 
 template <fieldList F>

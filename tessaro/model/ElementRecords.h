@@ -49,18 +49,42 @@ struct Obstacle {
     static constexpr auto fields()
     {
         using S = Obstacle;
-        return std::tuple{
-            TESSARO_FIELD(id), TESSARO_FIELD(elementName), TESSARO_FIELD(sceneObjectType), TESSARO_FIELD(name),
-            TESSARO_FIELD(zPosition), TESSARO_FIELD(anchorPoint), TESSARO_FIELD(image), TESSARO_FIELD(imageType),
-            TESSARO_FIELD(stack), TESSARO_FIELD(repeatCount), TESSARO_FIELD(usePhysics), TESSARO_FIELD(useGravity),
-            TESSARO_FIELD(isDynamic), TESSARO_FIELD(usePrecision), TESSARO_FIELD(isVisible), TESSARO_FIELD(alpha),
-            TESSARO_FIELD(darken), TESSARO_FIELD(colorBlendFactor), TESSARO_FIELD(allowedTimesToHit),
-            TESSARO_FIELD(damageDirection), TESSARO_FIELD(isPinned), TESSARO_FIELD(objectClassType),
-            TESSARO_FIELD(hidesBehindObject), TESSARO_FIELD(maximumDistance), TESSARO_FIELD(objectActsOn),
-            TESSARO_FIELD(callbackFunction), TESSARO_FIELD(allowHeroAttach), TESSARO_FIELD(physics),
-            TESSARO_FIELD(collisionMasks), TESSARO_FIELD(animation), TESSARO_FIELD(devices),
-            TESSARO_FIELD(extraProperties), TESSARO_FIELD(projectiles), TESSARO_FIELD(rotationProperties),
-            TESSARO_FIELD(siblings), TESSARO_FIELD(soundEffects)};
+        return std::tuple{TESSARO_FIELD(id),
+                          TESSARO_FIELD(elementName),
+                          TESSARO_FIELD(sceneObjectType),
+                          TESSARO_FIELD(name),
+                          TESSARO_FIELD(zPosition),
+                          TESSARO_FIELD(anchorPoint),
+                          TESSARO_FIELD(image),
+                          TESSARO_FIELD(imageType),
+                          TESSARO_FIELD(stack),
+                          TESSARO_FIELD(repeatCount),
+                          TESSARO_FIELD(usePhysics),
+                          TESSARO_FIELD(useGravity),
+                          TESSARO_FIELD(isDynamic),
+                          TESSARO_FIELD(usePrecision),
+                          TESSARO_FIELD(isVisible),
+                          TESSARO_FIELD(alpha),
+                          TESSARO_FIELD(darken),
+                          TESSARO_FIELD(colorBlendFactor),
+                          TESSARO_FIELD(allowedTimesToHit),
+                          TESSARO_FIELD(damageDirection),
+                          TESSARO_FIELD(isPinned),
+                          TESSARO_FIELD(objectClassType),
+                          TESSARO_FIELD(hidesBehindObject),
+                          TESSARO_FIELD(maximumDistance),
+                          TESSARO_FIELD(objectActsOn),
+                          TESSARO_FIELD(callbackFunction),
+                          TESSARO_FIELD(allowHeroAttach),
+                          TESSARO_FIELD(physics),
+                          TESSARO_FIELD(collisionMasks),
+                          TESSARO_FIELD(animation),
+                          TESSARO_FIELD(devices),
+                          TESSARO_FIELD(extraProperties),
+                          TESSARO_FIELD(projectiles),
+                          TESSARO_FIELD(rotationProperties),
+                          TESSARO_FIELD(siblings),
+                          TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -94,15 +118,30 @@ struct Character {
     static constexpr auto fields()
     {
         using S = Character;
-        return std::tuple{
-            TESSARO_FIELD(id), TESSARO_FIELD(elementName), TESSARO_FIELD(anchorPoint), TESSARO_FIELD(image),
-            TESSARO_FIELD(imageType), TESSARO_FIELD(imageDirection), TESSARO_FIELD(isVisible),
-            TESSARO_FIELD(characterType), TESSARO_FIELD(objectClassType), TESSARO_FIELD(collisionMasks),
-            TESSARO_FIELD(sceneObjectType), TESSARO_FIELD(callbackFunction), TESSARO_FIELD(allowedTimesToHit),
-            TESSARO_FIELD(useGravity), TESSARO_FIELD(isDynamic), TESSARO_FIELD(usePrecision),
-            TESSARO_FIELD(targetDistances), TESSARO_FIELD(actions), TESSARO_FIELD(animation),
-            TESSARO_FIELD(physics), TESSARO_FIELD(devices), TESSARO_FIELD(extraProperties),
-            TESSARO_FIELD(projectiles), TESSARO_FIELD(soundEffects)};
+        return std::tuple{TESSARO_FIELD(id),
+                          TESSARO_FIELD(elementName),
+                          TESSARO_FIELD(anchorPoint),
+                          TESSARO_FIELD(image),
+                          TESSARO_FIELD(imageType),
+                          TESSARO_FIELD(imageDirection),
+                          TESSARO_FIELD(isVisible),
+                          TESSARO_FIELD(characterType),
+                          TESSARO_FIELD(objectClassType),
+                          TESSARO_FIELD(collisionMasks),
+                          TESSARO_FIELD(sceneObjectType),
+                          TESSARO_FIELD(callbackFunction),
+                          TESSARO_FIELD(allowedTimesToHit),
+                          TESSARO_FIELD(useGravity),
+                          TESSARO_FIELD(isDynamic),
+                          TESSARO_FIELD(usePrecision),
+                          TESSARO_FIELD(targetDistances),
+                          TESSARO_FIELD(actions),
+                          TESSARO_FIELD(animation),
+                          TESSARO_FIELD(physics),
+                          TESSARO_FIELD(devices),
+                          TESSARO_FIELD(extraProperties),
+                          TESSARO_FIELD(projectiles),
+                          TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -127,10 +166,18 @@ struct GenericObject {
     static constexpr auto fields()
     {
         using S = GenericObject;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(elementName), TESSARO_FIELD(image),
-                          TESSARO_FIELD(imageType), TESSARO_FIELD(sceneObjectType), TESSARO_FIELD(objectClassType),
-                          TESSARO_FIELD(collisionMasks), TESSARO_FIELD(useGravity), TESSARO_FIELD(isDynamic),
-                          TESSARO_FIELD(groundType), TESSARO_FIELD(devices), TESSARO_FIELD(physics),
+        return std::tuple{TESSARO_FIELD(id),
+                          TESSARO_FIELD(elementName),
+                          TESSARO_FIELD(image),
+                          TESSARO_FIELD(imageType),
+                          TESSARO_FIELD(sceneObjectType),
+                          TESSARO_FIELD(objectClassType),
+                          TESSARO_FIELD(collisionMasks),
+                          TESSARO_FIELD(useGravity),
+                          TESSARO_FIELD(isDynamic),
+                          TESSARO_FIELD(groundType),
+                          TESSARO_FIELD(devices),
+                          TESSARO_FIELD(physics),
                           TESSARO_FIELD(animation)};
     }
 };

@@ -56,13 +56,31 @@ static_assert(std::size(sceneObjectRows) == caseCount<sceneObjectType>);
 
 } // namespace
 
-std::string_view deviceRawText(deviceName device) { return deviceRows[static_cast<int>(device)].raw; }
-std::string_view deviceTitle(deviceName device) { return deviceRows[static_cast<int>(device)].title; }
-DeviceSize deviceSize(deviceName device) { return deviceRows[static_cast<int>(device)].size; }
+std::string_view deviceRawText(deviceName device)
+{
+    return deviceRows[static_cast<int>(device)].raw;
+}
+std::string_view deviceTitle(deviceName device)
+{
+    return deviceRows[static_cast<int>(device)].title;
+}
+DeviceSize deviceSize(deviceName device)
+{
+    return deviceRows[static_cast<int>(device)].size;
+}
 
-std::string_view imageFolderName(sceneObjectType type) { return sceneObjectRows[static_cast<int>(type)].folder; }
-std::string_view pickerTabTitle(sceneObjectType type) { return sceneObjectRows[static_cast<int>(type)].tabTitle; }
-std::string_view pickerTabSymbol(sceneObjectType type) { return sceneObjectRows[static_cast<int>(type)].tabSymbol; }
+std::string_view imageFolderName(sceneObjectType type)
+{
+    return sceneObjectRows[static_cast<int>(type)].folder;
+}
+std::string_view pickerTabTitle(sceneObjectType type)
+{
+    return sceneObjectRows[static_cast<int>(type)].tabTitle;
+}
+std::string_view pickerTabSymbol(sceneObjectType type)
+{
+    return sceneObjectRows[static_cast<int>(type)].tabSymbol;
+}
 
 std::string_view sceneOrientationTitle(sceneOrientationType orientation)
 {

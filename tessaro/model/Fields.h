@@ -25,10 +25,17 @@ Field(const char*, Member Record::*) -> Field<Record, Member>;
 
 /// Declares one field whose key is the member's own name. Use inside a
 /// record's `fields()` with `using S = TheRecord;` in scope.
-#define TESSARO_FIELD(name) ::tessaro::Field{#name, &S::name}
+#define TESSARO_FIELD(name)                                                                                            \
+    ::tessaro::Field                                                                                                   \
+    {                                                                                                                  \
+#name, &S::name                                                                                                \
+    }
 
 template <class T>
-concept Record = requires { T::fields(); };
+concept Record = requires
+{
+    T::fields();
+};
 
 template <class T>
 struct OptionalTraits {
@@ -50,9 +57,11 @@ template <class T>
 inline constexpr bool isOptionalMember = OptionalTraits<T>::isOptional;
 
 template <class T>
-struct IsVector : std::false_type {};
+struct IsVector : std::false_type {
+};
 template <class T>
-struct IsVector<std::vector<T>> : std::true_type {};
+struct IsVector<std::vector<T>> : std::true_type {
+};
 
 /// Calls `f(field)` for each field of `R`, in declaration order.
 template <Record R, class F>

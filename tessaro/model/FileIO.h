@@ -8,7 +8,7 @@ namespace tessaro {
 
 struct FileReadResult {
     std::optional<std::string> bytes; // absent when the file could not be read
-    std::string error;                // why, when absent
+    std::string error; // why, when absent
 };
 
 /// Reads a whole regular file.

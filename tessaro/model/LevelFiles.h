@@ -11,7 +11,7 @@ namespace tessaro {
 
 struct LevelsReadResult {
     std::vector<Level> levels;
-    bool ok = false;   // false when the file could not be read or decoded
+    bool ok = false; // false when the file could not be read or decoded
     std::string error; // the reason, when not ok
 };
 

@@ -11,7 +11,7 @@ struct LevelSettings {
     std::string scrollOrientation; // case of scrollOrientationType
     std::optional<std::string> fontColor;
     std::string sceneOrientation; // case of sceneOrientationType
-    std::string scaleMode;        // read with scaleModeFromText
+    std::string scaleMode; // read with scaleModeFromText
     std::optional<std::string> size;
     std::optional<std::string> anchorPoint;
 
@@ -19,8 +19,9 @@ struct LevelSettings {
     static constexpr auto fields()
     {
         using S = LevelSettings;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(scrollOrientation), TESSARO_FIELD(fontColor),
-                          TESSARO_FIELD(sceneOrientation), TESSARO_FIELD(scaleMode), TESSARO_FIELD(size),
+        return std::tuple{TESSARO_FIELD(id),         TESSARO_FIELD(scrollOrientation),
+                          TESSARO_FIELD(fontColor),  TESSARO_FIELD(sceneOrientation),
+                          TESSARO_FIELD(scaleMode),  TESSARO_FIELD(size),
                           TESSARO_FIELD(anchorPoint)};
     }
 };
@@ -52,9 +53,9 @@ struct BackgroundImage {
     static constexpr auto fields()
     {
         using S = BackgroundImage;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(isVisible), TESSARO_FIELD(image), TESSARO_FIELD(speed),
-                          TESSARO_FIELD(scrollOrientation), TESSARO_FIELD(pinned), TESSARO_FIELD(pinnedRanges),
-                          TESSARO_FIELD(zPosition)};
+        return std::tuple{TESSARO_FIELD(id),           TESSARO_FIELD(isVisible),         TESSARO_FIELD(image),
+                          TESSARO_FIELD(speed),        TESSARO_FIELD(scrollOrientation), TESSARO_FIELD(pinned),
+                          TESSARO_FIELD(pinnedRanges), TESSARO_FIELD(zPosition)};
     }
 };
 
@@ -90,10 +91,18 @@ struct GroundSection {
     static constexpr auto fields()
     {
         using S = GroundSection;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(isVisible), TESSARO_FIELD(distance),
-                          TESSARO_FIELD(image), TESSARO_FIELD(groundType), TESSARO_FIELD(imageBottomLayer),
-                          TESSARO_FIELD(repeatCount), TESSARO_FIELD(groundPhysicsAngleType), TESSARO_FIELD(stack),
-                          TESSARO_FIELD(anchorPoint), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices),
+        return std::tuple{TESSARO_FIELD(id),
+                          TESSARO_FIELD(isVisible),
+                          TESSARO_FIELD(distance),
+                          TESSARO_FIELD(image),
+                          TESSARO_FIELD(groundType),
+                          TESSARO_FIELD(imageBottomLayer),
+                          TESSARO_FIELD(repeatCount),
+                          TESSARO_FIELD(groundPhysicsAngleType),
+                          TESSARO_FIELD(stack),
+                          TESSARO_FIELD(anchorPoint),
+                          TESSARO_FIELD(zPosition),
+                          TESSARO_FIELD(devices),
                           TESSARO_FIELD(extraProperties)};
     }
 };
@@ -129,8 +138,8 @@ struct CharacterLevelItem {
     static constexpr auto fields()
     {
         using S = CharacterLevelItem;
-        return std::tuple{TESSARO_FIELD(elementName), TESSARO_FIELD(name), TESSARO_FIELD(sceneObjectType),
-                          TESSARO_FIELD(charClassType), TESSARO_FIELD(zPosition), TESSARO_FIELD(isVisible),
+        return std::tuple{TESSARO_FIELD(elementName),       TESSARO_FIELD(name),      TESSARO_FIELD(sceneObjectType),
+                          TESSARO_FIELD(charClassType),     TESSARO_FIELD(zPosition), TESSARO_FIELD(isVisible),
                           TESSARO_FIELD(hidesBehindObject), TESSARO_FIELD(properties)};
     }
 };
@@ -188,8 +197,8 @@ struct WindowItem {
     static constexpr auto fields()
     {
         using S = WindowItem;
-        return std::tuple{TESSARO_FIELD(type), TESSARO_FIELD(image), TESSARO_FIELD(text), TESSARO_FIELD(fontInfo),
-                          TESSARO_FIELD(zPosition), TESSARO_FIELD(devices)};
+        return std::tuple{TESSARO_FIELD(type),     TESSARO_FIELD(image),     TESSARO_FIELD(text),
+                          TESSARO_FIELD(fontInfo), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices)};
     }
 };
 
@@ -207,7 +216,7 @@ struct LevelEndData {
     {
         using S = LevelEndData;
         return std::tuple{TESSARO_FIELD(windowOffset), TESSARO_FIELD(zPosition), TESSARO_FIELD(windowItems),
-                          TESSARO_FIELD(characters), TESSARO_FIELD(obstacles), TESSARO_FIELD(soundEffects)};
+                          TESSARO_FIELD(characters),   TESSARO_FIELD(obstacles), TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -224,7 +233,7 @@ struct Coin {
     static constexpr auto fields()
     {
         using S = Coin;
-        return std::tuple{TESSARO_FIELD(devices), TESSARO_FIELD(image), TESSARO_FIELD(isVisible),
+        return std::tuple{TESSARO_FIELD(devices),     TESSARO_FIELD(image), TESSARO_FIELD(isVisible),
                           TESSARO_FIELD(repeatCount), TESSARO_FIELD(stack), TESSARO_FIELD(useGravity),
                           TESSARO_FIELD(zPosition)};
     }
@@ -257,8 +266,8 @@ struct Shield {
     static constexpr auto fields()
     {
         using S = Shield;
-        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(devices), TESSARO_FIELD(isVisible),
-                          TESSARO_FIELD(timed), TESSARO_FIELD(zPosition)};
+        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(devices), TESSARO_FIELD(isVisible), TESSARO_FIELD(timed),
+                          TESSARO_FIELD(zPosition)};
     }
 };
 
@@ -287,7 +296,7 @@ struct Artifact {
     static constexpr auto fields()
     {
         using S = Artifact;
-        return std::tuple{TESSARO_FIELD(alpha), TESSARO_FIELD(devices), TESSARO_FIELD(image),
+        return std::tuple{TESSARO_FIELD(alpha),     TESSARO_FIELD(devices),         TESSARO_FIELD(image),
                           TESSARO_FIELD(isVisible), TESSARO_FIELD(objectClassType), TESSARO_FIELD(zPosition)};
     }
 };
@@ -325,10 +334,10 @@ struct Level {
     static constexpr auto fields()
     {
         using S = Level;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(settings), TESSARO_FIELD(background),
-                          TESSARO_FIELD(ground), TESSARO_FIELD(obstacles), TESSARO_FIELD(checkpoints),
-                          TESSARO_FIELD(levelEnd), TESSARO_FIELD(phaseEnd), TESSARO_FIELD(characters),
-                          TESSARO_FIELD(coins), TESSARO_FIELD(shields), TESSARO_FIELD(artifacts)};
+        return std::tuple{TESSARO_FIELD(id),       TESSARO_FIELD(settings),  TESSARO_FIELD(background),
+                          TESSARO_FIELD(ground),   TESSARO_FIELD(obstacles), TESSARO_FIELD(checkpoints),
+                          TESSARO_FIELD(levelEnd), TESSARO_FIELD(phaseEnd),  TESSARO_FIELD(characters),
+                          TESSARO_FIELD(coins),    TESSARO_FIELD(shields),   TESSARO_FIELD(artifacts)};
     }
 };
 

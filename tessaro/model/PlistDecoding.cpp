@@ -1,8 +1,8 @@
 // Decoding of record lists from XML (pugixml, parsed in place) and binary
 // (libplist) property lists. One generic decoder walks the field tables over
 // either document through a small node adapter.
-#include "PlistCodec.h"
 #include "BinaryPlistCheck.h"
+#include "PlistCodec.h"
 #include "Utf8.h"
 #include "ValueText.h"
 
@@ -62,14 +62,22 @@ public:
     Kind kind() const
     {
         const std::string_view name = node_.name();
-        if (name == "dict") return Kind::dict;
-        if (name == "array") return Kind::array;
-        if (name == "string") return Kind::string;
-        if (name == "integer") return Kind::integer;
-        if (name == "real") return Kind::real;
-        if (name == "true" || name == "false") return Kind::boolean;
-        if (name == "data") return Kind::data;
-        if (name == "date") return Kind::date;
+        if (name == "dict")
+            return Kind::dict;
+        if (name == "array")
+            return Kind::array;
+        if (name == "string")
+            return Kind::string;
+        if (name == "integer")
+            return Kind::integer;
+        if (name == "real")
+            return Kind::real;
+        if (name == "true" || name == "false")
+            return Kind::boolean;
+        if (name == "data")
+            return Kind::data;
+        if (name == "date")
+            return Kind::date;
         return Kind::unknown;
     }
 
@@ -435,8 +443,8 @@ template <Record T>
 std::vector<T> decodeXml(std::string& bytes)
 {
     pugi::xml_document document;
-    const unsigned options = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata |
-                             pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
+    const unsigned options = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata | pugi::parse_ws_pcdata_single |
+        pugi::parse_embed_pcdata;
     const pugi::xml_parse_result parsed =
         document.load_buffer_inplace(bytes.data(), bytes.size(), options, pugi::encoding_auto);
     if (!parsed)

@@ -203,15 +203,30 @@ private:
 // ---- The generic encoder ----------------------------------------------------
 
 template <class W>
-void encodeValue(W& w, const std::string& value) { w.string(value); }
+void encodeValue(W& w, const std::string& value)
+{
+    w.string(value);
+}
 template <class W>
-void encodeValue(W& w, const Uuid& value) { w.string(value.text()); }
+void encodeValue(W& w, const Uuid& value)
+{
+    w.string(value.text());
+}
 template <class W>
-void encodeValue(W& w, bool value) { w.boolean(value); }
+void encodeValue(W& w, bool value)
+{
+    w.boolean(value);
+}
 template <class W>
-void encodeValue(W& w, double value) { w.real(value); }
+void encodeValue(W& w, double value)
+{
+    w.real(value);
+}
 template <class W>
-void encodeValue(W& w, std::int64_t value) { w.integer(value); }
+void encodeValue(W& w, std::int64_t value)
+{
+    w.integer(value);
+}
 
 template <class W, class T>
 void encodeValue(W& w, const std::vector<T>& values);
@@ -228,18 +243,36 @@ void encodeValue(W& w, const std::vector<T>& values)
 }
 
 template <class T>
-bool isPresent(const T&) { return true; }
+bool isPresent(const T&)
+{
+    return true;
+}
 template <class T>
-bool isPresent(const std::optional<T>& v) { return v.has_value(); }
+bool isPresent(const std::optional<T>& v)
+{
+    return v.has_value();
+}
 template <class T>
-bool isPresent(const boxed<T>& v) { return v.has_value(); }
+bool isPresent(const boxed<T>& v)
+{
+    return v.has_value();
+}
 
 template <class T>
-const T& presentValue(const T& v) { return v; }
+const T& presentValue(const T& v)
+{
+    return v;
+}
 template <class T>
-const T& presentValue(const std::optional<T>& v) { return *v; }
+const T& presentValue(const std::optional<T>& v)
+{
+    return *v;
+}
 template <class T>
-const T& presentValue(const boxed<T>& v) { return *v; }
+const T& presentValue(const boxed<T>& v)
+{
+    return *v;
+}
 
 // Field indexes of `R` ordered by key, the order in which dictionaries are written.
 template <Record R>

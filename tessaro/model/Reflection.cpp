@@ -13,8 +13,7 @@ std::string reflectionText(const ReflectionValue& value)
     case ReflectionValue::Kind::boolean: return value.boolean ? "true" : "false";
     case ReflectionValue::Kind::real: return numberText(value.real);
     case ReflectionValue::Kind::integer: return std::to_string(value.integer);
-    case ReflectionValue::Kind::list:
-        return value.count == 1 ? "1 entry" : std::to_string(value.count) + " entries";
+    case ReflectionValue::Kind::list: return value.count == 1 ? "1 entry" : std::to_string(value.count) + " entries";
     case ReflectionValue::Kind::record: return "…";
     case ReflectionValue::Kind::table: {
         std::string text = "{";

@@ -20,11 +20,11 @@ using ReflectionTable = std::map<std::string, ReflectionValue>;
 struct ReflectionValue {
     enum class Kind { absent, text, boolean, real, integer, uuid, table, list, record };
     Kind kind = Kind::absent;
-    std::string text;                     // text, or a UUID's text
+    std::string text; // text, or a UUID's text
     bool boolean = false;
     double real = 0;
     std::int64_t integer = 0;
-    std::size_t count = 0;                // entries of a list
+    std::size_t count = 0; // entries of a list
     std::shared_ptr<ReflectionTable> table; // nested record, below the depth limit
 };
 

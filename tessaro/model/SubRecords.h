@@ -18,8 +18,7 @@ struct CollisionDetection {
     static constexpr auto fields()
     {
         using S = CollisionDetection;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(category), TESSARO_FIELD(contact),
-                          TESSARO_FIELD(collision)};
+        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(category), TESSARO_FIELD(contact), TESSARO_FIELD(collision)};
     }
 };
 
@@ -37,7 +36,7 @@ struct Actions {
     {
         using S = Actions;
         return std::tuple{TESSARO_FIELD(initial), TESSARO_FIELD(idle), TESSARO_FIELD(move),
-                          TESSARO_FIELD(attack), TESSARO_FIELD(toss), TESSARO_FIELD(death)};
+                          TESSARO_FIELD(attack),  TESSARO_FIELD(toss), TESSARO_FIELD(death)};
     }
 };
 
@@ -55,8 +54,8 @@ struct WaitPerAnimationFrame {
     static constexpr auto fields()
     {
         using S = WaitPerAnimationFrame;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(initial), TESSARO_FIELD(idle), TESSARO_FIELD(move),
-                          TESSARO_FIELD(attack), TESSARO_FIELD(toss), TESSARO_FIELD(cycleEnd)};
+        return std::tuple{TESSARO_FIELD(id),     TESSARO_FIELD(initial), TESSARO_FIELD(idle),    TESSARO_FIELD(move),
+                          TESSARO_FIELD(attack), TESSARO_FIELD(toss),    TESSARO_FIELD(cycleEnd)};
     }
 };
 
@@ -77,9 +76,11 @@ struct Delays {
     static constexpr auto fields()
     {
         using S = Delays;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(fade), TESSARO_FIELD(initial), TESSARO_FIELD(idle),
-                          TESSARO_FIELD(movement), TESSARO_FIELD(cycleEnd), TESSARO_FIELD(fadeRange),
-                          TESSARO_FIELD(initialRange), TESSARO_FIELD(idleRange), TESSARO_FIELD(movementRange),
+        return std::tuple{TESSARO_FIELD(id),           TESSARO_FIELD(fade),
+                          TESSARO_FIELD(initial),      TESSARO_FIELD(idle),
+                          TESSARO_FIELD(movement),     TESSARO_FIELD(cycleEnd),
+                          TESSARO_FIELD(fadeRange),    TESSARO_FIELD(initialRange),
+                          TESSARO_FIELD(idleRange),    TESSARO_FIELD(movementRange),
                           TESSARO_FIELD(cycleEndRange)};
     }
 };
@@ -98,8 +99,8 @@ struct TargetDistances {
     static constexpr auto fields()
     {
         using S = TargetDistances;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(maximumRange), TESSARO_FIELD(near),
-                          TESSARO_FIELD(move), TESSARO_FIELD(attack), TESSARO_FIELD(toss),
+        return std::tuple{TESSARO_FIELD(id),       TESSARO_FIELD(maximumRange), TESSARO_FIELD(near),
+                          TESSARO_FIELD(move),     TESSARO_FIELD(attack),       TESSARO_FIELD(toss),
                           TESSARO_FIELD(moveSpeed)};
     }
 };
@@ -117,8 +118,8 @@ struct EdgePhysics {
     static constexpr auto fields()
     {
         using S = EdgePhysics;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(startPoint),
-                          TESSARO_FIELD(endPoint), TESSARO_FIELD(framesAffected)};
+        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(startPoint), TESSARO_FIELD(endPoint),
+                          TESSARO_FIELD(framesAffected)};
     }
 };
 
@@ -179,8 +180,8 @@ struct PolyPhysics {
     static constexpr auto fields()
     {
         using S = PolyPhysics;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(direction),
-                          TESSARO_FIELD(points), TESSARO_FIELD(framesAffected)};
+        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(direction), TESSARO_FIELD(points),
+                          TESSARO_FIELD(framesAffected)};
     }
 };
 
@@ -196,8 +197,8 @@ struct PhysicsProperty {
     static constexpr auto fields()
     {
         using S = PhysicsProperty;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(edges), TESSARO_FIELD(radiuses),
-                          TESSARO_FIELD(rectangles), TESSARO_FIELD(polygons)};
+        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(edges), TESSARO_FIELD(radiuses), TESSARO_FIELD(rectangles),
+                          TESSARO_FIELD(polygons)};
     }
 };
 
@@ -220,17 +221,24 @@ struct CycleEndProperties {
     static constexpr auto fields()
     {
         using S = CycleEndProperties;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(obstacleAffected), TESSARO_FIELD(fadeObstacle),
-                          TESSARO_FIELD(atlasName), TESSARO_FIELD(objectClassType), TESSARO_FIELD(collisionMasks),
-                          TESSARO_FIELD(removeFromParentAtEnd), TESSARO_FIELD(animationDuration),
-                          TESSARO_FIELD(callbackFunction), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices),
+        return std::tuple{TESSARO_FIELD(id),
+                          TESSARO_FIELD(obstacleAffected),
+                          TESSARO_FIELD(fadeObstacle),
+                          TESSARO_FIELD(atlasName),
+                          TESSARO_FIELD(objectClassType),
+                          TESSARO_FIELD(collisionMasks),
+                          TESSARO_FIELD(removeFromParentAtEnd),
+                          TESSARO_FIELD(animationDuration),
+                          TESSARO_FIELD(callbackFunction),
+                          TESSARO_FIELD(zPosition),
+                          TESSARO_FIELD(devices),
                           TESSARO_FIELD(physics)};
     }
 };
 
 struct AnimationProperty {
     std::optional<Uuid> id;
-    std::optional<std::string> frequency;     // case of animationFrequency
+    std::optional<std::string> frequency; // case of animationFrequency
     std::optional<std::string> moveDirection; // case of animationMoveDirection
     std::optional<bool> flipImage;
     std::optional<std::string> velocity;
@@ -249,12 +257,21 @@ struct AnimationProperty {
     static constexpr auto fields()
     {
         using S = AnimationProperty;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(frequency), TESSARO_FIELD(moveDirection),
-                          TESSARO_FIELD(flipImage), TESSARO_FIELD(velocity), TESSARO_FIELD(animationFrameStart),
-                          TESSARO_FIELD(changePhysics), TESSARO_FIELD(noPhysicsFirstFrame),
-                          TESSARO_FIELD(noPhysicsLastFrame), TESSARO_FIELD(horizontalFlip),
-                          TESSARO_FIELD(verticalFlip), TESSARO_FIELD(waitPerAnimationFrame), TESSARO_FIELD(delays),
-                          TESSARO_FIELD(cycleEndProperties), TESSARO_FIELD(physics)};
+        return std::tuple{TESSARO_FIELD(id),
+                          TESSARO_FIELD(frequency),
+                          TESSARO_FIELD(moveDirection),
+                          TESSARO_FIELD(flipImage),
+                          TESSARO_FIELD(velocity),
+                          TESSARO_FIELD(animationFrameStart),
+                          TESSARO_FIELD(changePhysics),
+                          TESSARO_FIELD(noPhysicsFirstFrame),
+                          TESSARO_FIELD(noPhysicsLastFrame),
+                          TESSARO_FIELD(horizontalFlip),
+                          TESSARO_FIELD(verticalFlip),
+                          TESSARO_FIELD(waitPerAnimationFrame),
+                          TESSARO_FIELD(delays),
+                          TESSARO_FIELD(cycleEndProperties),
+                          TESSARO_FIELD(physics)};
     }
 };
 
@@ -271,8 +288,8 @@ struct RotationProperties {
     static constexpr auto fields()
     {
         using S = RotationProperties;
-        return std::tuple{TESSARO_FIELD(rotation), TESSARO_FIELD(rotateForever), TESSARO_FIELD(rotateDuration),
-                          TESSARO_FIELD(rotationPin), TESSARO_FIELD(rotateType), TESSARO_FIELD(rotateDelay),
+        return std::tuple{TESSARO_FIELD(rotation),    TESSARO_FIELD(rotateForever), TESSARO_FIELD(rotateDuration),
+                          TESSARO_FIELD(rotationPin), TESSARO_FIELD(rotateType),    TESSARO_FIELD(rotateDelay),
                           TESSARO_FIELD(rotateCount)};
     }
 };
@@ -304,8 +321,8 @@ struct ProjectileProperties {
     static constexpr auto fields()
     {
         using S = ProjectileProperties;
-        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(imageDirection), TESSARO_FIELD(objectClassType),
-                          TESSARO_FIELD(type), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices),
+        return std::tuple{TESSARO_FIELD(image),   TESSARO_FIELD(imageDirection), TESSARO_FIELD(objectClassType),
+                          TESSARO_FIELD(type),    TESSARO_FIELD(zPosition),      TESSARO_FIELD(devices),
                           TESSARO_FIELD(physics), TESSARO_FIELD(velocityRanges)};
     }
 };

@@ -15,7 +15,10 @@ int hexValue(char c)
         return c - 'A' + 10;
     return -1;
 }
-bool isHyphenAt(std::size_t i) { return i == 8 || i == 13 || i == 18 || i == 23; }
+bool isHyphenAt(std::size_t i)
+{
+    return i == 8 || i == 13 || i == 18 || i == 23;
+}
 } // namespace
 
 Uuid Uuid::create()

@@ -20,8 +20,14 @@ std::string numberText(double value);
 
 /// "{x,y}": the text of a point, size or vector.
 std::string textFromPair(double first, double second);
-inline std::string textFromPoint(PointValue p) { return textFromPair(p.x, p.y); }
-inline std::string textFromSize(SizeValue s) { return textFromPair(s.width, s.height); }
+inline std::string textFromPoint(PointValue p)
+{
+    return textFromPair(p.x, p.y);
+}
+inline std::string textFromSize(SizeValue s)
+{
+    return textFromPair(s.width, s.height);
+}
 /// "lower...upper".
 std::string textFromRange(RangeValue r);
 

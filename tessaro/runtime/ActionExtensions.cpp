@@ -73,8 +73,7 @@ ActionPtr ActionExtensions::swing(qreal angle, double duration)
     lead->setTimingMode(kit::ActionTimingMode::Linear);
     ActionPtr turn = Action::rotateByAngle(a, duration);
     turn->setTimingMode(kit::ActionTimingMode::Linear);
-    return Action::sequence(
-        {lead, Action::repeatActionForever(Action::sequence({turn->reversedAction(), turn}))});
+    return Action::sequence({lead, Action::repeatActionForever(Action::sequence({turn->reversedAction(), turn}))});
 }
 
 ActionPtr ActionExtensions::swingEased(qreal angle, double duration)
@@ -84,8 +83,7 @@ ActionPtr ActionExtensions::swingEased(qreal angle, double duration)
     lead->setTimingMode(kit::ActionTimingMode::EaseInEaseOut);
     ActionPtr turn = Action::rotateByAngle(h, duration * 0.5);
     turn->setTimingMode(kit::ActionTimingMode::EaseInEaseOut);
-    return Action::sequence(
-        {lead, Action::repeatActionForever(Action::sequence({turn->reversedAction(), turn}))});
+    return Action::sequence({lead, Action::repeatActionForever(Action::sequence({turn->reversedAction(), turn}))});
 }
 
 } // namespace tessaro

@@ -17,15 +17,15 @@ struct ActionExtensions {
     /// Plays the textures that `cachedTextures` gives for `name` (an atlas or
     /// image name), see the texture-list form.
     static kit::ActionPtr animateFrames(const kit::TextureLookup& cachedTextures, const QString& name,
-                                        double timePerFrame, double delay, int firstFrame, int endFrame,
-                                        bool allFrames, animationFrequency frequency, bool flip);
+                                        double timePerFrame, double delay, int firstFrame, int endFrame, bool allFrames,
+                                        animationFrequency frequency, bool flip);
     /// Plays `textures` (only those with firstFrame <= index < endFrame unless
     /// `allFrames`), `timePerFrame` seconds each, after turning the node to
     /// xScale -1 when `flip`, then waits `delay` when it is above 0. With the
     /// frequency foreverAutomatically the whole repeats for ever.
-    static kit::ActionPtr animateFrames(const std::vector<kit::TexturePtr>& textures, double timePerFrame,
-                                        double delay, int firstFrame, int endFrame, bool allFrames,
-                                        animationFrequency frequency, bool flip);
+    static kit::ActionPtr animateFrames(const std::vector<kit::TexturePtr>& textures, double timePerFrame, double delay,
+                                        int firstFrame, int endFrame, bool allFrames, animationFrequency frequency,
+                                        bool flip);
     /// `count` passes of fading to 0.1 and back to `alpha`, each fade taking
     /// duration / count / 2. With `useColors` each pass also paints the node
     /// (a sprite's colour, a shape's fill, a label's font colour): colorB on

@@ -14,9 +14,9 @@ TEST(SceneConstruction, LayersAndOverlaysOfANewScene)
     SceneWorkspace workspace;
     auto scene = sceneEditor::create(nullptr, SceneSetup{});
 
-    const QStringList expected{"backgroundNodes",  "pinnedBackgroundNodes", "obstacleNodes",  "characterNodes",
-                               "groundNodes",      "coinsNodes",            "artifactsNodes", "checkpointsNodes",
-                               "navigatindNodes", "shieldsNodes"};
+    const QStringList expected{
+        "backgroundNodes", "pinnedBackgroundNodes", "obstacleNodes",    "characterNodes",  "groundNodes",
+        "coinsNodes",      "artifactsNodes",        "checkpointsNodes", "navigatindNodes", "shieldsNodes"};
     QStringList layers;
     for (const auto& child : scene->children())
         if (expected.contains(child->name())) {
@@ -182,8 +182,8 @@ TEST(SceneConstruction, NumbersThatCannotBeDrawnAreShownSafelyAndKept)
     far.properties.emplace().devices = at("{5,inf}");
     huge.properties.emplace().devices = at("{10,0}", "{1e12,40}");
     level.obstacles = std::vector<tessaro::ObstacleLevelItem>{far, huge};
-    level.ground = std::vector<tessaro::GroundSection>{hazardSection("Water", "{inf,0}"),
-                                                       tileSection("grass", "{inf,50}")};
+    level.ground =
+        std::vector<tessaro::GroundSection>{hazardSection("Water", "{inf,0}"), tileSection("grass", "{inf,50}")};
     const tessaro::Level original = level;
 
     testing_support::DiagnosticCapture capture;

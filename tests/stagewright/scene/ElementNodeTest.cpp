@@ -64,9 +64,9 @@ TEST_F(ElementTest, DevicesPlaceEachKind)
 {
     tessaro::Level level = floored();
     tessaro::setLastRandomPosition({321, 7});
-    level.obstacles = std::vector<tessaro::ObstacleLevelItem>{
-        crate("{100,0}", "{10,0}"), crate("{100,20}", "{0,5}"), crate("{100,0}", {}, true),
-        crate("{999999999,50}", "{2,0}")};
+    level.obstacles =
+        std::vector<tessaro::ObstacleLevelItem>{crate("{100,0}", "{10,0}"), crate("{100,20}", "{0,5}"),
+                                                crate("{100,0}", {}, true), crate("{999999999,50}", "{2,0}")};
     tessaro::CharacterLevelItem walker;
     walker.elementName = "Walker";
     walker.properties.emplace().devices = at("{100,0}", {}, "{4,0}");

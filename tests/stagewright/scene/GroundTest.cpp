@@ -57,8 +57,8 @@ TEST_F(GroundTest, FloorRectanglesWidenAtEqualHeightAndOnSlopes)
     sloped.groundPhysicsAngleType = "angle";
     tessaro::GroundSection offset = tileSection("grass", "{200,50}");
     offset.devices->front().offset = "{30,10}";
-    LoadedLevel loaded(withGround(
-        {tileSection("grass", "{200,50}"), tileSection("grass", "{200,50}"), raised, sloped, offset}));
+    LoadedLevel loaded(
+        withGround({tileSection("grass", "{200,50}"), tileSection("grass", "{200,50}"), raised, sloped, offset}));
     const auto& floors = loaded.scene->groundBaseVariants();
     ASSERT_EQ(floors.size(), 3u);
     EXPECT_EQ(floors[0], QRectF(-437, -151, 400, 0));

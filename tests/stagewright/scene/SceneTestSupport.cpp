@@ -52,8 +52,7 @@ void SceneWorkspace::placeholder(int width, int height)
     picture.save(extrasFolder(m_path) + QStringLiteral("placeholder.png"), "PNG");
 }
 
-tessaro::DeviceProperties defaultEntry(const std::string& position, const std::string& size,
-                                       const std::string& offset)
+tessaro::DeviceProperties defaultEntry(const std::string& position, const std::string& size, const std::string& offset)
 {
     tessaro::DeviceProperties entry;
     entry.deviceName = "defaultDevice";
@@ -144,7 +143,8 @@ tessaro::Level emptyLevel()
 }
 
 LoadedLevel::LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize)
-    : tab(tessaro::Uuid::create(), QStringLiteral("Test")), id(*level.id)
+    : tab(tessaro::Uuid::create(), QStringLiteral("Test")),
+      id(*level.id)
 {
     tab.setLevelConfig({std::move(level)});
     tab.setLevelSelected(id);

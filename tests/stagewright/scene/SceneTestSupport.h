@@ -72,7 +72,13 @@ struct LoadedLevel {
 std::vector<elementNodePtr> elements(const tessaro::kit::NodePtr& layer);
 
 /// x and y of a node's position.
-inline double xOf(const elementNodePtr& node) { return node->position().x(); }
-inline double yOf(const elementNodePtr& node) { return node->position().y(); }
+inline double xOf(const elementNodePtr& node)
+{
+    return node->position().x();
+}
+inline double yOf(const elementNodePtr& node)
+{
+    return node->position().y();
+}
 
 } // namespace stagewright::test

@@ -4,8 +4,8 @@
 #include <stagewright/state/ProjectTab.h>
 
 #include <QAction>
-#include <QMenu>
 #include <QCheckBox>
+#include <QMenu>
 #include <QMenuBar>
 
 namespace stagewright::test {

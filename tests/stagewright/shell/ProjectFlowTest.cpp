@@ -245,7 +245,10 @@ TEST_F(ProjectFlowTest, WorkspaceCommandsCreateAndUseFolders)
     EXPECT_TRUE(QFileInfo(fresh + QStringLiteral("/Levels")).isDir());
     EXPECT_TRUE(QFileInfo::exists(fresh + QStringLiteral("/Assets/ObstacleList.plist")));
     EXPECT_EQ(workingSpacePath(), fresh + QLatin1Char('/'));
-    EXPECT_TRUE(window->footer()->findChild<QToolButton*>(QStringLiteral("workspaceLink"))->text().endsWith(fresh + QLatin1Char('/')));
+    EXPECT_TRUE(window->footer()
+                    ->findChild<QToolButton*>(QStringLiteral("workspaceLink"))
+                    ->text()
+                    .endsWith(fresh + QLatin1Char('/')));
 
     const QString previous = defaultWorkspacePath();
     dialogs.folders.push_back(previous);

@@ -74,8 +74,11 @@ void ScriptedDialogs::reportFailure(const QString& message, const QString& detai
 // ---- Scene --------------------------------------------------------------------------
 
 BlockScene::BlockScene(projectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log)
-    : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)), m_tab(tab), m_log(std::move(log)),
-      m_scaleMode(setup.scaleMode), m_orientation(setup.orientation)
+    : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
+      m_tab(tab),
+      m_log(std::move(log)),
+      m_scaleMode(setup.scaleMode),
+      m_orientation(setup.orientation)
 {
     setAnchorPoint(setup.anchorPoint);
     setBackgroundColor(QColor(setup.backgroundColor.red, setup.backgroundColor.green, setup.backgroundColor.blue));

@@ -76,8 +76,9 @@ TEST_F(GateFixture, AUsableLocationRunsTheWorkWithoutGrantOrPanel)
     EXPECT_TRUE(ran);
     EXPECT_EQ(asked, 0);
     EXPECT_TRUE(log.isEmpty());
-    EXPECT_EQ(capture.lines(), std::vector<std::string>{"needsPermissionForFileAtURL: " + project.toStdString() +
-                                                        " reachable: true readable: true writable: true"});
+    EXPECT_EQ(capture.lines(),
+              std::vector<std::string>{"needsPermissionForFileAtURL: " + project.toStdString() +
+                                       " reachable: true readable: true writable: true"});
 
     EXPECT_TRUE(gate.needsPermission(project + QStringLiteral("/missing.plist")));
 }

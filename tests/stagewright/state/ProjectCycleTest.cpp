@@ -48,8 +48,8 @@ TEST_F(StateFixture, OpenReplacesTheStartTabAndLoadsTheFirstLevel)
     // and its scene go.
     ASSERT_NE(frontScene(), nullptr);
     EXPECT_EQ(frontScene()->loaded, tab.levelSelected());
-    const int load = findIn(*sceneLog, frontScene()->logName() + QStringLiteral(" loadLevel ") +
-                                           shortId(tab.levelSelected()));
+    const int load =
+        findIn(*sceneLog, frontScene()->logName() + QStringLiteral(" loadLevel ") + shortId(tab.levelSelected()));
     EXPECT_GE(load, 0) << logText().toStdString();
     EXPECT_EQ(sceneLog->last(), startScene + QStringLiteral(" release"));
     EXPECT_GT(sceneLog->size() - 1, load);
@@ -83,8 +83,8 @@ TEST_F(StateFixture, SaveWritesTheSceneBackBeforeTheFile)
     EXPECT_TRUE(settings->saveProject());
     EXPECT_FALSE(tab.isProjectDirty());
     EXPECT_TRUE(capture.contains("Save project result: true"));
-    EXPECT_EQ(*sceneLog, QStringList{frontScene()->logName() + QStringLiteral(" writeBack ") +
-                                     shortId(tab.levelSelected())});
+    EXPECT_EQ(*sceneLog,
+              QStringList{frontScene()->logName() + QStringLiteral(" writeBack ") + shortId(tab.levelSelected())});
     const auto saved = tessaro::loadLevels(path.toStdString());
     ASSERT_EQ(saved.size(), 2u);
     EXPECT_EQ(saved[0].settings.fontColor.value_or("").rfind("written back by scene", 0), 0u);

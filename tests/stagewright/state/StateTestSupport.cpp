@@ -59,8 +59,14 @@ int sceneCounter = 0;
 }
 
 FakeScene::FakeScene(projectTab& tab, const SceneSetup& sceneSetup, std::shared_ptr<QStringList> log)
-    : setup(sceneSetup), m_tab(tab), m_log(std::move(log)), m_serial(++sceneCounter), m_size(sceneSetup.size),
-      m_anchor(sceneSetup.anchorPoint), m_scaleMode(sceneSetup.scaleMode), m_orientation(sceneSetup.orientation)
+    : setup(sceneSetup),
+      m_tab(tab),
+      m_log(std::move(log)),
+      m_serial(++sceneCounter),
+      m_size(sceneSetup.size),
+      m_anchor(sceneSetup.anchorPoint),
+      m_scaleMode(sceneSetup.scaleMode),
+      m_orientation(sceneSetup.orientation)
 {
     *m_log << QStringLiteral("new scene %1").arg(m_serial);
 }

@@ -52,9 +52,10 @@ TEST(Store, NewDatabaseHasSchemaVersionAndFirstRunSettings)
                                  " editor.xspace"));
     EXPECT_EQ(query(workspace, "SELECT version FROM DbVersion"), QStringList{"1.0.0"});
     EXPECT_EQ(query(workspace, "SELECT count(*) FROM Documents"), QStringList{"0"});
-    EXPECT_EQ(query(workspace, "SELECT defaultImageType || '|' || defaultSoundType || '|' || defaultImageScale || '|' "
-                               "|| defaultSceneOrientation || '|' || defaultScaleMode || '|' || defaultAnchorPoint "
-                               "|| '|' || defaultSceneSize || '|' || debugOptions FROM Settings"),
+    EXPECT_EQ(query(workspace,
+                    "SELECT defaultImageType || '|' || defaultSoundType || '|' || defaultImageScale || '|' "
+                    "|| defaultSceneOrientation || '|' || defaultScaleMode || '|' || defaultAnchorPoint "
+                    "|| '|' || defaultSceneSize || '|' || debugOptions FROM Settings"),
               QStringList{"png|wav|x2|landscape|aspectFill|{0.5,0.5}|{874.0,402.0}|"});
     EXPECT_TRUE(snapshot.recentDocuments.empty());
     EXPECT_EQ(snapshot.settings, tessaro::appConfig{});
@@ -137,8 +138,7 @@ TEST(Store, SettingsReadWithTheirFallbacks)
     EXPECT_EQ(config.base.defaultSceneOrientation, tessaro::sceneOrientationType::portrait);
     EXPECT_EQ(config.base.defaultSceneSize, (tessaro::SizeValue{800, 600}));
     EXPECT_EQ(config.base.defaultAnchorPoint, (tessaro::PointValue{0, 1}));
-    EXPECT_EQ(config.debugOptions,
-              (std::vector{tessaro::DebugOption::showsFPS, tessaro::DebugOption::showsPhysics}));
+    EXPECT_EQ(config.debugOptions, (std::vector{tessaro::DebugOption::showsFPS, tessaro::DebugOption::showsPhysics}));
     // Reading does not repair the row.
     EXPECT_EQ(query(workspace, "SELECT defaultImageType FROM Settings"), QStringList{"heic"});
 
@@ -161,8 +161,9 @@ TEST(Store, StatementsReportTheirLines)
 
     capture.clear();
     EXPECT_FALSE(db.execute(QStringLiteral("INSERT INTO Nowhere (x) VALUES (?);"), {QStringLiteral("1")}));
-    EXPECT_EQ(capture.lines(), (std::vector<std::string>{"ExecuteStatement: INSERT INTO Nowhere (x) VALUES (?);",
-                                                         "Data is not updated in table"}));
+    EXPECT_EQ(capture.lines(),
+              (std::vector<std::string>{"ExecuteStatement: INSERT INTO Nowhere (x) VALUES (?);",
+                                        "Data is not updated in table"}));
     capture.clear();
     EXPECT_FALSE(db.createTable(QStringLiteral("CREATE TABLE Settings (x);"), QStringLiteral("Settings")));
     EXPECT_EQ(capture.lines(), std::vector<std::string>{"CREATE TABLE statement could not be prepared."});

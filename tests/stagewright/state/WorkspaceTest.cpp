@@ -54,10 +54,10 @@ struct WorkspaceFixture : ::testing::Test {
 TEST_F(WorkspaceFixture, CreationBuildsTheLayoutWithLoadableSeedCatalogues)
 {
     ASSERT_TRUE(create());
-    for (const char* folder : {"Levels", "Assets/Sounds", "Assets/Images/Extras", "Assets/Images/Obstacles",
-                               "Assets/Images/Characters", "Assets/Images/Checkpoints", "Assets/Images/Coins",
-                               "Assets/Images/Shields", "Assets/Images/Artifacts", "Assets/Images/Ground",
-                               "Assets/Images/Backgrounds", "Assets/Images/LevelEnd", "Assets/Images/PhaseEnd"})
+    for (const char* folder :
+         {"Levels", "Assets/Sounds", "Assets/Images/Extras", "Assets/Images/Obstacles", "Assets/Images/Characters",
+          "Assets/Images/Checkpoints", "Assets/Images/Coins", "Assets/Images/Shields", "Assets/Images/Artifacts",
+          "Assets/Images/Ground", "Assets/Images/Backgrounds", "Assets/Images/LevelEnd", "Assets/Images/PhaseEnd"})
         EXPECT_TRUE(QFileInfo(workspace + QLatin1String(folder)).isDir()) << folder;
     EXPECT_TRUE(QFileInfo::exists(workspace + QStringLiteral("editor.xspace")));
     EXPECT_TRUE(QFileInfo(workspace + QStringLiteral("Assets/Images/Extras/placeholder.png")).isWritable());
@@ -65,8 +65,7 @@ TEST_F(WorkspaceFixture, CreationBuildsTheLayoutWithLoadableSeedCatalogues)
     // Every template of the seed has its image in its kind's folder.
     const std::string assets = (workspace + QStringLiteral("Assets/")).toStdString();
     const auto objects = tessaro::loadConfig<tessaro::configType::objects>(assets, "ObjectList", std::nullopt);
-    const auto characters =
-        tessaro::loadConfig<tessaro::configType::characters>(assets, "CharacterList", std::nullopt);
+    const auto characters = tessaro::loadConfig<tessaro::configType::characters>(assets, "CharacterList", std::nullopt);
     const auto obstacles = tessaro::loadConfig<tessaro::configType::obstacles>(assets, "ObstacleList", std::nullopt);
     ASSERT_FALSE(objects.empty());
     ASSERT_FALSE(characters.empty());
@@ -86,8 +85,7 @@ TEST_F(WorkspaceFixture, CreationBuildsTheLayoutWithLoadableSeedCatalogues)
     for (const auto& record : characters) {
         EXPECT_TRUE(findFileItem(QString::fromStdString(*record.image), sceneObjectType::character));
         const QString atlas = kindImageFolder(workspace, sceneObjectType::character) +
-                              QString::fromStdString(*record.image + "_" + *record.actions->move) +
-                              QStringLiteral(".atlas");
+            QString::fromStdString(*record.image + "_" + *record.actions->move) + QStringLiteral(".atlas");
         EXPECT_GE(QDir(atlas).entryList(QDir::Files).size(), 2) << atlas.toStdString();
     }
     // The hazard ground types have their default images.
@@ -154,8 +152,8 @@ TEST_F(WorkspaceFixture, ScansKeepExactExtensionsInNameOrder)
     EXPECT_EQ(lists.audio[0].sceneObjectType, sceneObjectType::none);
     EXPECT_NE(lists.images[0].tag, lists.images[1].tag);
 
-    EXPECT_TRUE(scanFolder(scratch.path() + QStringLiteral("/nowhere/"), sceneObjectType::ground, scanKind::images)
-                    .empty());
+    EXPECT_TRUE(
+        scanFolder(scratch.path() + QStringLiteral("/nowhere/"), sceneObjectType::ground, scanKind::images).empty());
 }
 
 TEST_F(WorkspaceFixture, FindFileItemMatchesNamesAndFallsBackToThePlaceholder)
@@ -264,8 +262,7 @@ TEST_F(WorkspaceFixture, PerNameFoldersPreviewsAndThumbnails)
     // "character" names no folder of the kinds: the plain file is used.
     test::writePng(workspace + QStringLiteral("Assets/Images/Characters/hero.png"), 30, 30);
     test::writePng(workspace + QStringLiteral("Assets/Images/Characters/hero/hero_0.png"), 5, 5);
-    EXPECT_EQ(loadImage(QStringLiteral("hero"), std::nullopt, sceneObjectType::character)->image.size(),
-              QSize(30, 30));
+    EXPECT_EQ(loadImage(QStringLiteral("hero"), std::nullopt, sceneObjectType::character)->image.size(), QSize(30, 30));
 
     DiagnosticCapture capture;
     EXPECT_FALSE(firstFileInDirectory(workspace + QStringLiteral("nowhere")));

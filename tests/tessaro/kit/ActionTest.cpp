@@ -97,7 +97,8 @@ TEST(Actions, GroupsEndWithTheirLongestMemberAndRepeatsCountExactly)
     EXPECT_NE(g.node->actionForKey("tick"), nullptr);
 
     Fixture h;
-    h.node->runAction(Action::repeatActionForever(Action::sequence({Action::moveBy(10, 0, 0.1), Action::waitForDuration(0.1)})));
+    h.node->runAction(
+        Action::repeatActionForever(Action::sequence({Action::moveBy(10, 0, 0.1), Action::waitForDuration(0.1)})));
     h.at(1.05); // five full rounds and half a move
     EXPECT_NEAR(h.node->position().x(), 55, 1e-9);
     EXPECT_TRUE(h.node->hasActions());
@@ -225,8 +226,8 @@ TEST(Actions, KeysSpeedPauseAndRemoval)
     // Removing from the parent inside a sequence: what follows runs in the
     // same frame, and the node stays valid for its holders.
     bool after = false;
-    child->runAction(Action::sequence({Action::waitForDuration(0.1), Action::removeFromParent(),
-                                       Action::runBlock([&] { after = true; })}));
+    child->runAction(Action::sequence(
+        {Action::waitForDuration(0.1), Action::removeFromParent(), Action::runBlock([&] { after = true; })}));
     f.at(1.6);
     EXPECT_EQ(child->parent(), nullptr);
     EXPECT_TRUE(after);
@@ -236,8 +237,8 @@ TEST(Actions, KeysSpeedPauseAndRemoval)
 
     // removeAllActions from inside a block stops the rest of that action.
     bool reached = false;
-    f.node->runAction(Action::sequence({Action::runBlock([&] { f.node->removeAllActions(); }),
-                                        Action::runBlock([&] { reached = true; })}));
+    f.node->runAction(Action::sequence(
+        {Action::runBlock([&] { f.node->removeAllActions(); }), Action::runBlock([&] { reached = true; })}));
     f.at(2.1);
     f.at(2.2);
     EXPECT_FALSE(reached);

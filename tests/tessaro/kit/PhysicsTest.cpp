@@ -133,8 +133,8 @@ TEST(Physics, BallFallsOnFloorAndTheContactIsReportedAfterTheStep)
     EXPECT_NEAR(ball->position().x(), 0, 0.5);
     ASSERT_EQ(w.log.contacts.size(), 1u);
     const PhysicsContact& c = w.log.contacts.front();
-    EXPECT_TRUE((c.bodyA() == ball->physicsBodyPtr() && c.bodyB() == floor->physicsBodyPtr())
-                || (c.bodyB() == ball->physicsBodyPtr() && c.bodyA() == floor->physicsBodyPtr()));
+    EXPECT_TRUE((c.bodyA() == ball->physicsBodyPtr() && c.bodyB() == floor->physicsBodyPtr()) ||
+                (c.bodyB() == ball->physicsBodyPtr() && c.bodyA() == floor->physicsBodyPtr()));
     EXPECT_NEAR(c.contactPoint().y(), -190, 2.5);
     EXPECT_NEAR(std::abs(c.contactNormal().y()), 1.0, 1e-3);
     EXPECT_GT(c.collisionImpulse(), 0);
@@ -380,9 +380,7 @@ TEST(Physics, TextureBodiesCoverTheOpaquePixelsOfARealPng)
     }
     // Compare pixel by pixel: a miss is allowed only next to the outline.
     const QImage loaded(path);
-    auto solidAt = [&](int x, int y) {
-        return x >= 0 && y >= 0 && x < W && y < H && qAlpha(loaded.pixel(x, y)) > 127;
-    };
+    auto solidAt = [&](int x, int y) { return x >= 0 && y >= 0 && x < W && y < H && qAlpha(loaded.pixel(x, y)) > 127; };
     int wrong = 0, farWrong = 0, total = 0;
     for (int y = 0; y < H; ++y)
         for (int x = 0; x < W; ++x) {

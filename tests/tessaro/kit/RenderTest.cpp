@@ -29,9 +29,10 @@ struct Expected {
     {
         const QColor d = image.pixelColor(x, row);
         const double a = alpha * c.alphaF();
-        image.setPixelColor(x, row, QColor(int(std::lround(c.red() * a + d.red() * (1 - a))),
-                                           int(std::lround(c.green() * a + d.green() * (1 - a))),
-                                           int(std::lround(c.blue() * a + d.blue() * (1 - a)))));
+        image.setPixelColor(x, row,
+                            QColor(int(std::lround(c.red() * a + d.red() * (1 - a))),
+                                   int(std::lround(c.green() * a + d.green() * (1 - a))),
+                                   int(std::lround(c.blue() * a + d.blue() * (1 - a)))));
     }
     void rect(int x, int y, int w, int height, QColor c, double alpha = 1.0)
     {
@@ -56,8 +57,8 @@ int worstDifference(const QImage& a, const QImage& b, QPoint* where = nullptr)
     for (int y = 0; y < a.height(); ++y)
         for (int x = 0; x < a.width(); ++x) {
             const QColor p = a.pixelColor(x, y), q = b.pixelColor(x, y);
-            const int d = std::max({std::abs(p.red() - q.red()), std::abs(p.green() - q.green()),
-                                    std::abs(p.blue() - q.blue())});
+            const int d =
+                std::max({std::abs(p.red() - q.red()), std::abs(p.green() - q.green()), std::abs(p.blue() - q.blue())});
             if (d > worst) {
                 worst = d;
                 if (where)
@@ -239,9 +240,9 @@ TEST(Renderer, BlurredGlowSpreadsRedAroundTheSprite)
         last = c.red();
     }
     EXPECT_GT(img.pixelColor(100, row).red(), 200);
-    EXPECT_GT(img.pixelColor(130, row).red(), 20);  // 10 points outside the sprite
+    EXPECT_GT(img.pixelColor(130, row).red(), 20); // 10 points outside the sprite
     EXPECT_LT(img.pixelColor(130, row).red(), 120);
-    EXPECT_EQ(img.pixelColor(175, row).red(), 0);   // beyond three radii
+    EXPECT_EQ(img.pixelColor(175, row).red(), 0); // beyond three radii
     EXPECT_NEAR(img.pixelColor(100, 60).red(), img.pixelColor(60, 100).red(), 2); // symmetric
     // The blur matches a Gaussian with the radius as standard deviation: at
     // the sprite's edge half the red is left, 10 points out about 16 %.

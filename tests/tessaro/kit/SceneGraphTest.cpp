@@ -251,7 +251,10 @@ namespace {
 struct Recorder : SpriteNode {
     using SpriteNode::SpriteNode;
     QStringList* log = nullptr;
-    void mouseDown(const MouseEvent& e) override { *log << name() + ":down@" + QString::number(e.locationInNode(*this).x()); }
+    void mouseDown(const MouseEvent& e) override
+    {
+        *log << name() + ":down@" + QString::number(e.locationInNode(*this).x());
+    }
     void mouseDragged(const MouseEvent&) override { *log << name() + ":drag"; }
     void mouseUp(const MouseEvent&) override { *log << name() + ":up"; }
     void rightMouseDown(const MouseEvent&) override { *log << name() + ":right"; }
@@ -311,8 +314,9 @@ TEST(SceneGraph, MouseEventsGoToTheFrontInteractiveNodeAndFollowItsPress)
     MouseEvent wheel = at({0, 0});
     wheel.scrollDelta = {0, 15};
     scene->dispatchScrollWheel(wheel);
-    EXPECT_EQ(scene->log, (QStringList{"back:down@-30", "back:up", "scene:down", "scene:up", "front:right",
-                                       "scene:moved", "scene:wheel15"}));
+    EXPECT_EQ(scene->log,
+              (QStringList{"back:down@-30", "back:up", "scene:down", "scene:up", "front:right", "scene:moved",
+                           "scene:wheel15"}));
 
     // Hidden or non-interactive nodes are passed over; a node that does not
     // handle an event passes it to its parent.

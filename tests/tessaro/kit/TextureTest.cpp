@@ -69,7 +69,8 @@ TEST(Textures, AtlasesListFramesAndFallBackToAnImage)
     ASSERT_TRUE(root.mkdir("walk.atlas"));
     // Written out of order: callers sort the names.
     for (const char* name : {"walk_3.png", "walk_1.png", "walk_2.png"})
-        ASSERT_TRUE(filled(10 + QString(name).mid(5, 1).toInt(), 10, Qt::red).save(root.filePath(QString("walk.atlas/") + name)));
+        ASSERT_TRUE(filled(10 + QString(name).mid(5, 1).toInt(), 10, Qt::red)
+                        .save(root.filePath(QString("walk.atlas/") + name)));
     ASSERT_TRUE(filled(30, 30, Qt::blue).save(root.filePath("tree.png")));
     ASSERT_TRUE(root.mkdir("empty.atlas"));
     ASSERT_TRUE(filled(5, 5, Qt::blue).save(root.filePath("empty.png")));

@@ -24,8 +24,9 @@ TEST(ConfigFiles, CataloguesLoadGiveIdsAndReplaceTheGlobals)
               plist("<array><dict><key>elementName</key><string>Crate</string></dict>"
                     "<dict><key>elementName</key><string>Spikes</string>"
                     "<key>id</key><string>0F8FAD5B-D9CB-469F-A165-70867728950E</string></dict></array>"));
-    dir.write("Assets/CharacterList.plist", plist("<array><dict><key>elementName</key><string>Walker</string>"
-                                                  "<key>characterType</key><string>human</string></dict></array>"));
+    dir.write("Assets/CharacterList.plist",
+              plist("<array><dict><key>elementName</key><string>Walker</string>"
+                    "<key>characterType</key><string>human</string></dict></array>"));
     // A nested sound without its file name fails the whole object catalogue.
     dir.write("Assets/ObjectList.plist",
               plist("<array><dict><key>elementName</key><string>Coin</string></dict>"
@@ -50,8 +51,7 @@ TEST(ConfigFiles, CataloguesLoadGiveIdsAndReplaceTheGlobals)
     // The given id is written back; the next load reads the same ids.
     const Uuid crateId = *obstacleCatalogue()[0].id;
     ASSERT_TRUE(saveConfig("ObstacleList", "plist", dir.folder() + "Assets/", configType::obstacles));
-    EXPECT_EQ(loadConfig<configType::obstacles>(dir.folder() + "Assets/", "ObstacleList", std::nullopt)[0].id,
-              crateId);
+    EXPECT_EQ(loadConfig<configType::obstacles>(dir.folder() + "Assets/", "ObstacleList", std::nullopt)[0].id, crateId);
 
     characterCatalogue()[0].image = "walker";
     ASSERT_TRUE(saveConfig("CharacterList", "plist", dir.folder() + "Assets/", configType::characters));
@@ -67,9 +67,10 @@ TEST(ConfigFiles, CataloguesLoadGiveIdsAndReplaceTheGlobals)
 TEST(ConfigFiles, ApplicationConfigurationFallsBackFieldByField)
 {
     TempDir dir;
-    dir.write("App.plist", plist("<array><dict><key>defaultImageScale</key><string>x9</string>"
-                                 "<key>defaultImageType</key><string>jpg</string>"
-                                 "<key>darkMode</key><true/></dict><dict/></array>"));
+    dir.write("App.plist",
+              plist("<array><dict><key>defaultImageScale</key><string>x9</string>"
+                    "<key>defaultImageType</key><string>jpg</string>"
+                    "<key>darkMode</key><true/></dict><dict/></array>"));
     dir.write("Empty.plist", plist("<array/>"));
     dir.write("Other.config", plist("<array><dict/></array>"));
 

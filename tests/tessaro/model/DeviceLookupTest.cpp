@@ -62,8 +62,8 @@ TEST(DeviceLookup, DeviceEntriesOverrideFieldByField)
     devices[2].size = "{6,6}";
     devices[3].offset = "{3,3}"; // not the first entry of iPhone17: never read
 
-    EXPECT_EQ(deviceValue<fieldList::size>(devices), (SizeValue{9, 9}));     // primary
-    EXPECT_EQ(deviceValue<fieldList::offset>(devices), (PointValue{8, 8}));  // secondary
+    EXPECT_EQ(deviceValue<fieldList::size>(devices), (SizeValue{9, 9})); // primary
+    EXPECT_EQ(deviceValue<fieldList::offset>(devices), (PointValue{8, 8})); // secondary
     EXPECT_EQ(deviceValue<fieldList::position>(devices), (PointValue{1, 1})); // default
     EXPECT_EQ(deviceEntryFor(devices, deviceName::iPhone17), &devices[1]);
     EXPECT_EQ(deviceEntryFor(devices, deviceName::iPhoneAir), nullptr);

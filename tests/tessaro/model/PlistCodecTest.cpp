@@ -91,20 +91,24 @@ std::string nestedBinaryArrays(std::uint32_t depth, bool cycle = false)
 
 TEST(PlistCodec, RecordKeysAreTheFileFormatKeys)
 {
-    EXPECT_EQ(keysOf<Level>(), words("id settings background ground obstacles checkpoints levelEnd phaseEnd "
-                                     "characters coins shields artifacts"));
+    EXPECT_EQ(keysOf<Level>(),
+              words("id settings background ground obstacles checkpoints levelEnd phaseEnd "
+                    "characters coins shields artifacts"));
     EXPECT_EQ(keysOf<LevelSettings>(),
               words("id scrollOrientation fontColor sceneOrientation scaleMode size anchorPoint"));
     EXPECT_EQ(keysOf<BackgroundImage>(),
               words("id isVisible image speed scrollOrientation pinned pinnedRanges zPosition"));
-    EXPECT_EQ(keysOf<GroundSection>(), words("id isVisible distance image groundType imageBottomLayer repeatCount "
-                                             "groundPhysicsAngleType stack anchorPoint zPosition devices "
-                                             "extraProperties"));
-    EXPECT_EQ(keysOf<CharacterLevelItem>(), words("elementName name sceneObjectType charClassType zPosition "
-                                                  "isVisible hidesBehindObject properties"));
-    EXPECT_EQ(keysOf<DeviceProperties>(), words("altPosition deviceName digitSize distance offsetEdge fontSize "
-                                                "offsetHealthBar offset position randomPositionRange "
-                                                "selectorSize size"));
+    EXPECT_EQ(keysOf<GroundSection>(),
+              words("id isVisible distance image groundType imageBottomLayer repeatCount "
+                    "groundPhysicsAngleType stack anchorPoint zPosition devices "
+                    "extraProperties"));
+    EXPECT_EQ(keysOf<CharacterLevelItem>(),
+              words("elementName name sceneObjectType charClassType zPosition "
+                    "isVisible hidesBehindObject properties"));
+    EXPECT_EQ(keysOf<DeviceProperties>(),
+              words("altPosition deviceName digitSize distance offsetEdge fontSize "
+                    "offsetHealthBar offset position randomPositionRange "
+                    "selectorSize size"));
     EXPECT_EQ(keysOf<Obstacle>(),
               words("id elementName sceneObjectType name zPosition anchorPoint image imageType stack repeatCount "
                     "usePhysics useGravity isDynamic usePrecision isVisible alpha darken colorBlendFactor "
@@ -123,8 +127,9 @@ TEST(PlistCodec, RecordKeysAreTheFileFormatKeys)
     EXPECT_EQ(keysOf<CycleEndProperties>(),
               words("id obstacleAffected fadeObstacle atlasName objectClassType collisionMasks "
                     "removeFromParentAtEnd animationDuration callbackFunction zPosition devices physics"));
-    EXPECT_EQ(keysOf<Delays>(), words("id fade initial idle movement cycleEnd fadeRange initialRange idleRange "
-                                      "movementRange cycleEndRange"));
+    EXPECT_EQ(keysOf<Delays>(),
+              words("id fade initial idle movement cycleEnd fadeRange initialRange idleRange "
+                    "movementRange cycleEndRange"));
     EXPECT_EQ(keysOf<Coins>(), words("coins image startCoinNumber repeatDistance soundEffects"));
     EXPECT_EQ(keysOf<GameSound>(), words("id type filename fileExtension volume waitForCompletion"));
 }
@@ -149,9 +154,8 @@ TEST(PlistCodec, RequiredKeysFailTheWholeFileAndOptionalOnesStayAbsent)
     EXPECT_NE(error.find("'filename'"), std::string::npos);
     EXPECT_NE(error.find("[0].background.soundEffects[0]"), std::string::npos) << error;
 
-    const std::string polygonWithoutDirection =
-        "<array><dict><key>physics</key><dict><key>polygons</key><array><dict>"
-        "<key>points</key><array/></dict></array></dict></dict></array>";
+    const std::string polygonWithoutDirection = "<array><dict><key>physics</key><dict><key>polygons</key><array><dict>"
+                                                "<key>points</key><array/></dict></array></dict></dict></array>";
     EXPECT_NE(decodeError<Obstacle>(plist(polygonWithoutDirection)).find("direction"), std::string::npos);
     const std::string polygonWithoutPoints = "<array><dict><key>physics</key><dict><key>polygons</key><array><dict>"
                                              "<key>direction</key><string>up</string></dict></array></dict></dict>"
@@ -194,10 +198,8 @@ TEST(PlistCodec, ValuesMustHaveTheirElementType)
     EXPECT_NE(decodeError<Obstacle>(repeat("<real>3.5</real>")), "");
     EXPECT_NE(decodeError<Obstacle>(repeat("<integer>99999999999999999999</integer>")).find("64 bits"),
               std::string::npos);
-    EXPECT_NE(decodeError<Obstacle>(repeat("<integer>12abc</integer>")).find("Malformed integer"),
-              std::string::npos);
-    EXPECT_EQ(decodeRecordList<Obstacle>(repeat("<integer>-9223372036854775808</integer>"))[0].repeatCount,
-              INT64_MIN);
+    EXPECT_NE(decodeError<Obstacle>(repeat("<integer>12abc</integer>")).find("Malformed integer"), std::string::npos);
+    EXPECT_EQ(decodeRecordList<Obstacle>(repeat("<integer>-9223372036854775808</integer>"))[0].repeatCount, INT64_MIN);
 
     // Ids read in either case and are written upper-case.
     const auto lower = decodeRecordList<Obstacle>(
@@ -212,7 +214,7 @@ TEST(PlistCodec, WritesApplesXmlFormat)
     level.settings.sceneOrientation = "landscape";
     level.settings.scaleMode = "aspectFill";
     level.settings.fontColor = "a < b & c > d\r\nnext";
-    level.ground.emplace();          // present and empty
+    level.ground.emplace(); // present and empty
     level.coins.emplace().repeatDistance = "{10, 10}";
     ObstacleLevelItem item;
     item.elementName = "Crate";
@@ -293,10 +295,10 @@ TEST(PlistCodec, BadInputFailsCleanly)
         "",
         "not xml at all",
         "{ \"json\": true }",
-        good.substr(0, good.size() / 2),                      // truncated
+        good.substr(0, good.size() / 2), // truncated
         plist("<array><dict><key>settings</key></dict></array>"), // key without value
-        plist("<array><dict><string>x</string></dict></array>"),  // value without key
-        levelWith("<key>id</key><string>\xff\xfe</string>"),       // invalid UTF-8
+        plist("<array><dict><string>x</string></dict></array>"), // value without key
+        levelWith("<key>id</key><string>\xff\xfe</string>"), // invalid UTF-8
         levelWith("<key>obstacles</key><array><dict><key>elementName</key><string>\xc0\xaf</string>"
                   "</dict></array>"), // overlong encoding
         std::string("bplist00") + std::string(40, '\x01'),
@@ -355,8 +357,8 @@ TEST(PlistCodec, BadInputFailsCleanly)
 
     // A huge string is read as it is.
     const std::string longName(5'000'000, 'a');
-    const auto big = decodeRecordList<Obstacle>(plist("<array><dict><key>name</key><string>" + longName +
-                                                      "</string></dict></array>"));
+    const auto big = decodeRecordList<Obstacle>(
+        plist("<array><dict><key>name</key><string>" + longName + "</string></dict></array>"));
     EXPECT_EQ(big[0].name->size(), longName.size());
 }
 
@@ -364,7 +366,8 @@ TEST(PlistCodec, StringsKeepTheirExactText)
 {
     const std::string text = "  leading and trailing blanks  \t";
     const auto obstacles = decodeRecordList<Obstacle>(
-        plist("<array><dict><key>name</key><string>" + text + "</string>"
+        plist("<array><dict><key>name</key><string>" + text +
+              "</string>"
               "<key>image</key><string> </string><key>objectActsOn</key><string>&#233;t&#xE9; &quot;x&quot;</string>"
               "<key>callbackFunction</key><string><![CDATA[a<b]]></string></dict></array>"));
     EXPECT_EQ(obstacles[0].name, text);

@@ -17,9 +17,8 @@ public:
     R filled(int depth = 0)
     {
         R record{};
-        tessaro::forEachField<R>([&](const auto& field) {
-            fill(record.*(field.member), std::string(field.key), depth);
-        });
+        tessaro::forEachField<R>(
+            [&](const auto& field) { fill(record.*(field.member), std::string(field.key), depth); });
         return record;
     }
 

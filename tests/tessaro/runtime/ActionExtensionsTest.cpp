@@ -76,8 +76,8 @@ TEST(ActionExtensions, AnimateFramesPlaysTheRangeFlipsWaitsAndRepeats)
     EXPECT_DOUBLE_EQ(sprite->xScale(), 1);
 
     // All frames, flipped, with a delay, for ever.
-    ActionPtr loop = ActionExtensions::animateFrames(list, 0.1, 0.3, 2, 4, true,
-                                                     animationFrequency::foreverAutomatically, true);
+    ActionPtr loop =
+        ActionExtensions::animateFrames(list, 0.1, 0.3, 2, 4, true, animationFrequency::foreverAutomatically, true);
     sprite->runAction(loop);
     c.to(0.55);
     EXPECT_DOUBLE_EQ(sprite->xScale(), -1);
@@ -101,8 +101,8 @@ TEST(ActionExtensions, AnimateFramesPlaysTheRangeFlipsWaitsAndRepeats)
     }
     resources::setSearchPaths({dir.path()});
     TextureCache cache;
-    ActionPtr named = ActionExtensions::animateFrames(cache.lookup(), "run", 0.1, 0, 0, 0, true,
-                                                      animationFrequency::once, false);
+    ActionPtr named =
+        ActionExtensions::animateFrames(cache.lookup(), "run", 0.1, 0, 0, 0, true, animationFrequency::once, false);
     resources::setSearchPaths({});
     EXPECT_NEAR(named->duration(), 0.3, 1e-9);
     EXPECT_TRUE(cache.contains("run"));
