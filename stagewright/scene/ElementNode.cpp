@@ -9,7 +9,6 @@
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
-#include <tessaro/runtime/RandomPosition.h>
 
 #include <QPainterPath>
 

@@ -8,6 +8,12 @@ namespace tessaro {
 namespace {
 std::atomic<deviceName> primary{deviceName::none};
 std::atomic<deviceName> secondary{deviceName::none};
+
+PointValue& storedRandomPosition()
+{
+    static PointValue position;
+    return position;
+}
 } // namespace
 
 deviceName primaryDevice()
@@ -25,6 +31,15 @@ deviceName secondaryDevice()
 void setSecondaryDevice(deviceName device)
 {
     secondary.store(device);
+}
+
+PointValue lastRandomPosition()
+{
+    return storedRandomPosition();
+}
+void setLastRandomPosition(PointValue position)
+{
+    storedRandomPosition() = position;
 }
 
 const DeviceProperties* deviceEntryFor(const std::vector<DeviceProperties>& devices, deviceName device)

@@ -19,6 +19,15 @@ void setPrimaryDevice(deviceName device);
 deviceName secondaryDevice();
 void setSecondaryDevice(deviceName device);
 
+/// A stored coordinate above this value takes the matching coordinate of
+/// `lastRandomPosition`, in the game and on the editor's canvas alike.
+inline constexpr double repeatPositionLimit = 999999998;
+
+/// The position a game placed last at random. Starts at (0,0); only games
+/// set it, the library reads it.
+PointValue lastRandomPosition();
+void setLastRandomPosition(PointValue position);
+
 /// The first entry whose device list holds `device`, or null.
 const DeviceProperties* deviceEntryFor(const std::vector<DeviceProperties>& devices, deviceName device);
 DeviceProperties* deviceEntryFor(std::vector<DeviceProperties>& devices, deviceName device);

@@ -7,7 +7,7 @@
 
 #include <tessaro/kit/EffectNode.h>
 #include <tessaro/model/ConfigFiles.h>
-#include <tessaro/runtime/RandomPosition.h>
+#include <tessaro/model/DeviceLookup.h>
 
 #include <QFile>
 
