@@ -18,10 +18,11 @@ struct sqlite3;
 
 namespace stagewright {
 
-#define STAGEWRIGHT_SETTINGS_NAMES(X)                                                                                  \
-    X(defaultImageType)                                                                                                \
-    X(defaultSoundType) X(defaultImageScale) X(defaultSceneSize) X(defaultSceneOrientation) X(defaultScaleMode)        \
-        X(defaultAnchorPoint) X(debugOptions)
+// clang-format off
+#define STAGEWRIGHT_SETTINGS_NAMES(X) \
+    X(defaultImageType) X(defaultSoundType) X(defaultImageScale) X(defaultSceneSize) \
+    X(defaultSceneOrientation) X(defaultScaleMode) X(defaultAnchorPoint) X(debugOptions)
+// clang-format on
 /// The columns of the table Settings; a case's text is its column name.
 enum class settingsNames { STAGEWRIGHT_SETTINGS_NAMES(TESSARO_ENUM_CASE) };
 

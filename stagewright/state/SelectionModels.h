@@ -16,41 +16,36 @@
 
 namespace stagewright {
 
-#define STAGEWRIGHT_PUBLISHED_ELEMENT_LIST(X)                                                                          \
-    X(type)                                                                                                            \
-    X(position) X(size) X(offset) X(offsetEdge) X(elementName) X(zPosition) X(observedname) X(uuid) X(usePhysics) X(   \
-        useGravity) X(isDynamic) X(alpha) X(darken) X(objectClassType) X(objectActsOn) X(callbackFunction) X(category) \
-        X(contact) X(collision) X(image) X(imageDirection) X(scenePosition) X(repeatCount) X(stack) X(timed)           \
-            X(background) X(speed) X(deviceName) X(sound) X(pinned) X(backgroundScrollOrientation) X(groundType)       \
-                X(distance) X(numberOfParts) X(fontSize) X(digitSize) X(selectorSize) X(altPosition) X(                \
-                    randomPositionRange) X(groundPhysicsAngleType) X(rotation) X(rotateForever) X(rotateDuration)      \
-                    X(rotationPin) X(rotateType) X(rotateDelay) X(rotateCount) X(usePrecision) X(isVisible) X(physics) \
-                        X(lowerBound) X(upperBound) X(addRange) X(deleteRange) X(allowedTimesToHit) X(offsetHealthBar) \
-                            X(charClassType) X(widthChanged) X(animationFrequency) X(moveDirection) X(                 \
-                                fadeTimeLengthRangeLower) X(fadeTimeLengthRangeUpper) X(changePhysics)                 \
-                                X(noPhysicsFirstFrame) X(noPhysicsLastFrame) X(animationFrameStart) X(horizontalFlip)  \
-                                    X(verticalFlip) X(velocity) X(resetPositionOnContact) X(animationCallbackFunction) \
-                                        X(waitPerFrame_initial) X(waitPerFrame_idle) X(waitPerFrame_move)              \
-                                            X(waitPerFrame_attack) X(waitPerFrame_toss) X(waitPerFrame_cycleEnd)       \
-                                                X(delay_fade) X(delay_initial) X(delay_idle) X(delay_cycleEnd)         \
-                                                    X(delay_movement) X(delay_initialRange_lower) X(                   \
-                                                        delay_initialRange_upper) X(delay_idleRange_lower)             \
-                                                        X(delay_idleRange_upper) X(delay_cycleEndRange_lower) X(       \
-                                                            delay_cycleEndRange_upper) X(delay_movementRange_lower)    \
-                                                            X(delay_movementRange_upper) X(delay_fadeRange_lower)      \
-                                                                X(delay_fadeRange_upper) X(target_maximumRange) X(     \
-                                                                    target_near) X(target_attack) X(target_move)       \
-                                                                    X(target_toss) X(target_moveSpeed) X(End_list_add) \
-                                                                        X(End_list_delete) X(End_SelectedId) X(        \
-                                                                            End_obstacleEffected) X(End_fadeObstacle)  \
-                                                                            X(End_atlasName) X(End_objectClassType)    \
-                                                                                X(End_category) X(End_contact)         \
-                                                                                    X(End_collision)                   \
-                                                                                        X(End_removeFromParentAtEnd)   \
-                                                                                            X(End_animationDuration)   \
-                                                                                                X(End_zPosition)       \
-                                                                                                    X(End_physics)     \
-                                                                                                        X(End_size)
+// clang-format off
+#define STAGEWRIGHT_PUBLISHED_ELEMENT_LIST(X)                                              \
+    X(type) X(position) X(size) X(offset) X(offsetEdge) X(elementName) X(zPosition)        \
+    X(observedname) X(uuid) X(usePhysics) X(useGravity) X(isDynamic) X(alpha) X(darken)    \
+    X(objectClassType) X(objectActsOn) X(callbackFunction) X(category) X(contact)          \
+    X(collision) X(image) X(imageDirection) X(scenePosition) X(repeatCount) X(stack)       \
+    X(timed) X(background) X(speed) X(deviceName) X(sound) X(pinned)                       \
+    X(backgroundScrollOrientation) X(groundType) X(distance) X(numberOfParts) X(fontSize)  \
+    X(digitSize) X(selectorSize) X(altPosition) X(randomPositionRange)                     \
+    X(groundPhysicsAngleType) X(rotation) X(rotateForever) X(rotateDuration)               \
+    X(rotationPin) X(rotateType) X(rotateDelay) X(rotateCount) X(usePrecision)             \
+    X(isVisible) X(physics) X(lowerBound) X(upperBound) X(addRange) X(deleteRange)         \
+    X(allowedTimesToHit) X(offsetHealthBar) X(charClassType) X(widthChanged)               \
+    X(animationFrequency) X(moveDirection) X(fadeTimeLengthRangeLower)                     \
+    X(fadeTimeLengthRangeUpper) X(changePhysics) X(noPhysicsFirstFrame)                    \
+    X(noPhysicsLastFrame) X(animationFrameStart) X(horizontalFlip) X(verticalFlip)         \
+    X(velocity) X(resetPositionOnContact) X(animationCallbackFunction)                     \
+    X(waitPerFrame_initial) X(waitPerFrame_idle) X(waitPerFrame_move)                      \
+    X(waitPerFrame_attack) X(waitPerFrame_toss) X(waitPerFrame_cycleEnd) X(delay_fade)     \
+    X(delay_initial) X(delay_idle) X(delay_cycleEnd) X(delay_movement)                     \
+    X(delay_initialRange_lower) X(delay_initialRange_upper) X(delay_idleRange_lower)       \
+    X(delay_idleRange_upper) X(delay_cycleEndRange_lower) X(delay_cycleEndRange_upper)     \
+    X(delay_movementRange_lower) X(delay_movementRange_upper) X(delay_fadeRange_lower)     \
+    X(delay_fadeRange_upper) X(target_maximumRange) X(target_near) X(target_attack)        \
+    X(target_move) X(target_toss) X(target_moveSpeed) X(End_list_add) X(End_list_delete)   \
+    X(End_SelectedId) X(End_obstacleEffected) X(End_fadeObstacle) X(End_atlasName)        \
+    X(End_objectClassType) X(End_category) X(End_contact) X(End_collision)                 \
+    X(End_removeFromParentAtEnd) X(End_animationDuration) X(End_zPosition) X(End_physics)  \
+    X(End_size)
+// clang-format on
 
 /// Names one editable property: the key of every edit routine.
 enum class publishedElementList { STAGEWRIGHT_PUBLISHED_ELEMENT_LIST(TESSARO_ENUM_CASE) };

@@ -25,11 +25,9 @@ Field(const char*, Member Record::*) -> Field<Record, Member>;
 
 /// Declares one field whose key is the member's own name. Use inside a
 /// record's `fields()` with `using S = TheRecord;` in scope.
-#define TESSARO_FIELD(name)                                                                                            \
-    ::tessaro::Field                                                                                                   \
-    {                                                                                                                  \
-#name, &S::name                                                                                                \
-    }
+// clang-format off
+#define TESSARO_FIELD(name) ::tessaro::Field{#name, &S::name}
+// clang-format on
 
 template <class T>
 concept Record = requires
