@@ -1,13 +1,13 @@
 # Two commands do everything on a fresh Debian machine:
 #   make run    installs what is missing, builds, and starts the editor
 #   make test   installs what is missing, builds, and runs every test
-.PHONY: run test build deps configure bench clean
+.PHONY: run test build deps configure bench clean asan-test check-format check-layering
 
 deps:
 	@./scripts/install-deps.sh
 
 configure: deps
-	@cmake --preset default >/dev/null
+	@cmake --preset default $(CMAKE_ARGS) >/dev/null
 
 build: configure
 	@cmake --build --preset default
@@ -22,8 +22,20 @@ run: build
 test: build
 	@ctest --preset default
 
+# Every test again under AddressSanitizer and UndefinedBehaviorSanitizer.
+asan-test: deps
+	@cmake --preset asan $(CMAKE_ARGS) >/dev/null
+	@cmake --build --preset asan
+	@ctest --preset asan
+
+check-format:
+	@./scripts/check-format.sh
+
+check-layering:
+	@./scripts/check-layering.sh
+
 bench: build
 	@./bench/run-all.sh
 
 clean:
-	rm -rf build
+	rm -rf build build-asan

@@ -1,5 +1,8 @@
 # stagewright_add_test(NAME SOURCES... LIBS ... [GUI])
-# One test program per area; GUI tests run on the offscreen platform.
+# One test program per area. Each GoogleTest case is its own CTest entry, so a
+# failing run names the case; GUI tests run on the offscreen platform.
+include(GoogleTest)
+
 function(stagewright_add_test name)
   cmake_parse_arguments(T "GUI" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${T_SOURCES})
@@ -8,7 +11,10 @@ function(stagewright_add_test name)
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
   endif()
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;STAGEWRIGHT_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+  # Cases are listed when the tests run, not at build time, so a build never
+  # starts a test program.
+  gtest_discover_tests(${name}
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;STAGEWRIGHT_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
 endfunction()

@@ -10,7 +10,7 @@ packages=(
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   libbox2d-dev libplist-dev libpugixml-dev libsqlite3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  python3 xvfb xauth
+  python3 xvfb xauth clang-format
 )
 
 missing=()

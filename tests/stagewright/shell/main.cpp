@@ -13,6 +13,8 @@
 
 int main(int argc, char** argv)
 {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     testing_support::PrivateHome home;
     QApplication app(argc, argv);
     stagewright::setApplicationIdentity();

@@ -8,6 +8,8 @@
 
 int main(int argc, char** argv)
 {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     testing_support::PrivateHome home;
     QGuiApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("StageWright"));
