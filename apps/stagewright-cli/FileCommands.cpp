@@ -40,16 +40,15 @@ std::optional<configType> kindOf(const std::string& path, const std::optional<st
     return configType::level;
 }
 
-AnyList decodeAs(configType kind, std::string bytes)
+template <class T>
+std::optional<AnyList> readAs(const std::string& path)
 {
-    switch (kind) {
-    case configType::objects: return decodeRecordList<GenericObject>(std::move(bytes));
-    case configType::characters: return decodeRecordList<Character>(std::move(bytes));
-    case configType::obstacles: return decodeRecordList<Obstacle>(std::move(bytes));
-    case configType::app: return decodeRecordList<LoadedConfig>(std::move(bytes));
-    case configType::level: break;
+    RecordFileResult<T> file = readRecordFile<T>(path);
+    if (!file.ok) {
+        diagnostic("Configuration error (" + path + "): " + file.error);
+        return std::nullopt;
     }
-    return decodeRecordList<Level>(std::move(bytes));
+    return AnyList(std::move(file.records));
 }
 
 template <class T>
@@ -111,19 +110,14 @@ std::optional<AnyList> load(const std::string& path, const std::optional<std::st
         std::fprintf(stderr, "stagewright-cli: unknown kind '%s'\n", kindText->c_str());
         return std::nullopt;
     }
-    FileReadResult file = readWholeFile(path);
-    if (!file.bytes) {
-        diagnostic("Configuration error (" + path + "): " + file.error);
-        return std::nullopt;
+    switch (*kind) {
+    case configType::objects: return readAs<GenericObject>(path);
+    case configType::characters: return readAs<Character>(path);
+    case configType::obstacles: return readAs<Obstacle>(path);
+    case configType::app: return readAs<LoadedConfig>(path);
+    case configType::level: break;
     }
-    try {
-        return decodeAs(*kind, std::move(*file.bytes));
-    } catch (const CodingError& error) {
-        diagnostic("Configuration error (" + path + "): " + error.description());
-    } catch (const std::bad_alloc&) {
-        diagnostic("Configuration error (" + path + "): Not enough memory to read the file.");
-    }
-    return std::nullopt;
+    return readAs<Level>(path);
 }
 
 } // namespace

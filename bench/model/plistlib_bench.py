@@ -21,8 +21,10 @@ def main():
     with open("/proc/self/clear_refs", "w") as clear:
         clear.write("5")
     before = status_kb("VmRSS")
+    start = time.perf_counter()
     with open(path, "rb") as f:
         levels = plistlib.load(f)
+    cold_read = time.perf_counter() - start
     peak = status_kb("VmHWM")
 
     best_read = min(timed_read(path) for _ in range(repeat))
@@ -32,6 +34,8 @@ def main():
 
     print("file_mb %.2f" % megabytes)
     print("levels %d" % len(levels))
+    print("cold_read_ms %.1f" % (cold_read * 1e3))
+    print("cold_read_mb_per_s %.1f" % (megabytes / cold_read))
     print("read_mb_per_s %.1f" % (megabytes / best_read))
     print("write_mb_per_s %.1f" % (megabytes / best_write))
     print("peak_mb %.1f" % ((peak - before) / 1024))

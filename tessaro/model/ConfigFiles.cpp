@@ -16,19 +16,12 @@ void reportConfigurationError(const std::string& name, const std::string& error)
 template <class R>
 std::optional<std::vector<R>> readRecords(const std::string& path, const std::string& name)
 {
-    FileReadResult file = readWholeFile(path);
-    if (!file.bytes) {
+    RecordFileResult<R> file = readRecordFile<R>(path);
+    if (!file.ok) {
         reportConfigurationError(name, file.error);
         return std::nullopt;
     }
-    try {
-        return decodeRecordList<R>(std::move(*file.bytes));
-    } catch (const CodingError& error) {
-        reportConfigurationError(name, error.description());
-    } catch (const std::bad_alloc&) {
-        reportConfigurationError(name, "Not enough memory to read the file.");
-    }
-    return std::nullopt;
+    return std::move(file.records);
 }
 
 template <class R>

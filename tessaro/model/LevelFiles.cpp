@@ -58,23 +58,13 @@ void fillElementIds(boxed<Properties>& properties)
 
 LevelsReadResult readLevels(const std::string& path)
 {
+    RecordFileResult<Level> file = readRecordFile<Level>(path);
     LevelsReadResult result;
-    FileReadResult file = readWholeFile(path);
-    if (!file.bytes) {
-        result.error = file.error;
+    result.levels = std::move(file.records);
+    result.ok = file.ok;
+    result.error = std::move(file.error);
+    if (!result.ok)
         reportConfigurationError(path, result.error);
-        return result;
-    }
-    try {
-        result.levels = decodeRecordList<Level>(std::move(*file.bytes));
-        result.ok = true;
-    } catch (const CodingError& error) {
-        result.error = error.description();
-        reportConfigurationError(path, result.error);
-    } catch (const std::bad_alloc&) {
-        result.error = "Not enough memory to read the file.";
-        reportConfigurationError(path, result.error);
-    }
     return result;
 }
 

@@ -22,6 +22,20 @@ enum class PlistFormat { xml, binary };
 template <Record T>
 std::vector<T> decodeRecordList(std::string bytes);
 
+/// What reading a whole file of records gave.
+template <Record T>
+struct RecordFileResult {
+    std::vector<T> records;
+    bool ok = false; // false when the file could not be read or decoded
+    std::string error; // the reason, when not ok
+};
+
+/// Reads a file whose root is an array of `T` and decodes it. The file is
+/// read into one buffer, sized once, that the XML parser works on in place.
+/// Prints nothing and throws nothing for a bad file.
+template <Record T>
+RecordFileResult<T> readRecordFile(const std::string& path);
+
 /// Encodes an array of `T`. Throws CodingError when a value cannot be coded.
 template <Record T>
 std::string encodeRecordList(const std::vector<T>& records, PlistFormat format = PlistFormat::xml);

@@ -2,13 +2,16 @@
 // (libplist) property lists. One generic decoder walks the field tables over
 // either document through a small node adapter.
 #include "BinaryPlistCheck.h"
+#include "FileIO.h"
 #include "PlistCodec.h"
 #include "Utf8.h"
 #include "ValueText.h"
+#include "XmlEntityCheck.h"
 
 #include <plist/plist.h>
 #include <pugixml.hpp>
 
+#include <algorithm>
 #include <bitset>
 #include <charconv>
 #include <cstdlib>
@@ -151,21 +154,6 @@ private:
     }
     pugi::xml_node node_;
 };
-
-// Line and column of a byte offset, for parse error messages.
-std::string positionText(std::string_view text, std::ptrdiff_t offset)
-{
-    std::size_t line = 1, column = 1;
-    for (std::ptrdiff_t i = 0; i < offset && i < static_cast<std::ptrdiff_t>(text.size()); ++i) {
-        if (text[static_cast<std::size_t>(i)] == '\n') {
-            ++line;
-            column = 1;
-        } else {
-            ++column;
-        }
-    }
-    return "line " + std::to_string(line) + ", column " + std::to_string(column);
-}
 
 // ---- Binary documents -------------------------------------------------------
 
@@ -439,20 +427,30 @@ std::vector<T> decodeXmlRoot(pugi::xml_node root)
 // real game and reading it would only exhaust memory.
 constexpr std::size_t maximumDocumentSize = std::size_t{1} << 30;
 
-template <Record T>
-std::vector<T> decodeXml(std::string& bytes)
+[[noreturn]] void notAPropertyList(const std::string& why)
 {
+    throw CodingError("The data is not a valid property list: " + why + ".");
+}
+
+// Parses the bytes in place: the document's texts stay where they are in the
+// buffer and the records copy them from there.
+template <Record T>
+std::vector<T> decodeXml(char* data, std::size_t size)
+{
+    const std::string_view bytes(data, size);
+    // Entities are refused before the parser sees the document.
+    if (auto problem = xmlEntityProblem(bytes))
+        notAPropertyList(*problem);
     pugi::xml_document document;
     const unsigned options = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata | pugi::parse_ws_pcdata_single |
         pugi::parse_embed_pcdata;
-    const pugi::xml_parse_result parsed =
-        document.load_buffer_inplace(bytes.data(), bytes.size(), options, pugi::encoding_auto);
+    const pugi::xml_parse_result parsed = document.load_buffer_inplace(data, size, options, pugi::encoding_auto);
     if (!parsed)
-        throw CodingError(std::string("The data is not a valid property list: ") + parsed.description() + " at " +
-                          positionText(bytes, parsed.offset) + ".");
+        notAPropertyList(std::string(parsed.description()) + " at " +
+                         xmlPositionText(bytes, static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0))));
     pugi::xml_node top = document.document_element();
     if (!top)
-        throw CodingError("The data is not a valid property list: no root element.");
+        notAPropertyList("no root element");
     if (std::strcmp(top.name(), "plist") == 0) {
         pugi::xml_node value = top.first_child();
         while (value && value.type() != pugi::node_element)
@@ -465,7 +463,7 @@ std::vector<T> decodeXml(std::string& bytes)
 }
 
 template <Record T>
-std::vector<T> decodeBinary(const std::string& bytes)
+std::vector<T> decodeBinary(std::string_view bytes)
 {
     if (auto error = checkBinaryPlistStructure(bytes))
         throw CodingError(*error);
@@ -475,6 +473,20 @@ std::vector<T> decodeBinary(const std::string& bytes)
         throw CodingError("The data is not a valid binary property list.");
     std::unique_ptr<void, decltype(&plist_free)> guard(root, &plist_free);
     return decodeRoot<BinaryNode, T>(BinaryNode(root));
+}
+
+// Decodes a document held in a buffer the parser may change.
+template <Record T>
+std::vector<T> decodeInPlace(char* data, std::size_t size)
+{
+    if (size > maximumDocumentSize)
+        throw CodingError("The file is too large to be a property list.");
+    if (size == 0)
+        throw CodingError("The data is empty.");
+    const std::string_view bytes(data, size);
+    if (isBinaryPlist(bytes))
+        return decodeBinary<T>(bytes);
+    return decodeXml<T>(data, size);
 }
 
 } // namespace
@@ -487,20 +499,38 @@ bool isBinaryPlist(std::string_view bytes)
 template <Record T>
 std::vector<T> decodeRecordList(std::string bytes)
 {
-    if (bytes.size() > maximumDocumentSize)
-        throw CodingError("The file is too large to be a property list.");
-    if (bytes.empty())
-        throw CodingError("The data is empty.");
-    if (isBinaryPlist(bytes))
-        return decodeBinary<T>(bytes);
-    return decodeXml<T>(bytes);
+    return decodeInPlace<T>(bytes.data(), bytes.size());
 }
 
-template std::vector<Level> decodeRecordList<Level>(std::string);
-template std::vector<Obstacle> decodeRecordList<Obstacle>(std::string);
-template std::vector<Character> decodeRecordList<Character>(std::string);
-template std::vector<GenericObject> decodeRecordList<GenericObject>(std::string);
-template std::vector<LoadedConfig> decodeRecordList<LoadedConfig>(std::string);
-template std::vector<TitleSceneConfig> decodeRecordList<TitleSceneConfig>(std::string);
+template <Record T>
+RecordFileResult<T> readRecordFile(const std::string& path)
+{
+    RecordFileResult<T> result;
+    try {
+        FileBufferResult file = readFileBuffer(path);
+        if (!file.buffer) {
+            result.error = std::move(file.error);
+            return result;
+        }
+        result.records = decodeInPlace<T>(file.buffer->data(), file.buffer->size());
+        result.ok = true;
+    } catch (const CodingError& error) {
+        result.error = error.description();
+    } catch (const std::bad_alloc&) {
+        result.error = "Not enough memory to read the file.";
+    }
+    return result;
+}
+
+#define TESSARO_DECODE_INSTANCES(T)                                                                                    \
+    template std::vector<T> decodeRecordList<T>(std::string);                                                          \
+    template RecordFileResult<T> readRecordFile<T>(const std::string&);
+
+TESSARO_DECODE_INSTANCES(Level)
+TESSARO_DECODE_INSTANCES(Obstacle)
+TESSARO_DECODE_INSTANCES(Character)
+TESSARO_DECODE_INSTANCES(GenericObject)
+TESSARO_DECODE_INSTANCES(LoadedConfig)
+TESSARO_DECODE_INSTANCES(TitleSceneConfig)
 
 } // namespace tessaro

@@ -1,3 +1,4 @@
+#include "DataFiles.h"
 #include "support/DiagnosticCapture.h"
 #include "support/TempDir.h"
 
@@ -27,11 +28,9 @@ TEST(ConfigFiles, CataloguesLoadGiveIdsAndReplaceTheGlobals)
     dir.write("Assets/CharacterList.plist",
               plist("<array><dict><key>elementName</key><string>Walker</string>"
                     "<key>characterType</key><string>human</string></dict></array>"));
-    // A nested sound without its file name fails the whole object catalogue.
+    // A nested edge without its end point fails the whole object catalogue.
     dir.write("Assets/ObjectList.plist",
-              plist("<array><dict><key>elementName</key><string>Coin</string></dict>"
-                    "<dict><key>animation</key><dict><key>physics</key><dict><key>edges</key><array><dict>"
-                    "<key>startPoint</key><string>{0,0}</string></dict></array></dict></dict></dict></array>"));
+              testing_support::readFile(testing_support::dataFile("bad/edge-without-end-point.objects.plist")));
 
     objectCatalogue() = {GenericObject{}};
     DiagnosticCapture capture;

@@ -1,3 +1,4 @@
+#include "DataFiles.h"
 #include "support/DiagnosticCapture.h"
 #include "support/TempDir.h"
 
@@ -113,7 +114,8 @@ TEST(LevelFiles, ReadFailuresGiveAnEmptyListAndTheConfigurationErrorLine)
     }
     {
         DiagnosticCapture capture;
-        const std::string broken = dir.write("Broken.plist", "<plist><array><dict>");
+        const std::string broken =
+            dir.write("Broken.plist", testing_support::readFile(testing_support::dataFile("bad/truncated.plist")));
         EXPECT_TRUE(loadLevels(broken).empty());
         EXPECT_TRUE(capture.anyStartsWith("Configuration error (" + broken + "): "));
         EXPECT_TRUE(loadLevels(dir.path().string()).empty()); // a folder

@@ -55,38 +55,6 @@ std::set<std::string> words(const std::string& text)
     return {std::istream_iterator<std::string>(in), std::istream_iterator<std::string>()};
 }
 
-// A binary property list of `depth` arrays, each holding the next; `cycle`
-// makes the innermost one hold the outermost again.
-std::string nestedBinaryArrays(std::uint32_t depth, bool cycle = false)
-{
-    auto put = [](std::string& out, std::uint64_t value, int size) {
-        for (int i = size - 1; i >= 0; --i)
-            out += static_cast<char>((value >> (8 * i)) & 0xFF);
-    };
-    std::string data = "bplist00";
-    std::vector<std::uint64_t> offsets;
-    for (std::uint32_t i = 0; i < depth; ++i) {
-        offsets.push_back(data.size());
-        const bool last = i + 1 == depth;
-        if (last && !cycle) {
-            data += '\xA0';
-        } else {
-            data += '\xA1';
-            put(data, last ? 0 : i + 1, 4);
-        }
-    }
-    const std::uint64_t tableOffset = data.size();
-    for (std::uint64_t offset : offsets)
-        put(data, offset, 4);
-    data += std::string(6, '\0');
-    data += '\x04';
-    data += '\x04';
-    put(data, depth, 8);
-    put(data, 0, 8);
-    put(data, tableOffset, 8);
-    return data;
-}
-
 } // namespace
 
 TEST(PlistCodec, RecordKeysAreTheFileFormatKeys)
@@ -134,33 +102,15 @@ TEST(PlistCodec, RecordKeysAreTheFileFormatKeys)
     EXPECT_EQ(keysOf<GameSound>(), words("id type filename fileExtension volume waitForCompletion"));
 }
 
-TEST(PlistCodec, RequiredKeysFailTheWholeFileAndOptionalOnesStayAbsent)
+// Documents that must not decode are files under tests/data/bad; see BadInputTest.
+TEST(PlistCodec, OptionalKeysStayAbsentAndUnknownOnesAreIgnored)
 {
-    EXPECT_NE(decodeError(plist("<array><dict><key>background</key><dict/></dict></array>")).find("'settings'"),
-              std::string::npos);
-
     const auto levels = decodeRecordList<Level>(levelWith(""));
     ASSERT_EQ(levels.size(), 1u);
     EXPECT_FALSE(levels[0].background.has_value());
     EXPECT_FALSE(levels[0].ground.has_value());
     EXPECT_FALSE(levels[0].id.has_value());
     EXPECT_EQ(levels[0].settings.scaleMode, "aspectFill");
-
-    // A nested record's required key fails the file that holds it.
-    const std::string sound = "<key>background</key><dict><key>soundEffects</key><array><dict>"
-                              "<key>type</key><string>background</string>"
-                              "<key>fileExtension</key><string>wav</string></dict></array></dict>";
-    const std::string error = decodeError(levelWith(sound));
-    EXPECT_NE(error.find("'filename'"), std::string::npos);
-    EXPECT_NE(error.find("[0].background.soundEffects[0]"), std::string::npos) << error;
-
-    const std::string polygonWithoutDirection = "<array><dict><key>physics</key><dict><key>polygons</key><array><dict>"
-                                                "<key>points</key><array/></dict></array></dict></dict></array>";
-    EXPECT_NE(decodeError<Obstacle>(plist(polygonWithoutDirection)).find("direction"), std::string::npos);
-    const std::string polygonWithoutPoints = "<array><dict><key>physics</key><dict><key>polygons</key><array><dict>"
-                                             "<key>direction</key><string>up</string></dict></array></dict></dict>"
-                                             "</array>";
-    EXPECT_NE(decodeError<Obstacle>(plist(polygonWithoutPoints)).find("points"), std::string::npos);
 
     const auto obstacles = decodeRecordList<Obstacle>(
         plist("<array><dict><key>elementName</key><string>Crate</string><key>physics</key><dict/>"
@@ -174,12 +124,8 @@ TEST(PlistCodec, RequiredKeysFailTheWholeFileAndOptionalOnesStayAbsent)
     EXPECT_TRUE(decodeRecordList<Level>(plist("<array/>")).empty());
 }
 
-TEST(PlistCodec, ValuesMustHaveTheirElementType)
+TEST(PlistCodec, NumbersAndIdsReadInEveryFormTheyMayTake)
 {
-    EXPECT_NE(decodeError(levelWith("<key>obstacles</key><dict/>")).find("Expected array"), std::string::npos);
-    EXPECT_NE(decodeError(plist("<dict/>")).find("Expected array"), std::string::npos);
-    EXPECT_NE(decodeError(levelWith("<key>id</key><string>not-a-uuid</string>")).find("UUID"), std::string::npos);
-
     auto item = [](const std::string& z) {
         return levelWith("<key>obstacles</key><array><dict><key>elementName</key><string>A</string>"
                          "<key>name</key><string>A 1</string><key>zPosition</key>" +
@@ -187,18 +133,11 @@ TEST(PlistCodec, ValuesMustHaveTheirElementType)
     };
     EXPECT_EQ(decodeRecordList<Level>(item("<integer>7</integer>"))[0].obstacles->at(0).zPosition, 7);
     EXPECT_EQ(decodeRecordList<Level>(item("<real> -2.5 </real>"))[0].obstacles->at(0).zPosition, -2.5);
-    EXPECT_NE(decodeError(item("<string>7</string>")).find("Expected real"), std::string::npos);
-    EXPECT_NE(decodeError(item("<real>seven</real>")).find("Malformed real"), std::string::npos);
-    EXPECT_NE(decodeError(item("<true/>")).find("Expected real"), std::string::npos);
 
     auto repeat = [](const std::string& v) {
         return plist("<array><dict><key>repeatCount</key>" + v + "</dict></array>");
     };
     EXPECT_EQ(decodeRecordList<Obstacle>(repeat("<real>3</real>"))[0].repeatCount, 3);
-    EXPECT_NE(decodeError<Obstacle>(repeat("<real>3.5</real>")), "");
-    EXPECT_NE(decodeError<Obstacle>(repeat("<integer>99999999999999999999</integer>")).find("64 bits"),
-              std::string::npos);
-    EXPECT_NE(decodeError<Obstacle>(repeat("<integer>12abc</integer>")).find("Malformed integer"), std::string::npos);
     EXPECT_EQ(decodeRecordList<Obstacle>(repeat("<integer>-9223372036854775808</integer>"))[0].repeatCount, INT64_MIN);
 
     // Ids read in either case and are written upper-case.
@@ -288,57 +227,10 @@ TEST(PlistCodec, SyntheticProjectRoundTripsUnchanged)
     EXPECT_EQ(encodeRecordList(back), xml);
 }
 
-TEST(PlistCodec, BadInputFailsCleanly)
+TEST(PlistCodec, ExtremeDocumentsStayWithinBounds)
 {
-    const std::string good = levelWith("");
-    std::vector<std::string> bad = {
-        "",
-        "not xml at all",
-        "{ \"json\": true }",
-        good.substr(0, good.size() / 2), // truncated
-        plist("<array><dict><key>settings</key></dict></array>"), // key without value
-        plist("<array><dict><string>x</string></dict></array>"), // value without key
-        levelWith("<key>id</key><string>\xff\xfe</string>"), // invalid UTF-8
-        levelWith("<key>obstacles</key><array><dict><key>elementName</key><string>\xc0\xaf</string>"
-                  "</dict></array>"), // overlong encoding
-        std::string("bplist00") + std::string(40, '\x01'),
-        std::string("bplist00\xd1\x01\x02", 11),
-        plist(""),
-    };
-    // A document that tries entity expansion: the parser does not expand
-    // declared entities, so the text stays small and the value is not a level.
-    bad.push_back("<?xml version=\"1.0\"?><!DOCTYPE lolz [<!ENTITY lol \"lol\">"
-                  "<!ENTITY lol2 \"&lol;&lol;&lol;&lol;&lol;&lol;&lol;&lol;&lol;&lol;\">"
-                  "<!ENTITY lol3 \"&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;\">]>"
-                  "<plist version=\"1.0\"><array><dict><key>settings</key><string>&lol3;</string></dict></array>"
-                  "</plist>");
-    for (const std::string& bytes : bad)
-        EXPECT_NE(decodeError(bytes), "") << bytes.substr(0, 60);
-
-    // The binary parser recurses per level, so deep or cyclic binary documents
-    // are refused before they reach it.
-    EXPECT_NE(decodeError(nestedBinaryArrays(100000)).find("nested too deeply"), std::string::npos);
-    EXPECT_NE(decodeError(nestedBinaryArrays(50, true)).find("refers to itself"), std::string::npos);
-    EXPECT_NE(decodeError(nestedBinaryArrays(3)).find("Expected dictionary"), std::string::npos);
-    // A dictionary whose key is a number, not a string: {1: 1}.
-    const std::string numberKey("bplist00\xD1\x01\x01\x10\x01\x08\x0B"
-                                "\x00\x00\x00\x00\x00\x00\x01\x01"
-                                "\x00\x00\x00\x00\x00\x00\x00\x02"
-                                "\x00\x00\x00\x00\x00\x00\x00\x00"
-                                "\x00\x00\x00\x00\x00\x00\x00\x0D",
-                                8 + 5 + 2 + 32);
-    EXPECT_NE(decodeError(numberKey).find("broken object"), std::string::npos);
-    // A key with a NUL character in it: {"a\0": 1}.
-    const std::string nulKey("bplist00\xD1\x01\x02\x52\x61\x00\x10\x01\x08\x0B\x0E"
-                             "\x00\x00\x00\x00\x00\x00\x01\x01"
-                             "\x00\x00\x00\x00\x00\x00\x00\x03"
-                             "\x00\x00\x00\x00\x00\x00\x00\x00"
-                             "\x00\x00\x00\x00\x00\x00\x00\x10",
-                             8 + 8 + 3 + 32);
-    EXPECT_NE(decodeError(nulKey).find("broken object"), std::string::npos);
-
-    // A NUL character cannot be written to XML: a binary document holding one
-    // is refused, and so is a record holding one.
+    // A NUL character cannot be written to XML: a record holding one is
+    // refused in either format.
     Obstacle withNul;
     withNul.name = std::string("a\0b", 3);
     EXPECT_THROW(encodeRecordList(std::vector{withNul}), CodingError);
@@ -353,7 +245,8 @@ TEST(PlistCodec, BadInputFailsCleanly)
     EXPECT_EQ(decodeRecordList<Level>(levelWith("<key>unknown</key>" + deep)).size(), 1u);
 
     // Deep nesting where a record is expected fails at the first wrong type.
-    EXPECT_NE(decodeError(levelWith("<key>background</key>" + deep)), "");
+    EXPECT_NE(decodeError(levelWith("<key>background</key>" + deep)).find("Expected dictionary but found array"),
+              std::string::npos);
 
     // A huge string is read as it is.
     const std::string longName(5'000'000, 'a');
