@@ -64,6 +64,7 @@ int nextUntitledNumber(const std::vector<QString>& tabNames)
 SceneSettings::SceneSettings(PermissionManager& gate, QObject* parent)
     : QObject(parent),
       m_gate(gate),
+      m_catalogues(gate),
       m_revealer(revealInFileManager)
 {
     start();
@@ -102,9 +103,6 @@ void SceneSettings::start()
     }
     firstTimeViewDisplayed() = defaults.value(QStringLiteral("firstTimeViewDisplayed"), false).toBool();
     makeWorkspaceCurrent(workspace, remember);
-
-    const QString current = workingSpacePath();
-    m_gate.withAccess(current, [&] { tessaro::loadCatalogues(assetsFolder(current).toStdString()); });
 
     m_isDark = defaults.value(QStringLiteral("isDark"), false).toBool();
 
@@ -415,7 +413,15 @@ void SceneSettings::makeWorkspaceCurrent(const QString& rawPath, bool remember)
     setWorkingSpacePathValue(path);
     if (remember)
         userDefaults().setValue(QStringLiteral("workingSpacePath"), path);
+    m_catalogues.load(path);
+    if (m_windowAppeared)
+        loadFileLists();
     emit workingSpacePathChanged();
+    // Open levels are laid again, so they show the new workspace's elements;
+    // items it has no catalogue entry for stay in the level, unshown.
+    for (const auto& tab : m_projectTabs)
+        if (tab->currentScene())
+            tab->switchLevel(tab->levelSelected());
 }
 
 void SceneSettings::setWorkingSpace(const QString& path)
@@ -436,6 +442,7 @@ void SceneSettings::loadFileLists()
 
 void SceneSettings::mainWindowAppeared()
 {
+    m_windowAppeared = true;
     loadFileLists();
     for (std::size_t i = m_projectTabs.size(); i-- > 0;) {
         if (m_projectTabs[i]->name() == initializationName) {

@@ -8,6 +8,7 @@
 #include "LevelScene.h"
 #include "ProjectTab.h"
 #include "StateTypes.h"
+#include "WorkspaceCatalogues.h"
 
 #include <QObject>
 #include <QString>
@@ -43,6 +44,8 @@ public:
     /// Replaces how `showInFinder` reveals a file.
     void setFileRevealer(FileRevealer revealer);
     PermissionManager& gate() { return m_gate; }
+    /// The catalogues of the current workspace.
+    WorkspaceCatalogues& catalogues() { return m_catalogues; }
 
     // ---- Fields -----------------------------------------------------------
 
@@ -117,7 +120,9 @@ public:
     void moveLevelDown(const tessaro::Uuid& levelId);
 
     /// Makes a folder the workspace: reads its store into the recent list and
-    /// the application settings, and remembers it for the next start.
+    /// the application settings, its catalogues and (once the window is up)
+    /// its file lists, shows the open levels with its catalogues, and
+    /// remembers it for the next start.
     void setWorkingSpace(const QString& path);
     /// Scans the workspace into `imageList` and `audioList`.
     void loadFileLists();
@@ -167,6 +172,8 @@ private:
     void removeTabAt(std::size_t index);
 
     PermissionManager& m_gate;
+    WorkspaceCatalogues m_catalogues;
+    bool m_windowAppeared = false;
     SceneFactory m_sceneFactory;
     FileRevealer m_revealer;
 
