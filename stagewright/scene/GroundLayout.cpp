@@ -114,9 +114,8 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
     if (type != groundBaseType::Ground) {
         const double distance =
             drawablePosition(tessaro::sizeFromText(section.distance.value_or(std::string())).width, "ground distance");
+        // Laying a section changes nothing of the project.
         const double y = frame.top();
-        if (m_tab)
-            m_tab->setProjectDirty(true);
         ComposedTexture picture{textureOf(ComposedPicture{}), QSizeF(0, 0)};
         if (distance > 0) {
             const tessaro::kit::TexturePtr tile = groundTexture(hazardTileName(type));

@@ -63,23 +63,32 @@ auto overOr(const T* over, const T& catalogue, Member member) -> std::remove_cvr
     return catalogue.*member;
 }
 
+/// Each field of `over` that is set, else the field of `base`.
+template <tessaro::Record R>
+R overlaid(const R& over, const R& base)
+{
+    R merged;
+    tessaro::forEachField<R>([&](const auto& field) {
+        merged.*field.member = over.*field.member ? over.*field.member : base.*field.member;
+    });
+    return merged;
+}
+
 std::optional<tessaro::RotationProperties> mergedRotation(const tessaro::RotationProperties* over,
                                                           const tessaro::RotationProperties* catalogue)
 {
     if (!over && !catalogue)
         return std::nullopt;
     const tessaro::RotationProperties none;
-    const tessaro::RotationProperties& a = over ? *over : none;
-    const tessaro::RotationProperties& b = catalogue ? *catalogue : none;
-    tessaro::RotationProperties merged;
-    merged.rotation = a.rotation ? a.rotation : b.rotation;
-    merged.rotateForever = a.rotateForever ? a.rotateForever : b.rotateForever;
-    merged.rotateDuration = a.rotateDuration ? a.rotateDuration : b.rotateDuration;
-    merged.rotationPin = a.rotationPin ? a.rotationPin : b.rotationPin;
-    merged.rotateType = a.rotateType ? a.rotateType : b.rotateType;
-    merged.rotateDelay = a.rotateDelay ? a.rotateDelay : b.rotateDelay;
-    merged.rotateCount = a.rotateCount ? a.rotateCount : b.rotateCount;
-    return merged;
+    return overlaid(over ? *over : none, catalogue ? *catalogue : none);
+}
+
+/// The body of a checkpoint, coin, artifact or shield: it takes part in
+/// contacts and collides with nothing.
+sceneEditor::BodyMasks collectibleBody(bool affectedByGravity)
+{
+    return {collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+            collisionBit(collisionTypes::none), affectedByGravity, false};
 }
 
 std::uint32_t maskOr(const std::optional<std::string>& text)
@@ -140,6 +149,24 @@ std::shared_ptr<const catalogueRecord> sceneEditor::catalogueEntry(sceneObjectTy
     return nullptr;
 }
 
+void sceneEditor::reportMissingOnce(sceneObjectType kind, const std::string& name, const std::string& line)
+{
+    if (m_reportedMissing.insert({int(kind), name}).second)
+        tessaro::diagnostic(line);
+}
+
+void sceneEditor::finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
+                                const std::optional<BodyMasks>& body)
+{
+    if (node->kind() != sceneObjectType::background && node->kind() != sceneObjectType::ground)
+        node->addChild(shapeNode::create(node->size().height()));
+    layer->addChild(node);
+    if (body)
+        node->applyPhysicsBody(body->category, body->contact, body->collision, body->affectedByGravity,
+                               body->isDynamic);
+    node->placeFromDevices();
+}
+
 elementNodePtr sceneEditor::keepUnshown(sceneObjectType kind, levelItemRecord item)
 {
     const tessaro::kit::NodePtr layer = layerFor(kind);
@@ -170,9 +197,9 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
 {
     const auto entry = catalogueEntry(sceneObjectType::obstacles, item.elementName, std::nullopt);
     if (!entry) {
-        if (m_reportedMissing.insert({int(sceneObjectType::obstacles), item.elementName}).second)
-            tessaro::diagnostic("Obstacle \"" + item.elementName +
-                                "\" is not in the obstacle catalogue; its items stay in the level but are not shown.");
+        reportMissingOnce(sceneObjectType::obstacles, item.elementName,
+                          "Obstacle \"" + item.elementName +
+                              "\" is not in the obstacle catalogue; its items stay in the level but are not shown.");
         return keepUnshown(sceneObjectType::obstacles, item);
     }
     const tessaro::Obstacle& catalogue = std::get<tessaro::Obstacle>(*entry);
@@ -211,14 +238,12 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
         mergedRotation(over ? present(over->rotationProperties) : nullptr, present(catalogue.rotationProperties));
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
-    node->addChild(shapeNode::create(node->size().height()));
-    m_obstacleNodes->addChild(node);
-
-    if (usePhysics)
-        node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
-                               collisionBit(collisionTypes::floor), useGravity, isDynamic);
     node->refreshDistanceGuide();
-    node->placeFromDevices();
+    std::optional<BodyMasks> body;
+    if (usePhysics)
+        body = BodyMasks{collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                         collisionBit(collisionTypes::floor), useGravity, isDynamic};
+    finishPlacing(node, m_obstacleNodes, body);
 
     // The copies of a repeated obstacle exist only on the canvas: a row of
     // `repeatCount` pictures, each a full width (plus a random step) after the
@@ -258,9 +283,9 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
 {
     const auto entry = catalogueEntry(sceneObjectType::character, item.elementName, std::nullopt);
     if (!entry) {
-        if (m_reportedMissing.insert({int(sceneObjectType::character), item.elementName}).second)
-            tessaro::diagnostic("Character \"" + item.elementName +
-                                "\" is not in the character catalogue; its items stay in the level but are not shown.");
+        reportMissingOnce(sceneObjectType::character, item.elementName,
+                          "Character \"" + item.elementName +
+                              "\" is not in the character catalogue; its items stay in the level but are not shown.");
         return keepUnshown(sceneObjectType::character, item);
     }
     const tessaro::Character& catalogue = std::get<tessaro::Character>(*entry);
@@ -316,15 +341,12 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
     node->loadedItem = std::make_shared<const levelItemRecord>(item);
-    node->addChild(shapeNode::create(node->size().height()));
-    m_characterNodes->addChild(node);
     node->setPosition(quietly(position.x + offset.x, y + offset.y + node->size().height() / 2));
-
-    node->applyPhysicsBody(maskOr(maskText(&tessaro::CollisionDetection::category)),
-                           maskOr(maskText(&tessaro::CollisionDetection::contact)),
-                           maskOr(maskText(&tessaro::CollisionDetection::collision)), useGravity, true);
     node->refreshDistanceGuide();
-    node->placeFromDevices();
+    finishPlacing(node, m_characterNodes,
+                  BodyMasks{maskOr(maskText(&tessaro::CollisionDetection::category)),
+                            maskOr(maskText(&tessaro::CollisionDetection::contact)),
+                            maskOr(maskText(&tessaro::CollisionDetection::collision)), useGravity, true});
     return node;
 }
 
@@ -334,9 +356,9 @@ elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& l
 {
     const auto entry = catalogueEntry(sceneObjectType::checkpoint, image, sceneObjectType::checkpoint);
     if (!entry) {
-        if (m_reportedMissing.insert({int(sceneObjectType::checkpoint), image}).second)
-            tessaro::diagnostic("No checkpoint named \"" + image +
-                                "\" in the object catalogue; the level's checkpoints stay in it but are not shown.");
+        reportMissingOnce(sceneObjectType::checkpoint, image,
+                          "No checkpoint named \"" + image +
+                              "\" in the object catalogue; the level's checkpoints stay in it but are not shown.");
         return keepUnshown(sceneObjectType::checkpoint, location);
     }
     const tessaro::GenericObject& catalogue = std::get<tessaro::GenericObject>(*entry);
@@ -352,13 +374,8 @@ elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& l
     node->devices = location.devices;
     node->property_useGravity = true;
     node->loadedItem = std::make_shared<const levelItemRecord>(location);
-    node->addChild(shapeNode::create(node->size().height()));
-    m_checkpointNodes->addChild(node);
     node->setPosition(quietly(node->position().x(), offset.y + groundHeight(position.x) + node->size().height() / 2));
-
-    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
-                           collisionBit(collisionTypes::none), true, false);
-    node->placeFromDevices();
+    finishPlacing(node, m_checkpointNodes, collectibleBody(true));
     return node;
 }
 
@@ -372,16 +389,16 @@ elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, doub
             if (record.sceneObjectType == std::string(tessaro::caseText(sceneObjectType::coin))) {
                 entry = catalogueEntry(sceneObjectType::coin, record.elementName.value_or(std::string()),
                                        sceneObjectType::coin);
-                if (m_reportedMissing.insert({int(sceneObjectType::coin), "coin"}).second)
-                    tessaro::diagnostic("No object \"coin\" of kind coin in the object catalogue; coins show \"" +
-                                        record.elementName.value_or(std::string()) + "\".");
+                reportMissingOnce(sceneObjectType::coin, "coin",
+                                  "No object \"coin\" of kind coin in the object catalogue; coins show \"" +
+                                      record.elementName.value_or(std::string()) + "\".");
                 break;
             }
     }
     if (!entry) {
-        if (m_reportedMissing.insert({int(sceneObjectType::coin), ""}).second)
-            tessaro::diagnostic("No object of kind coin in the object catalogue; the level's coins stay in it but "
-                                "are not shown.");
+        reportMissingOnce(sceneObjectType::coin, "",
+                          "No object of kind coin in the object catalogue; the level's coins stay in it but are not "
+                          "shown.");
         return keepUnshown(sceneObjectType::coin, coin);
     }
     const tessaro::GenericObject& catalogue = std::get<tessaro::GenericObject>(*entry);
@@ -399,14 +416,9 @@ elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, doub
     node->devices = coin.devices;
     node->property_useGravity = useGravity;
     node->loadedItem = std::make_shared<const levelItemRecord>(coin);
-    node->addChild(shapeNode::create(node->size().height()));
-    m_coinNodes->addChild(node);
     if (coin.stack.value_or(false) || coin.repeatCount.value_or(0) >= 1)
         node->addStackChildren(coin.stack.value_or(false), coin.repeatCount.value_or(0), dx, dy);
-
-    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
-                           collisionBit(collisionTypes::none), useGravity, false);
-    node->placeFromDevices();
+    finishPlacing(node, m_coinNodes, collectibleBody(useGravity));
     return node;
 }
 
@@ -420,11 +432,7 @@ elementNodePtr sceneEditor::placeArtifact(const tessaro::Artifact& artifact)
     node->devices = artifact.devices;
     node->setAlpha(artifact.alpha.value_or(1));
     node->loadedItem = std::make_shared<const levelItemRecord>(artifact);
-    node->addChild(shapeNode::create(node->size().height()));
-    m_artifactNodes->addChild(node);
-    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
-                           collisionBit(collisionTypes::none), false, false);
-    node->placeFromDevices();
+    finishPlacing(node, m_artifactNodes, collectibleBody(false));
     return node;
 }
 
@@ -437,11 +445,7 @@ elementNodePtr sceneEditor::placeShield(const tessaro::Shield& shield, const std
     node->shieldOverrides->timed = shield.timed.value_or(60.0);
     node->devices = shield.devices;
     node->loadedItem = std::make_shared<const levelItemRecord>(shield);
-    node->addChild(shapeNode::create(node->size().height()));
-    m_shieldsNodes->addChild(node);
-    node->applyPhysicsBody(collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
-                           collisionBit(collisionTypes::none), false, false);
-    node->placeFromDevices();
+    finishPlacing(node, m_shieldsNodes, collectibleBody(false));
     return node;
 }
 
@@ -519,19 +523,20 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
 
-    // The new default entry comes first, so the look-up finds its position;
-    // the catalogue's entries for other devices follow.
-    tessaro::DeviceProperties placed;
-    placed.deviceName = std::string(tessaro::caseText(tessaro::deviceName::defaultDevice));
-    placed.size = tessaro::textFromPair(node->size().width(), node->size().height());
-    placed.position = tessaro::textFromPair(x, y);
-    placed.offset = "{0,0}";
-    node->devices.emplace().push_back(placed);
-    if (catalogueDevices)
-        for (const tessaro::DeviceProperties& entryForDevice : *catalogueDevices)
-            if (!entryForDevice.deviceName ||
-                !tessaro::deviceListHolds(*entryForDevice.deviceName, tessaro::deviceName::defaultDevice))
-                node->devices->push_back(entryForDevice);
+    // The element starts with its own copy of the catalogue's device entries
+    // and its placed size, position and offset for the default device: in
+    // the catalogue's default entry when it has one (the entry the look-up
+    // reads), else in a new entry after the catalogue's.
+    std::vector<tessaro::DeviceProperties>& devices =
+        node->devices.emplace(catalogueDevices.value_or(std::vector<tessaro::DeviceProperties>{}));
+    tessaro::DeviceProperties* placed = tessaro::deviceEntryFor(devices, tessaro::deviceName::defaultDevice);
+    if (!placed) {
+        placed = &devices.emplace_back();
+        placed->deviceName = std::string(tessaro::caseText(tessaro::deviceName::defaultDevice));
+    }
+    placed->size = tessaro::textFromPair(node->size().width(), node->size().height());
+    placed->position = tessaro::textFromPair(x, y);
+    placed->offset = "{0,0}";
 
     switch (kind) {
     case sceneObjectType::obstacles: node->obstacleOverrides.emplace().id = tessaro::Uuid::create(); break;
@@ -553,11 +558,7 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
     }
     default: break;
     }
-    if (kind != sceneObjectType::background && kind != sceneObjectType::ground)
-        node->addChild(shapeNode::create(node->size().height()));
-    layer->addChild(node);
-    node->applyPhysicsBody(category, contact, collision, useGravity, isDynamic);
-    node->placeFromDevices();
+    finishPlacing(node, layer, BodyMasks{category, contact, collision, useGravity, isDynamic});
 
     if (kind == sceneObjectType::ground && m_tab) {
         const std::size_t index = m_groundNodes->children().size() - 1;

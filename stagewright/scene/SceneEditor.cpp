@@ -1,5 +1,6 @@
 #include "SceneEditor.h"
 
+#include "SceneLayers.h"
 #include "SceneNumbers.h"
 #include "ScenePictures.h"
 
@@ -42,18 +43,22 @@ sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup)
     physicsWorld().setSpeed(0);
     setUserInteractionEnabled(true);
 
-    m_backgroundNodes = makeLayer("backgroundNodes");
-    m_pinnedBackgroundNodes = makeLayer("pinnedBackgroundNodes");
-    m_obstacleNodes = makeLayer("obstacleNodes");
-    m_characterNodes = makeLayer("characterNodes");
-    m_groundNodes = makeLayer("groundNodes");
-    m_coinNodes = makeLayer("coinsNodes");
-    m_artifactNodes = makeLayer("artifactsNodes");
-    m_checkpointNodes = makeLayer("checkpointsNodes");
-    m_navigationNodes = makeLayer("navigatindNodes");
-    m_shieldsNodes = makeLayer("shieldsNodes");
+    m_backgroundNodes = makeLayer(layerNames::backgrounds);
+    m_pinnedBackgroundNodes = makeLayer(layerNames::pinnedBackgrounds);
+    m_obstacleNodes = makeLayer(layerNames::obstacles);
+    m_characterNodes = makeLayer(layerNames::characters);
+    m_groundNodes = makeLayer(layerNames::ground);
+    m_coinNodes = makeLayer(layerNames::coins);
+    m_artifactNodes = makeLayer(layerNames::artifacts);
+    m_checkpointNodes = makeLayer(layerNames::checkpoints);
+    m_navigationNodes = makeLayer(layerNames::navigation);
+    m_shieldsNodes = makeLayer(layerNames::shields);
 
     addNavigationControls();
+    // The tab's "hide background" switch reaches the scene it shows.
+    if (m_tab)
+        QObject::connect(m_tab, &projectTab::backgroundElementsHiddenChanged, this,
+                         [this] { setBackgroundsHidden(m_tab->backgroundElementsHidden()); });
 
     setName(setup.name);
     setBackgroundColor(QColor(setup.backgroundColor.red, setup.backgroundColor.green, setup.backgroundColor.blue,
@@ -203,13 +208,17 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
     const tessaro::LevelSettings& settings = level.settings;
     const tessaro::SizeValue deviceSize{tessaro::deviceSize(tessaro::deviceName::defaultDevice).width,
                                         tessaro::deviceSize(tessaro::deviceName::defaultDevice).height};
-    m_sceneSize = settings.size ? drawableSize(tessaro::sizeFromText(*settings.size), "scene size") : deviceSize;
+    m_shownInsteadOfText = {};
+    const tessaro::SizeValue typedSize = settings.size ? tessaro::sizeFromText(*settings.size) : deviceSize;
+    m_sceneSize = settings.size ? drawableSize(typedSize, "scene size") : deviceSize;
     if (m_sceneSize.width <= 0 || m_sceneSize.height <= 0) {
         if (settings.size)
             tessaro::diagnostic("The scene size \"" + *settings.size + "\" has no area; the level is shown at " +
                                 tessaro::textFromSize(deviceSize) + ".");
         m_sceneSize = deviceSize;
     }
+    if (settings.size && !(m_sceneSize == typedSize))
+        m_shownInsteadOfText.size = m_sceneSize;
     m_sceneScaleMode = sceneScaleMode(tessaro::scaleModeFromText(settings.scaleMode));
     m_sceneAnchorPoint =
         settings.anchorPoint ? tessaro::pointFromText(*settings.anchorPoint) : tessaro::PointValue{0.5, 0.5};
@@ -218,6 +227,7 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
                             "\" cannot be used; the level is shown "
                             "with the anchor in the middle.");
         m_sceneAnchorPoint = {0.5, 0.5};
+        m_shownInsteadOfText.anchorPoint = m_sceneAnchorPoint;
     }
     m_sceneOrientation = tessaro::caseFromText<tessaro::sceneOrientationType>(settings.sceneOrientation)
                              .value_or(tessaro::sceneOrientationType::landscape);
@@ -458,10 +468,7 @@ void sceneEditor::setBackgroundsHidden(bool hidden)
 SceneFactory makeSceneEditorFactory()
 {
     return [](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
-        auto scene = sceneEditor::create(&tab, setup);
-        QObject::connect(&tab, &projectTab::backgroundElementsHiddenChanged, scene.get(),
-                         [raw = scene.get(), &tab] { raw->setBackgroundsHidden(tab.backgroundElementsHidden()); });
-        return scene;
+        return sceneEditor::create(&tab, setup);
     };
 }
 

@@ -97,7 +97,6 @@ public:
     const std::vector<QRectF>& groundBaseVariants() const { return m_groundBaseVariants; }
     /// Accumulated width of all ground laid.
     double levelEndX() const { return m_levelEndX; }
-    double levelEndY() const { return 0; }
     /// Top edge and centre height of the last ground node laid.
     double groundBase() const { return m_groundBase; }
     double backgroundY() const { return m_backgroundY; }
@@ -143,6 +142,14 @@ public:
     void setBackgroundsHidden(bool hidden);
 
     // ---- Placement --------------------------------------------------------------------------
+    /// The collision masks and flags of an element's body.
+    struct BodyMasks {
+        std::uint32_t category = 0;
+        std::uint32_t contact = 0;
+        std::uint32_t collision = 0;
+        bool affectedByGravity = false;
+        bool isDynamic = false;
+    };
     elementNodePtr placeObstacle(const tessaro::ObstacleLevelItem& item);
     elementNodePtr placeCharacter(const tessaro::CharacterLevelItem& item);
     elementNodePtr placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image);
@@ -221,6 +228,13 @@ private:
     tessaro::kit::NodePtr makeLayer(const char* name);
     /// A hidden node of `kind` holding a level item the scene cannot show.
     elementNodePtr keepUnshown(tessaro::sceneObjectType kind, levelItemRecord item);
+    /// Says once per load that `name` of `kind` has no catalogue entry.
+    void reportMissingOnce(tessaro::sceneObjectType kind, const std::string& name, const std::string& line);
+    /// The last steps of placing any element: its size handle (not for ground
+    /// and backgrounds), its layer, its body (when it has one) and its device
+    /// values.
+    void finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
+                       const std::optional<BodyMasks>& body);
     /// The catalogue records of this load, copied once per name.
     std::shared_ptr<const catalogueRecord> catalogueEntry(tessaro::sceneObjectType kind, const std::string& name,
                                                           std::optional<tessaro::sceneObjectType> objectType);
@@ -234,6 +248,12 @@ private:
     sceneScaleMode m_sceneScaleMode = sceneScaleMode::aspectFit;
     tessaro::PointValue m_sceneAnchorPoint{0.5, 0.5};
     tessaro::sceneOrientationType m_sceneOrientation = tessaro::sceneOrientationType::landscape;
+    /// The usable values drawn in place of level settings that could not be
+    /// drawn as written; while they stand, write-back keeps the written text.
+    struct ShownInsteadOfText {
+        std::optional<tessaro::SizeValue> size;
+        std::optional<tessaro::PointValue> anchorPoint;
+    } m_shownInsteadOfText;
     std::optional<tessaro::Background> m_backgroundList;
     tessaro::kit::NodePtr m_backgroundNodes;
     tessaro::kit::NodePtr m_pinnedBackgroundNodes;

@@ -297,25 +297,6 @@ ComposedPicture pictureOf(const tessaro::kit::TexturePtr& texture, QSizeF size)
     return picture;
 }
 
-ComposedPicture joinSideBySide(const ComposedPicture& a, const ComposedPicture& b)
-{
-    ComposedPicture result;
-    result.size = QSizeF(a.size.width() + b.size.width(), a.size.height());
-    if (result.size.isEmpty())
-        return result;
-    const double density = limitedDensity(result.size, std::min(a.density(), b.density()));
-    result.image = transparentImage(pixelsFor(result.size, density));
-    QPainter painter(&result.image);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    const double top = (a.size.height() - b.size.height()) * density;
-    if (!a.image.isNull())
-        painter.drawImage(QRectF(0, top, a.size.width() * density, b.size.height() * density), a.image);
-    if (!b.image.isNull())
-        painter.drawImage(QRectF(a.size.width() * density, top, b.size.width() * density, b.size.height() * density),
-                          b.image);
-    return result;
-}
-
 ComposedPicture joinStacked(const ComposedPicture& a, const ComposedPicture& b)
 {
     ComposedPicture result;

@@ -102,9 +102,6 @@ struct ComposedPicture {
 /// The picture of a texture drawn at `size` points, or at the texture's own
 /// size when `size` is empty.
 ComposedPicture pictureOf(const tessaro::kit::TexturePtr& texture, QSizeF size);
-/// A picture of width a.w + b.w and the height of a: a at the left and b to
-/// its right, each drawn at height b.h from the bottom edge.
-ComposedPicture joinSideBySide(const ComposedPicture& a, const ComposedPicture& b);
 /// A picture of a's width and height a.h + b.h: a above b, each drawn at b's
 /// width from the left edge.
 ComposedPicture joinStacked(const ComposedPicture& a, const ComposedPicture& b);

@@ -108,9 +108,16 @@ void sceneEditor::writeBack(const tessaro::Uuid& levelId)
 tessaro::LevelSettings sceneEditor::collectSettings(const tessaro::Level* level) const
 {
     tessaro::LevelSettings settings = level ? level->settings : tessaro::LevelSettings{};
-    settings.anchorPoint = tessaro::textFromPoint(m_sceneAnchorPoint);
+    // A value the canvas could not draw as written keeps its text until the
+    // designer gives it another.
+    const bool sizeAsTyped = level && m_shownInsteadOfText.size && *m_shownInsteadOfText.size == m_sceneSize;
+    const bool anchorAsTyped =
+        level && m_shownInsteadOfText.anchorPoint && *m_shownInsteadOfText.anchorPoint == m_sceneAnchorPoint;
+    if (!anchorAsTyped)
+        settings.anchorPoint = tessaro::textFromPoint(m_sceneAnchorPoint);
     settings.scaleMode = tessaro::scaleModeText(int(m_sceneScaleMode));
-    settings.size = tessaro::textFromSize(m_sceneSize);
+    if (!sizeAsTyped)
+        settings.size = tessaro::textFromSize(m_sceneSize);
     settings.sceneOrientation = std::string(tessaro::caseText(m_sceneOrientation));
     return settings;
 }

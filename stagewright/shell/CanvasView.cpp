@@ -13,13 +13,6 @@
 
 namespace stagewright {
 
-void setBackgroundLayersHidden(tessaro::kit::Scene& scene, bool hidden)
-{
-    for (const QString& layer : {QStringLiteral("backgroundNodes"), QStringLiteral("pinnedBackgroundNodes")})
-        if (const tessaro::kit::NodePtr node = scene.childNodeWithName(layer))
-            node->setHidden(hidden);
-}
-
 void CanvasSceneView::resizeEvent(QResizeEvent* event)
 {
     // The kit's view would resize a scene of the resize-fill mode to the
@@ -49,7 +42,8 @@ CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) 
         connect(m_tab, &projectTab::currentSceneChanged, this, &CanvasView::presentCurrentScene);
         connect(m_tab, &projectTab::scaledValueChanged, this, &CanvasView::relayout);
         connect(m_tab, &projectTab::selectedSceneSizeChanged, this, &CanvasView::relayout);
-        connect(m_tab, &projectTab::backgroundElementsHiddenChanged, this, &CanvasView::applyBackgroundHidden);
+        // The scene hides its own background layers; the view only repaints.
+        connect(m_tab, &projectTab::backgroundElementsHiddenChanged, m_view, qOverload<>(&QWidget::update));
         // Opening a project loads another level into the scene in place.
         connect(m_tab, &projectTab::levelConfigChanged, this, &CanvasView::scheduleRelayout);
         connect(m_tab, &projectTab::levelSelectedChanged, this, &CanvasView::scheduleRelayout);
@@ -94,18 +88,10 @@ void CanvasView::presentScene(const std::shared_ptr<LevelScene>& scene)
     } else {
         m_view->presentScene(nullptr);
     }
-    applyBackgroundHidden();
     relayout();
     // The tab fills a scene after presenting it: the size it takes and the
     // layers it makes are read once that is done.
     scheduleRelayout();
-}
-
-void CanvasView::applyBackgroundHidden()
-{
-    if (m_kitScene && m_tab)
-        setBackgroundLayersHidden(*m_kitScene, m_tab->backgroundElementsHidden());
-    m_view->update();
 }
 
 QSize CanvasView::frameSize() const
@@ -128,7 +114,7 @@ void CanvasView::scheduleRelayout()
         [this] {
             m_relayoutScheduled = false;
             relayout();
-            applyBackgroundHidden();
+            m_view->update();
         },
         Qt::QueuedConnection);
 }

@@ -21,9 +21,6 @@ class Scene;
 
 namespace stagewright {
 
-/// Sets the hidden flag of the two background layers of a canvas scene.
-void setBackgroundLayersHidden(tessaro::kit::Scene& scene, bool hidden);
-
 /// The scene size used while a tab has no scene.
 inline constexpr tessaro::SizeValue sizeWithoutScene{500, 400};
 
@@ -64,7 +61,6 @@ protected:
 
 private:
     void presentCurrentScene();
-    void applyBackgroundHidden();
 
     QPointer<projectTab> m_tab;
     std::shared_ptr<LevelScene> m_shown;

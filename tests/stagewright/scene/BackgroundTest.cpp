@@ -90,8 +90,15 @@ TEST_F(BackgroundTest, UnpinnedImagesFillTheViewAndStayPut)
     EXPECT_EQ((*saved.background->backgrounds)[0].id, list[0].id);
     EXPECT_EQ(saved.background->soundEffects, level.background->soundEffects);
 
-    loaded.scene->setBackgroundsHidden(true);
+    // The tab's switch hides both layers, and a level loaded later keeps them hidden.
+    loaded.tab.setBackgroundElementsHidden(true);
+    EXPECT_TRUE(loaded.scene->backgroundNodes()->isHidden());
+    EXPECT_TRUE(loaded.scene->pinnedBackgroundNodes()->isHidden());
     EXPECT_TRUE(loaded.scene->nodesAtPoint(QPointF(0, 0)).empty());
+    loaded.scene->loadLevel(loaded.id);
+    EXPECT_TRUE(loaded.scene->backgroundNodes()->isHidden());
+    loaded.tab.setBackgroundElementsHidden(false);
+    EXPECT_FALSE(loaded.scene->pinnedBackgroundNodes()->isHidden());
 }
 
 TEST_F(BackgroundTest, PinnedCopiesAlongTheLevel)

@@ -3,6 +3,7 @@
 #include "SceneTestSupport.h"
 
 #include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/ValueText.h>
 
 #include <gtest/gtest.h>
 
@@ -205,6 +206,25 @@ TEST(SceneConstruction, NumbersThatCannotBeDrawnAreShownSafelyAndKept)
     EXPECT_EQ(saved.obstacles, original.obstacles);
     EXPECT_EQ((*saved.ground)[0].distance, "{inf,0}");
     EXPECT_EQ((*saved.ground)[1].devices, (*original.ground)[1].devices);
+    EXPECT_EQ(saved.settings.size, "{0,0}");
+    EXPECT_EQ(saved.settings.anchorPoint, "{inf,0.5}");
+
+    // A size the designer then chooses is written as chosen.
+    loaded.scene->setSize({1000, 500});
+    loaded.scene->setAnchorPoint({0, 0});
+    EXPECT_EQ(loaded.saved().settings.size, tessaro::textFromSize({1000, 500}));
+    EXPECT_EQ(loaded.saved().settings.anchorPoint, tessaro::textFromPoint({0, 0}));
+}
+
+TEST(SceneConstruction, AnOversizedSceneIsDrawnSmallerAndSavedAsTyped)
+{
+    SceneWorkspace workspace;
+    tessaro::Level level = emptyLevel();
+    level.settings.size = "{250000,400}";
+    testing_support::DiagnosticCapture capture;
+    LoadedLevel loaded(level);
+    EXPECT_LE(loaded.scene->size().width, 100000);
+    EXPECT_EQ(loaded.saved().settings.size, "{250000,400}");
 }
 
 } // namespace

@@ -230,5 +230,48 @@ TEST_F(PlacementTest, ThePickerAddsAtTheLeftEdgeOfTheView)
     EXPECT_EQ(saved.coins->coins->front().zPosition, 50);
 }
 
+TEST_F(PlacementTest, ThePickerKeepsEveryDeviceEntryOfTheCatalogue)
+{
+    const std::string defaultName(tessaro::caseText(tessaro::deviceName::defaultDevice));
+    const auto entry = [](const std::string& devices, const std::string& size, const std::string& position) {
+        tessaro::DeviceProperties properties;
+        properties.deviceName = devices;
+        properties.size = size;
+        if (!position.empty())
+            properties.position = position;
+        return properties;
+    };
+    tessaro::Obstacle withDefault = obstacleTemplate("Tall", "crate", "");
+    withDefault.devices = {entry("iPad", "{80,80}", "{1,2}"), entry(defaultName + ",iPhone15", "{40,40}", ""),
+                           entry("iPhone16", "{30,30}", "{3,4}")};
+    tessaro::Obstacle withoutDefault = obstacleTemplate("Small", "crate", "");
+    withoutDefault.devices = {entry("iPad", "{80,80}", "{1,2}")};
+    tessaro::obstacleCatalogue().push_back(withDefault);
+    tessaro::obstacleCatalogue().push_back(withoutDefault);
+    LoadedLevel loaded(emptyLevel());
+    loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{300, 0});
+
+    // The catalogue's default entry takes the placed values; the others stay as they were.
+    const auto tall = loaded.scene->addElement(sceneObjectType::obstacles, "Tall");
+    ASSERT_TRUE(tall && tall->devices);
+    ASSERT_EQ(tall->devices->size(), 3u);
+    EXPECT_EQ((*tall->devices)[0], withDefault.devices->at(0));
+    EXPECT_EQ((*tall->devices)[1].deviceName, defaultName + ",iPhone15");
+    EXPECT_EQ((*tall->devices)[1].position, "{300.0,0.0}");
+    EXPECT_EQ((*tall->devices)[2], withDefault.devices->at(2));
+    EXPECT_EQ(tall->position(), QPointF(300, 0));
+
+    // Without one, the new entry follows the catalogue's.
+    const auto small = loaded.scene->addElement(sceneObjectType::obstacles, "Small");
+    ASSERT_TRUE(small && small->devices);
+    ASSERT_EQ(small->devices->size(), 2u);
+    EXPECT_EQ((*small->devices)[0], withoutDefault.devices->at(0));
+    EXPECT_EQ((*small->devices)[1].deviceName, defaultName);
+    EXPECT_EQ(small->position(), QPointF(300, 0));
+
+    // The catalogue itself is untouched.
+    EXPECT_EQ(tessaro::obstacleCatalogue()[2].devices, withDefault.devices);
+}
+
 } // namespace
 } // namespace stagewright::test
