@@ -99,8 +99,37 @@ void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransfo
     m_clip = savedClip;
 }
 
+const QImage& Renderer::scaledImage(const QImage& image, const QSize& size, bool smooth)
+{
+    constexpr qint64 kBudget = 128 * 1024 * 1024; // bytes of scaled pictures kept
+    const auto key = std::make_tuple(image.cacheKey(), size.width(), size.height(), smooth);
+    auto found = m_scaled.find(key);
+    if (found == m_scaled.end()) {
+        Scaled made;
+        made.image =
+            image.scaled(size, Qt::IgnoreAspectRatio, smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
+        m_scaledBytes += made.image.sizeInBytes();
+        found = m_scaled.emplace(key, std::move(made)).first;
+        // Over budget: the pictures not drawn for longest go first, never
+        // one of the present render.
+        while (m_scaledBytes > kBudget) {
+            auto oldest = m_scaled.end();
+            for (auto it = m_scaled.begin(); it != m_scaled.end(); ++it)
+                if (it != found && (oldest == m_scaled.end() || it->second.lastUse < oldest->second.lastUse))
+                    oldest = it;
+            if (oldest == m_scaled.end() || oldest->second.lastUse == m_renders)
+                break;
+            m_scaledBytes -= oldest->second.image.sizeInBytes();
+            m_scaled.erase(oldest);
+        }
+    }
+    found->second.lastUse = m_renders;
+    return found->second.image;
+}
+
 void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& target, qreal zoom)
 {
+    ++m_renders;
     painter.save();
     const QTransform sceneToDevice =
         scene.sceneToViewTransform(target.size(), zoom) * QTransform::fromTranslate(target.left(), target.top());

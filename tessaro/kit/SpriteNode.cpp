@@ -143,10 +143,19 @@ void SpriteNode::draw(DrawContext& ctx) const
         if (!p.transform().isIdentity())
             p.resetTransform();
         const QRectF target = t.mapRect(local);
-        if (std::abs(target.width() - image.width()) < 1e-9 && std::abs(target.height() - image.height()) < 1e-9)
+        if (std::abs(target.width() - image.width()) < 1e-9 && std::abs(target.height() - image.height()) < 1e-9) {
             p.drawImage(target.topLeft(), image); // one pixel per pixel: a plain blend
-        else
-            p.drawImage(target, image);
+        } else {
+            // Scaling a picture costs far more than blending one: the scaled
+            // picture is kept by the renderer. Edges are rounded to whole
+            // pixels from the sprite's own edges, so neighbours still meet.
+            const QPoint topLeft(qRound(target.left()), qRound(target.top()));
+            const QSize size(qRound(target.right()) - topLeft.x(), qRound(target.bottom()) - topLeft.y());
+            if (size.width() > 0 && size.height() > 0 && qint64(size.width()) * size.height() <= 16'000'000)
+                p.drawImage(topLeft, ctx.renderer.scaledImage(image, size, !nearest && smooth));
+            else
+                p.drawImage(target, image);
+        }
     } else {
         // Image rows run downwards; the node's y runs upwards.
         const QTransform imageToLocal(1, 0, 0, -1, local.left(), local.bottom());
