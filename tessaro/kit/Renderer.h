@@ -60,10 +60,12 @@ public:
     /// Nodes drawn by the last render.
     int lastNodeCount() const { return m_lastNodeCount; }
 
-    /// `image` scaled to `size` pixels, made once and kept while it is drawn
-    /// (up to a budget of memory): upright sprites are drawn from it without
-    /// scaling them again every frame.
-    const QImage& scaledImage(const QImage& image, const QSize& size, bool smooth);
+    /// `image` scaled to `size` pixels, and turned left to right when
+    /// `mirrored`, made once and kept while it is drawn (up to a budget of
+    /// memory): upright sprites are drawn from it without scaling them again
+    /// every frame. Wide transparent margins are cut off the kept picture:
+    /// it is to be drawn `offset` pixels from the scaled picture's corner.
+    const QImage& scaledImage(const QImage& image, const QSize& size, bool smooth, bool mirrored, QPoint& offset);
 
 private:
     struct Item {
@@ -88,9 +90,10 @@ private:
 
     struct Scaled {
         QImage image;
+        QPoint offset;
         quint64 lastUse = 0;
     };
-    std::map<std::tuple<qint64, int, int, bool>, Scaled> m_scaled;
+    std::map<std::tuple<qint64, int, int, bool, bool>, Scaled> m_scaled;
     qint64 m_scaledBytes = 0;
     quint64 m_renders = 0;
 };

@@ -232,8 +232,9 @@ TEST(Renderer, ACameraCentresTheViewAndScaledPicturesStayTrue)
     EXPECT_EQ(renderer.renderToImage(*scene, {100, 100}).pixelColor(50, 50), QColor(Qt::black));
 
     // A picture drawn at twice its size, from the kept copy the second time,
-    // and its mirror image beside it.
-    auto pictured = Scene::sceneWithSize({80, 40});
+    // its mirror image beside it, and a picture that paints only a corner
+    // of itself.
+    auto pictured = Scene::sceneWithSize({120, 40});
     pictured->setAnchorPoint({0, 0});
     pictured->setBackgroundColor(Qt::black);
     const QImage pic = checker(20, 5, Qt::yellow, Qt::blue);
@@ -244,14 +245,24 @@ TEST(Renderer, ACameraCentresTheViewAndScaledPicturesStayTrue)
     auto mirrored = SpriteNode::create(upright->texture(), {40, 40});
     mirrored->setPosition(60, 20);
     mirrored->setXScale(-1);
+    QImage corner(20, 20, QImage::Format_ARGB32);
+    corner.fill(Qt::transparent);
+    for (int y = 12; y < 16; ++y)
+        for (int x = 3; x < 9; ++x)
+            corner.setPixelColor(x, y, x % 2 ? QColor(Qt::red) : QColor(0, 255, 0, 128));
+    auto sparse = SpriteNode::create(Texture::fromImage(corner), {40, 40});
+    sparse->texture()->setFilteringMode(Texture::Filtering::Nearest);
+    sparse->setPosition(100, 20);
     pictured->addChild(upright);
     pictured->addChild(mirrored);
-    Expected expected(80, 40, Qt::black);
+    pictured->addChild(sparse);
+    Expected expected(120, 40, Qt::black);
     expected.picture(0, 0, wide);
     expected.picture(40, 0, wide, true);
+    expected.picture(80, 0, corner.scaled(40, 40, Qt::IgnoreAspectRatio, Qt::FastTransformation));
     for (int pass = 0; pass < 2; ++pass) {
         QPoint where;
-        EXPECT_EQ(worstDifference(renderer.renderToImage(*pictured, {80, 40}), expected.image, &where), 0)
+        EXPECT_EQ(worstDifference(renderer.renderToImage(*pictured, {120, 40}), expected.image, &where), 0)
             << "pass " << pass << " at " << where.x() << "," << where.y();
     }
 }
