@@ -103,10 +103,10 @@ TEST(Geometry, TracingFollowsPixelEdgesFillsHolesAndSeparatesRegions)
     // the loop is split at that corner, the enclosed cavity is filled, and
     // only the notch on the outside stays empty.
     const QImage c = mask(12, 12, [](int x, int y) {
-        const bool ring = x >= 1 && x < 11 && y >= 1 && y < 11 && !(x >= 3 && x < 9 && y >= 3 && y < 9);
+        const bool onRing = x >= 1 && x < 11 && y >= 1 && y < 11 && !(x >= 3 && x < 9 && y >= 3 && y < 9);
         const bool cut = x >= 9 && y >= 5 && y < 7;
         const bool ends = (x == 9 && y == 5) || (x == 10 && y == 6);
-        return (ring && !cut) || ends;
+        return (onRing && !cut) || ends;
     });
     outlines = traceAlphaOutlines(c, 0.5f);
     ASSERT_EQ(outlines.size(), 1u);
