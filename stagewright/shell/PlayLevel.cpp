@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace stagewright {
 
@@ -188,9 +189,19 @@ bool PlayLevel::play(const std::vector<tessaro::Level>& levels, int levelNumber,
     m_arguments = {workspace, file, QStringLiteral("--level"), QString::number(levelNumber)};
 
     m_process = new QProcess(this);
-    // The game's lines appear where the editor's do.
-    m_process->setProcessChannelMode(QProcess::ForwardedChannels);
+    // The game's lines appear where the editor's do; the last one tells
+    // the user why a game stopped with a failure.
+    m_process->setProcessChannelMode(QProcess::MergedChannels);
+    m_lastLine.clear();
     QProcess* process = m_process;
+    connect(process, &QProcess::readyReadStandardOutput, this, [this, process] {
+        const QByteArray output = process->readAllStandardOutput();
+        std::fwrite(output.constData(), 1, size_t(output.size()), stdout);
+        std::fflush(stdout);
+        for (const QByteArray& line : output.split('\n'))
+            if (!line.trimmed().isEmpty())
+                m_lastLine = QString::fromLocal8Bit(line.trimmed());
+    });
     connect(process, &QProcess::errorOccurred, this, [this, process](QProcess::ProcessError error) {
         if (error != QProcess::FailedToStart || process != m_process)
             return;
@@ -200,12 +211,16 @@ bool PlayLevel::play(const std::vector<tessaro::Level>& levels, int levelNumber,
         cleanUp();
         fail(tr("%1 could not be started: %2").arg(m_program, reason));
     });
-    connect(process, &QProcess::finished, this, [this, process](int exitCode) {
+    connect(process, &QProcess::finished, this, [this, process](int exitCode, QProcess::ExitStatus status) {
         if (process != m_process)
             return;
         m_process = nullptr;
         process->deleteLater();
         cleanUp();
+        if (status == QProcess::CrashExit)
+            fail(tr("The game stopped unexpectedly."));
+        else if (exitCode != 0)
+            fail(m_lastLine.isEmpty() ? tr("The game stopped with status %1.").arg(exitCode) : m_lastLine);
         emit finished(exitCode);
     });
     m_process->start(m_program, m_arguments);

@@ -2,7 +2,7 @@
 // tessaro-play, a program of its own beside the editor. Nothing of the
 // user's is written: the project goes to a private temporary folder outside
 // the workspace, which is removed when the game ends. The editor does not
-// wait for the game.
+// wait for the game; when the game fails, its last line is shown.
 #pragma once
 
 #include <tessaro/model/LevelRecords.h>
@@ -65,7 +65,8 @@ public:
     QStringList arguments() const { return m_arguments; }
 
 signals:
-    /// The game has ended, with its exit status.
+    /// The game has ended, with its exit status. A failure has been told to
+    /// the user, with the last line the game wrote.
     void finished(int exitCode);
 
 private:
@@ -79,6 +80,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_projectFile;
     QStringList m_arguments;
+    QString m_lastLine; // the last line the game wrote
 };
 
 } // namespace stagewright

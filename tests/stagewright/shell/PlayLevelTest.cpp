@@ -146,6 +146,21 @@ TEST_F(PlayLevelTest, AGameThatCannotStartIsToldAndANewPlayEndsTheRunningGame)
     EXPECT_FALSE(player.isRunning());
     EXPECT_TRUE(player.projectFile().isEmpty()) << "its temporary project is gone";
 
+    // A game that stops with a failure: its last line is shown.
+    const QString failing = home->folder(QStringLiteral("bin")) + QStringLiteral("/failing-game");
+    QFile script(failing);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\necho 'Loading'\necho 'Configuration error (ObjectList): No such file.'\nexit 1\n");
+    script.close();
+    script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+    player.setGameProgram(failing);
+    ASSERT_TRUE(player.play(levels, 1, QStringLiteral("Failing"), workingSpacePath()));
+    QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, 10000);
+    EXPECT_EQ(ended[0][0].toInt(), 1);
+    ASSERT_EQ(dialogs.failures.size(), 3);
+    EXPECT_EQ(dialogs.failures[2],
+              QStringLiteral("The level cannot be played. Configuration error (ObjectList): No such file."));
+
     // A second play while a game runs ends the first one and its project.
     const QString notes = home->folder(QStringLiteral("notes"));
     player.setGameProgram(fakeGame(home->folder(QStringLiteral("bin")), notes, 60));
@@ -156,8 +171,8 @@ TEST_F(PlayLevelTest, AGameThatCannotStartIsToldAndANewPlayEndsTheRunningGame)
     ASSERT_TRUE(player.play(levels, 1, QStringLiteral("Second"), workingSpacePath()));
     EXPECT_FALSE(QFile::exists(first));
     EXPECT_TRUE(player.isRunning());
-    EXPECT_EQ(ended.size(), 0) << "an ended game is not reported as one that finished";
-    EXPECT_EQ(dialogs.failures.size(), 2);
+    EXPECT_EQ(ended.size(), 1) << "a game ended by a new play is not reported";
+    EXPECT_EQ(dialogs.failures.size(), 3);
 
     // Finding the game: beside the editor first, then in a build tree's
     // neighbouring folder.
