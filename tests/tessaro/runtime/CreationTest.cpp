@@ -255,6 +255,13 @@ TEST(Creation, CharacterItemsOverrideTheirCatalogueRecord)
     node = ObstacleCreationHelper::createCharacter(item, bat, nullptr, *level.world, *level.scene);
     EXPECT_EQ(node->name(), "MIRAGE_MYSTIC_Bat 1");
     EXPECT_EQ(node->position(), QPointF(10, 20));
+
+    // A catalogue record without device entries takes the item's, so a
+    // placed character stands where the designer put it.
+    bat.devices.reset();
+    node = ObstacleCreationHelper::createCharacter(item, bat, nullptr, *level.world, *level.scene);
+    EXPECT_EQ(node->position(), QPointF(10, 20));
+    EXPECT_EQ(node->characterProperties()->devices, overrides.devices);
 }
 
 TEST(Creation, LevelItemsMergeOverTheirTemplate)
