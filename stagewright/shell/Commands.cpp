@@ -1,5 +1,7 @@
 #include "Commands.h"
 
+#include "PlayLevel.h"
+
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -349,6 +351,13 @@ void Commands::showLibrary()
 {
     if (m_windows && !m_windows->isWindowOpen(WindowId::objectLibrary))
         m_windows->openWindow(WindowId::objectLibrary);
+}
+
+void Commands::playLevel()
+{
+    if (!m_playLevel)
+        m_playLevel = new PlayLevel(m_dialogs, this);
+    m_playLevel->play(frontTab().get(), workingSpacePath());
 }
 
 // ---- Footer ---------------------------------------------------------------------------

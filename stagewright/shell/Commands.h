@@ -24,6 +24,7 @@
 
 namespace stagewright {
 
+class PlayLevel;
 class SceneSettings;
 
 /// One step of the "Scaling" picker: its title and the tag it stores.
@@ -106,6 +107,8 @@ public:
     void setBackgroundHidden(bool hidden);
     /// Opens the object library when it is not open.
     void showLibrary();
+    /// Runs the front tab's level, unsaved edits included, in the game.
+    void playLevel();
 
     // ---- Footer -------------------------------------------------------------
     /// The folder the level link opens: the front tab's file's folder, or the
@@ -142,6 +145,7 @@ private:
     UrlOpener m_urlOpener;
     QStringList m_filesToOpen;
     QPointer<projectTab> m_watched;
+    PlayLevel* m_playLevel = nullptr;
 };
 
 } // namespace stagewright

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "FooterView.h"
 #include "NavigationToolbar.h"
+#include "PlayLevel.h"
 #include "ShellIcons.h"
 #include "TabStrip.h"
 #include "Windows.h"
@@ -170,6 +171,10 @@ void MainWindow::buildMenus()
     connect(nextTab, &QAction::triggered, this, [this] { m_commands.showAdjacentTab(+1); });
     QAction* previousTab = addCommand(view, tr("Previous Tab"), QKeySequence(QStringLiteral("Ctrl+PgUp")), nullptr);
     connect(previousTab, &QAction::triggered, this, [this] { m_commands.showAdjacentTab(-1); });
+    view->addSeparator();
+    QAction* play = addCommand(view, tr("Play Level"), QKeySequence(QStringLiteral("Ctrl+R")), &Commands::playLevel);
+    play->setIcon(playLevelIcon());
+    m_toolbar->addAction(play);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     QAction* helpWindow = addCommand(help, tr("Tessaro - StageWright Help"), QKeySequence(), nullptr);

@@ -36,6 +36,7 @@ void Node::setPosition(const QPointF& p)
         return;
     m_position = p;
     touch();
+    markMoved();
 }
 
 void Node::setZPosition(qreal z)
@@ -52,18 +53,21 @@ void Node::setZRotation(qreal radians)
         return;
     m_zRotation = radians;
     touch();
+    markMoved();
 }
 
 void Node::setXScale(qreal s)
 {
     m_xScale = s;
     touch();
+    markMoved();
 }
 
 void Node::setYScale(qreal s)
 {
     m_yScale = s;
     touch();
+    markMoved();
 }
 
 void Node::setScale(qreal s)
@@ -71,6 +75,15 @@ void Node::setScale(qreal s)
     m_xScale = s;
     m_yScale = s;
     touch();
+    markMoved();
+}
+
+void Node::markMoved()
+{
+    // Only bodies need to know; most nodes that move have none below them.
+    if (!m_scene || m_scene == this || (!m_physicsBody && m_children.empty()))
+        return;
+    m_scene->physicsWorld().nodeMoved(*this);
 }
 
 void Node::setAlpha(qreal a)

@@ -213,6 +213,9 @@ public:
 protected:
     /// Marks the node's look as changed.
     void touch() { ++m_revision; }
+    /// Tells the physics world that the bodies of this node and of the nodes
+    /// below it must follow their nodes at the next step.
+    void markMoved();
     /// Called after the node entered a scene (directly or with an ancestor).
     virtual void didEnterScene(Scene& scene);
     /// Called before the node leaves its scene.

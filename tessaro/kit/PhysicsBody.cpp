@@ -270,6 +270,7 @@ void PhysicsBody::addShapesTo(b2Body* body) const
         b2FixtureDef def;
         def.friction = float(m_friction);
         def.restitution = float(m_restitution);
+        def.userData.pointer = engineMasks();
         def.density = float(m_density);
         switch (s.kind) {
         case PhysicsShape::Kind::Polygon: {
@@ -334,8 +335,10 @@ void PhysicsBody::applyTypeToBody()
     if (!m_body)
         return;
     const b2BodyType type = (m_dynamic && !isEdgeBased()) ? b2_dynamicBody : b2_kinematicBody;
-    if (m_body->GetType() != type)
+    if (m_body->GetType() != type) {
         m_body->SetType(type);
+        m_world->typeChanged(*this);
+    }
     m_body->SetGravityScale(m_affectedByGravity ? 1.0f : 0.0f);
     m_body->SetFixedRotation(!m_allowsRotation);
     m_body->SetBullet(m_precise);
@@ -348,8 +351,10 @@ void PhysicsBody::refilter()
 {
     if (!m_body)
         return;
-    for (b2Fixture* f = m_body->GetFixtureList(); f; f = f->GetNext())
+    for (b2Fixture* f = m_body->GetFixtureList(); f; f = f->GetNext()) {
+        f->GetUserData().pointer = engineMasks();
         f->Refilter();
+    }
     m_body->SetAwake(true); // a sleeping body would keep its old contacts
 }
 

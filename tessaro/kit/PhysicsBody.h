@@ -168,6 +168,9 @@ private:
     friend class PhysicsJointPin;
 
     void refilter();
+    /// Category and collision mask in one word, kept on each engine fixture so
+    /// that the step's contact checks need not look up this object.
+    uintptr_t engineMasks() const { return (uintptr_t(m_collision) << 32) | m_category; }
     void addShapesTo(b2Body* body) const;
     void applyTypeToBody();
 
@@ -197,6 +200,8 @@ private:
     QPointF m_writtenPosition;
     qreal m_writtenRotation = 0;
     bool m_written = false;
+    bool m_following = false; // waits in the world's list of bodies to follow their nodes
+    bool m_nodeMoved = false; // its node (or an ancestor) moved since it last followed
 };
 
 using PhysicsBodyPtr = std::shared_ptr<PhysicsBody>;

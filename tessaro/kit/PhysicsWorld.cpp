@@ -128,11 +128,15 @@ public:
 
     void PreSolve(b2Contact* contact, const b2Manifold*) override
     {
+        // Every step, for every touching pair: the masks come from the
+        // fixtures, which the engine has at hand.
         b2Fixture* fa = contact->GetFixtureA();
         b2Fixture* fb = contact->GetFixtureB();
-        PhysicsBody* a = bodyOf(fa);
-        PhysicsBody* b = bodyOf(fb);
-        contact->SetEnabled(wantsCollision(a, fa->GetBody(), b) || wantsCollision(b, fb->GetBody(), a));
+        const uintptr_t a = fa->GetUserData().pointer, b = fb->GetUserData().pointer;
+        const auto pushes = [](const b2Fixture* f, uintptr_t own, uintptr_t other) {
+            return f->GetBody()->GetType() == b2_dynamicBody && ((own >> 32) & (other & 0xFFFFFFFFu)) != 0;
+        };
+        contact->SetEnabled(pushes(fa, a, b) || pushes(fb, b, a));
     }
 
     void PostSolve(b2Contact* contact, const b2ContactImpulse* impulse) override
@@ -229,6 +233,7 @@ void PhysicsWorld::attach(PhysicsBody& body)
     body.m_writtenRotation = node->zRotation();
     body.m_written = true;
     m_bodies.push_back(&body);
+    m_dynamicStale = true;
     updatePin(body);
 }
 
@@ -265,6 +270,12 @@ void PhysicsWorld::detach(PhysicsBody& body)
     std::erase_if(m_pairs,
                   [&](const auto& entry) { return entry.first.first == &body || entry.first.second == &body; });
     m_bodies.erase(std::remove(m_bodies.begin(), m_bodies.end(), &body), m_bodies.end());
+    m_dynamicStale = true;
+    if (body.m_following) {
+        m_following.erase(std::remove(m_following.begin(), m_following.end(), &body), m_following.end());
+        body.m_following = false;
+    }
+    body.m_nodeMoved = false;
 }
 
 void PhysicsWorld::updatePin(PhysicsBody& body)
@@ -365,12 +376,55 @@ std::vector<PhysicsBodyPtr> PhysicsWorld::bodies() const
     return out;
 }
 
+void PhysicsWorld::nodeMoved(Node& node)
+{
+    // While the step's results are written, a node moved by its own body
+    // need not send that body back.
+    if (node.m_physicsBody && !m_writing)
+        follow(*node.m_physicsBody, true);
+    for (const NodePtr& child : node.m_children)
+        followSubtree(*child);
+}
+
+void PhysicsWorld::followSubtree(Node& node)
+{
+    if (node.m_physicsBody)
+        follow(*node.m_physicsBody, true);
+    for (const NodePtr& child : node.m_children)
+        followSubtree(*child);
+}
+
+void PhysicsWorld::follow(PhysicsBody& body, bool nodeMoved)
+{
+    if (body.m_world != this)
+        return;
+    body.m_nodeMoved = body.m_nodeMoved || nodeMoved;
+    if (!body.m_following) {
+        body.m_following = true;
+        m_following.push_back(&body);
+    }
+}
+
+void PhysicsWorld::typeChanged(PhysicsBody& body)
+{
+    m_dynamicStale = true;
+    follow(body, true);
+}
+
 void PhysicsWorld::syncBodiesFromNodes(double dt)
 {
-    for (PhysicsBody* body : m_bodies) {
+    // Only bodies whose nodes moved, and moving bodies coming to rest, have
+    // anything to do: a level of thousands of resting bodies costs nothing.
+    std::vector<PhysicsBody*> waiting;
+    waiting.swap(m_following);
+    for (PhysicsBody* body : waiting)
+        body->m_following = false;
+    for (PhysicsBody* body : waiting) {
         Node* node = body->m_node;
         b2Body* b = body->m_body;
-        if (!node || !b)
+        const bool moved = body->m_nodeMoved;
+        body->m_nodeMoved = false;
+        if (!node || !b || body->m_world != this)
             continue;
         if (b->GetType() == b2_dynamicBody) {
             // A dynamic body moves its node; a node moved from outside moves it back.
@@ -387,7 +441,13 @@ void PhysicsWorld::syncBodiesFromNodes(double dt)
             continue;
         }
         // Non-dynamic bodies follow their node, with the velocity that gets
-        // them there in this frame, so that they push what they touch.
+        // them there in this frame, so that they push what they touch. One
+        // that moved in the last frame and whose node stays put comes to rest.
+        if (!moved) {
+            b->SetLinearVelocity(b2Vec2_zero);
+            b->SetAngularVelocity(0);
+            continue;
+        }
         const b2Vec2 target = toMeters(scenePosition(node));
         const float angle = float(sceneRotation(node));
         const b2Vec2 delta = target - b->GetPosition();
@@ -409,26 +469,43 @@ void PhysicsWorld::syncBodiesFromNodes(double dt)
             b->SetLinearVelocity((1.0f / float(dt)) * delta);
             b->SetAngularVelocity(turn / float(dt));
             b->SetAwake(true);
+            follow(*body, false); // to stop it at the next step
         }
     }
 }
 
 void PhysicsWorld::writeBodiesToNodes()
 {
-    for (PhysicsBody* body : m_bodies) {
-        Node* node = body->m_node;
-        b2Body* b = body->m_body;
-        if (!node || !b || b->GetType() != b2_dynamicBody)
+    if (m_dynamicStale) {
+        m_dynamic.clear();
+        for (PhysicsBody* body : m_bodies)
+            if (body->m_body && body->m_body->GetType() == b2_dynamicBody)
+                m_dynamic.push_back(body->m_body);
+        std::sort(m_dynamic.begin(), m_dynamic.end()); // in memory order, which the processor reads ahead
+        m_dynamicStale = false;
+    }
+    m_writing = true;
+    // Sleeping bodies have not moved; only the engine's body is looked at
+    // for them.
+    for (b2Body* b : m_dynamic) {
+        if (!b->IsAwake())
             continue;
-        if (!b->IsAwake() && body->m_written)
+        PhysicsBody* body = reinterpret_cast<PhysicsBody*>(b->GetUserData().pointer);
+        Node* node = body->m_node;
+        if (!node)
             continue;
         const QPointF scenePos = toPoints(b->GetPosition());
         Node* parent = node->parent();
         QPointF local = scenePos;
         double parentAngle = 0;
         if (parent && parent->parent()) {
-            local = parent->rootTransform().inverted().map(scenePos);
-            parentAngle = sceneRotation(parent);
+            if (!parent->parent()->parent() && parent->zRotation() == 0 && parent->xScale() == 1 &&
+                parent->yScale() == 1) {
+                local = scenePos - parent->position(); // a plain layer of the scene
+            } else {
+                local = parent->rootTransform().inverted().map(scenePos);
+                parentAngle = sceneRotation(parent);
+            }
         }
         node->setPosition(local);
         if (body->m_allowsRotation)
@@ -437,6 +514,7 @@ void PhysicsWorld::writeBodiesToNodes()
         body->m_writtenRotation = node->zRotation();
         body->m_written = true;
     }
+    m_writing = false;
 }
 
 void PhysicsWorld::deliverContacts()

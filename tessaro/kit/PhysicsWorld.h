@@ -148,6 +148,11 @@ public:
 
     b2World& engine() { return *m_world; }
 
+    /// A node moved (or turned or scaled): its body and the bodies below it
+    /// follow at the next step. Nodes call this; bodies of nodes that stay
+    /// put cost nothing per step.
+    void nodeMoved(Node& node);
+
 private:
     friend class PhysicsBody;
     friend class Node;
@@ -158,6 +163,9 @@ private:
     void detach(PhysicsBody& body);
     void updatePin(PhysicsBody& body);
     std::vector<PhysicsBodyPtr> contactedBodies(const PhysicsBody& body) const;
+    void follow(PhysicsBody& body, bool nodeMoved);
+    void followSubtree(Node& node);
+    void typeChanged(PhysicsBody& body);
     void syncBodiesFromNodes(double dt);
     void writeBodiesToNodes();
     void createPendingJoints();
@@ -184,6 +192,10 @@ private:
     std::unique_ptr<Listener> m_listener;
     b2Body* m_ground = nullptr;
     std::vector<PhysicsBody*> m_bodies;
+    std::vector<PhysicsBody*> m_following; // bodies to move to their nodes at the next step
+    std::vector<b2Body*> m_dynamic; // the engine bodies of the dynamic ones of m_bodies, rebuilt when stale
+    bool m_dynamicStale = true;
+    bool m_writing = false; // the step's results are being written to the nodes
     std::vector<std::shared_ptr<PhysicsJoint>> m_joints;
     std::unordered_map<PairKey, PairState, PairHash> m_pairs;
     int m_pendingBegins = 0; // begin events waiting for their impulse in this step

@@ -99,8 +99,95 @@ void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransfo
     m_clip = savedClip;
 }
 
+namespace {
+
+bool isOpaque(const QImage& image)
+{
+    if (!image.hasAlphaChannel())
+        return true;
+    if (image.format() != QImage::Format_ARGB32_Premultiplied && image.format() != QImage::Format_ARGB32)
+        return false;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(line[x]) != 255)
+                return false;
+    }
+    return true;
+}
+
+/// The smallest rectangle that holds every pixel of `image` that is not
+/// fully transparent; empty when there is none.
+QRect paintedRect(const QImage& image)
+{
+    if (image.format() != QImage::Format_ARGB32_Premultiplied && image.format() != QImage::Format_ARGB32)
+        return image.rect();
+    int top = image.height(), bottom = -1, left = image.width(), right = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        int first = -1, last = -1;
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(line[x]) != 0) {
+                if (first < 0)
+                    first = x;
+                last = x;
+            }
+        if (first < 0)
+            continue;
+        top = std::min(top, y);
+        bottom = y;
+        left = std::min(left, first);
+        right = std::max(right, last);
+    }
+    return bottom < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
+} // namespace
+
+const QImage& Renderer::scaledImage(const QImage& image, const QSize& size, bool smooth, bool mirrored, QPoint& offset)
+{
+    constexpr qint64 kBudget = 128 * 1024 * 1024; // bytes of scaled pictures kept
+    const auto key = std::make_tuple(image.cacheKey(), size.width(), size.height(), smooth, mirrored);
+    auto found = m_scaled.find(key);
+    if (found == m_scaled.end()) {
+        Scaled made;
+        made.image =
+            image.scaled(size, Qt::IgnoreAspectRatio, smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
+        if (mirrored)
+            made.image = std::move(made.image).mirrored(true, false);
+        // Blending costs by the pixel: a picture with wide transparent
+        // margins keeps only what it paints.
+        const QRect painted = paintedRect(made.image);
+        if (qint64(painted.width()) * painted.height() * 10 < qint64(made.image.width()) * made.image.height() * 9) {
+            made.offset = painted.topLeft();
+            made.image = painted.isEmpty() ? QImage() : made.image.copy(painted);
+        }
+        // An opaque picture is copied where it is drawn rather than blended.
+        if (isOpaque(made.image))
+            made.image = std::move(made.image).convertToFormat(QImage::Format_RGB32);
+        m_scaledBytes += made.image.sizeInBytes();
+        found = m_scaled.emplace(key, std::move(made)).first;
+        // Over budget: the pictures not drawn for longest go first, never
+        // one of the present render.
+        while (m_scaledBytes > kBudget) {
+            auto oldest = m_scaled.end();
+            for (auto it = m_scaled.begin(); it != m_scaled.end(); ++it)
+                if (it != found && (oldest == m_scaled.end() || it->second.lastUse < oldest->second.lastUse))
+                    oldest = it;
+            if (oldest == m_scaled.end() || oldest->second.lastUse == m_renders)
+                break;
+            m_scaledBytes -= oldest->second.image.sizeInBytes();
+            m_scaled.erase(oldest);
+        }
+    }
+    found->second.lastUse = m_renders;
+    offset = found->second.offset;
+    return found->second.image;
+}
+
 void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& target, qreal zoom)
 {
+    ++m_renders;
     painter.save();
     const QTransform sceneToDevice =
         scene.sceneToViewTransform(target.size(), zoom) * QTransform::fromTranslate(target.left(), target.top());

@@ -15,6 +15,9 @@
 #include <QPainter>
 #include <QTransform>
 
+#include <map>
+#include <tuple>
+
 namespace tessaro::kit {
 
 class Renderer;
@@ -57,6 +60,13 @@ public:
     /// Nodes drawn by the last render.
     int lastNodeCount() const { return m_lastNodeCount; }
 
+    /// `image` scaled to `size` pixels, and turned left to right when
+    /// `mirrored`, made once and kept while it is drawn (up to a budget of
+    /// memory): upright sprites are drawn from it without scaling them again
+    /// every frame. Wide transparent margins are cut off the kept picture:
+    /// it is to be drawn `offset` pixels from the scaled picture's corner.
+    const QImage& scaledImage(const QImage& image, const QSize& size, bool smooth, bool mirrored, QPoint& offset);
+
 private:
     struct Item {
         const Node* node;
@@ -77,6 +87,15 @@ private:
     QRectF m_clip;
     std::vector<Item> m_items; // reused between frames
     std::vector<std::pair<qreal, quint32>> m_order;
+
+    struct Scaled {
+        QImage image;
+        QPoint offset;
+        quint64 lastUse = 0;
+    };
+    std::map<std::tuple<qint64, int, int, bool, bool>, Scaled> m_scaled;
+    qint64 m_scaledBytes = 0;
+    quint64 m_renders = 0;
 };
 
 } // namespace tessaro::kit

@@ -145,7 +145,8 @@ QTransform Scene::sceneToViewTransform(const QSizeF& viewSize, qreal zoom) const
         sx *= zoom;
         sy *= zoom;
     }
-    const QPointF c = sceneFrame().center();
+    const NodePtr eye = camera();
+    const QPointF c = eye && eye->scene() == this ? eye->rootTransform().map(QPointF(0, 0)) : sceneFrame().center();
     return QTransform(sx, 0, 0, -sy, viewSize.width() / 2 - c.x() * sx, viewSize.height() / 2 + c.y() * sy);
 }
 

@@ -58,6 +58,13 @@ public:
     /// The view that shows the scene, or null.
     SceneView* view() const { return m_view; }
 
+    /// A node of this scene on whose position views centre, so that a game
+    /// scrolls without moving its world (and the bodies in it). Children of
+    /// the camera stay in place on the screen. Only the camera's position
+    /// counts. Null (the default) centres the scene's frame.
+    NodePtr camera() const { return m_camera.lock(); }
+    void setCamera(const NodePtr& node) { m_camera = node; }
+
     // --- the frame loop -------------------------------------------------------
     /// Runs one frame at `currentTime` seconds (see the file comment).
     void processFrame(double currentTime);
@@ -121,6 +128,7 @@ private:
     SceneView* m_view = nullptr;
     double m_lastTime = -1;
     std::weak_ptr<Node> m_mouseTarget;
+    std::weak_ptr<Node> m_camera;
     Qt::MouseButton m_mouseButton = Qt::NoButton;
 };
 

@@ -110,6 +110,9 @@ void SpriteNode::draw(DrawContext& ctx) const
     // The usual case maps the sprite to an upright rectangle of the target
     // (the scene's y flip cancels the image's): draw without a transform.
     const bool upright = t.m12() == 0 && t.m21() == 0 && t.m11() > 0 && t.m22() < 0;
+    // A sprite turned left to right (a negative x scale) is upright too,
+    // drawn from a mirrored copy of its picture.
+    const bool mirroredUpright = t.m12() == 0 && t.m21() == 0 && t.m11() < 0 && t.m22() < 0;
     if (!m_texture) {
         if (m_color.alpha() == 0)
             return;
@@ -139,14 +142,29 @@ void SpriteNode::draw(DrawContext& ctx) const
     const bool smooth = p.testRenderHint(QPainter::SmoothPixmapTransform);
     if (nearest && smooth)
         p.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    if (upright) {
+    if (upright || mirroredUpright) {
         if (!p.transform().isIdentity())
             p.resetTransform();
         const QRectF target = t.mapRect(local);
-        if (std::abs(target.width() - image.width()) < 1e-9 && std::abs(target.height() - image.height()) < 1e-9)
+        if (upright && std::abs(target.width() - image.width()) < 1e-9 &&
+            std::abs(target.height() - image.height()) < 1e-9) {
             p.drawImage(target.topLeft(), image); // one pixel per pixel: a plain blend
-        else
-            p.drawImage(target, image);
+        } else {
+            // Scaling a picture costs far more than blending one: the scaled
+            // picture is kept by the renderer. Edges are rounded to whole
+            // pixels from the sprite's own edges, so neighbours still meet.
+            const QPoint topLeft(qRound(target.left()), qRound(target.top()));
+            const QSize size(qRound(target.right()) - topLeft.x(), qRound(target.bottom()) - topLeft.y());
+            if (size.width() > 0 && size.height() > 0 && qint64(size.width()) * size.height() <= 16'000'000) {
+                QPoint offset;
+                const QImage& scaled =
+                    ctx.renderer.scaledImage(image, size, !nearest && smooth, mirroredUpright, offset);
+                p.drawImage(topLeft + offset, scaled);
+            } else if (upright)
+                p.drawImage(target, image);
+            else
+                p.drawImage(target, image.mirrored(true, false));
+        }
     } else {
         // Image rows run downwards; the node's y runs upwards.
         const QTransform imageToLocal(1, 0, 0, -1, local.left(), local.bottom());

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Drives stagewright-cli the way a build pipeline would: check, convert both
 # ways, round-trip through the canvas and render, and refuse broken files.
-#   cli-test.sh CLI GENERATOR SEED_WORKSPACE
+# Then runs the example game, tessaro-play, without a window.
+#   cli-test.sh CLI GENERATOR SEED_WORKSPACE PLAY
 set -euo pipefail
-cli=$1 generate=$2 seed=$3
+cli=$1 generate=$2 seed=$3 play=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 fail() { echo "FAILED: $*" >&2; exit 1; }
@@ -42,3 +43,30 @@ if "$cli" render "$work/workspace" "$work/workspace/Levels/Seeded.plist" --level
   fail "rendering a level that does not exist succeeded"
 fi
 echo "stagewright-cli: all checks passed"
+
+# tessaro-play: the sample project and a generated one run without a window
+# and report what they made and counted.
+sample="$seed/../sample/Levels/Sample.plist"
+report=$("$play" "$seed" "$sample" --headless --frames 600 --report --autopilot --screenshot "$work/play.png")
+for start in "sprites created: obstacles 11, characters 4, coins 13, shields 1, artifacts 1, checkpoints 1" \
+             "bodies: " "contacts begun: " "coins collected: " "player final position: " "frame time: min "; do
+  grep -q "^$start" <<<"$report" || fail "tessaro-play report lacks '$start': $report"
+done
+[ "$(grep -c . <<<"$report")" -eq 6 ] || fail "tessaro-play report is not six lines: $report"
+collected=$(sed -n 's/^coins collected: \([0-9]*\) of 13$/\1/p' <<<"$report")
+[ "${collected:-0}" -gt 0 ] || fail "the autopilot collected no coin: $report"
+x=$(sed -n 's/^player final position: \(-\{0,1\}[0-9]*\)\..*/\1/p' <<<"$report")
+[ "${x:-0}" -gt 1000 ] || fail "the player did not run along the level: $report"
+[ "$(head -c 4 "$work/play.png" | tail -c 3)" = "PNG" ] || fail "tessaro-play wrote no screenshot"
+
+report=$("$play" "$work/workspace" "$work/workspace/Levels/Seeded.plist" --headless --frames 120 --report)
+grep -q "^sprites created: obstacles [0-9]*, characters 0, coins 5, " <<<"$report" || fail "generated level: $report"
+grep -q "^player final position: none$" <<<"$report" || fail "a level without a friendly character has no player"
+
+# Unreadable input: exit 1 and the configuration error line.
+if out=$("$play" "$seed" "$work/missing.plist" --headless); then fail "tessaro-play ran a missing project"; fi
+grep -q "^Configuration error ($work/missing.plist): " <<<"$out" || fail "missing project line: $out"
+if out=$("$play" "$work/nowhere" "$sample" --headless); then fail "tessaro-play ran without a workspace"; fi
+grep -q "^Configuration error (ObjectList): " <<<"$out" || fail "missing workspace line: $out"
+if "$play" "$seed" "$sample" --level 5 --headless >/dev/null; then fail "tessaro-play ran a level that does not exist"; fi
+echo "tessaro-play: all checks passed"

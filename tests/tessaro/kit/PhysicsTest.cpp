@@ -246,6 +246,29 @@ TEST(Physics, BodiesFollowAndDriveTheirNodes)
     EXPECT_LT(box->position().y(), 200);
     EXPECT_GT(box->position().y(), 195);
 
+    // Moving a layer takes the bodies of the nodes in it along; they stay
+    // with their nodes once the layer rests, and so does the platform whose
+    // action has ended.
+    auto shelf = Node::create();
+    w.scene->addChild(shelf);
+    auto plank = SpriteNode::create(Qt::gray, {40, 10});
+    plank->setPosition(0, -100);
+    auto plankBody = PhysicsBody::bodyWithRectangleOfSize({40, 10});
+    plankBody->setDynamic(false);
+    plank->setPhysicsBody(plankBody);
+    shelf->addChild(plank);
+    w.run(0.1);
+    shelf->setPosition(-10, 0);
+    w.run(1.0 / 60);
+    shelf->setPosition(-300, 0);
+    w.run(1.0 / 60);
+    EXPECT_EQ(w.scene->physicsWorld().bodyAtPoint({-300, -100}), plankBody);
+    EXPECT_EQ(w.scene->physicsWorld().bodyAtPoint({0, -100}), nullptr);
+    w.run(0.5);
+    EXPECT_EQ(w.scene->physicsWorld().bodyAtPoint({-300, -100}), plankBody);
+    EXPECT_EQ(w.scene->physicsWorld().bodyAtPoint({100, 0}), pbody);
+    EXPECT_EQ(pbody->velocity(), QPointF());
+
     // In a moved layer, the node's position stays in the layer's space.
     auto layer = Node::create();
     layer->setPosition(100, 50);

@@ -208,6 +208,65 @@ TEST(Renderer, ScaleModesAndZoomPlaceTheScene)
     EXPECT_EQ(paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black), QRect(45, 95, 10, 5));
 }
 
+TEST(Renderer, ACameraCentresTheViewAndScaledPicturesStayTrue)
+{
+    auto scene = Scene::sceneWithSize({100, 100});
+    scene->setBackgroundColor(Qt::black);
+    scene->addChild(colored(Qt::white, {10, 10}, {300, 200}));
+    auto camera = Node::create();
+    camera->setPosition(305, 205);
+    camera->addChild(colored(Qt::red, {4, 4}, {-50, 46})); // a corner mark that stays on the screen
+    scene->addChild(camera);
+    scene->setCamera(camera);
+    Renderer renderer;
+    QImage seen = renderer.renderToImage(*scene, {100, 100});
+    EXPECT_EQ(seen.pixelColor(50, 50), QColor(Qt::white));
+    EXPECT_EQ(seen.pixelColor(44, 50), QColor(Qt::black));
+    EXPECT_EQ(seen.pixelColor(1, 1), QColor(Qt::red));
+    camera->setPosition(0, 0);
+    seen = renderer.renderToImage(*scene, {100, 100});
+    EXPECT_EQ(seen.pixelColor(50, 50), QColor(Qt::black));
+    EXPECT_EQ(seen.pixelColor(1, 1), QColor(Qt::red));
+    camera->setPosition(305, 205);
+    scene->setCamera(nullptr); // the scene's frame is in the middle again
+    EXPECT_EQ(renderer.renderToImage(*scene, {100, 100}).pixelColor(50, 50), QColor(Qt::black));
+
+    // A picture drawn at twice its size, from the kept copy the second time,
+    // its mirror image beside it, and a picture that paints only a corner
+    // of itself.
+    auto pictured = Scene::sceneWithSize({120, 40});
+    pictured->setAnchorPoint({0, 0});
+    pictured->setBackgroundColor(Qt::black);
+    const QImage pic = checker(20, 5, Qt::yellow, Qt::blue);
+    QImage wide = pic.scaled(40, 40, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+    auto upright = SpriteNode::create(Texture::fromImage(pic), {40, 40});
+    upright->texture()->setFilteringMode(Texture::Filtering::Nearest);
+    upright->setPosition(20, 20);
+    auto mirrored = SpriteNode::create(upright->texture(), {40, 40});
+    mirrored->setPosition(60, 20);
+    mirrored->setXScale(-1);
+    QImage corner(20, 20, QImage::Format_ARGB32);
+    corner.fill(Qt::transparent);
+    for (int y = 12; y < 16; ++y)
+        for (int x = 3; x < 9; ++x)
+            corner.setPixelColor(x, y, x % 2 ? QColor(Qt::red) : QColor(0, 255, 0, 128));
+    auto sparse = SpriteNode::create(Texture::fromImage(corner), {40, 40});
+    sparse->texture()->setFilteringMode(Texture::Filtering::Nearest);
+    sparse->setPosition(100, 20);
+    pictured->addChild(upright);
+    pictured->addChild(mirrored);
+    pictured->addChild(sparse);
+    Expected expected(120, 40, Qt::black);
+    expected.picture(0, 0, wide);
+    expected.picture(40, 0, wide, true);
+    expected.picture(80, 0, corner.scaled(40, 40, Qt::IgnoreAspectRatio, Qt::FastTransformation));
+    for (int pass = 0; pass < 2; ++pass) {
+        QPoint where;
+        EXPECT_EQ(worstDifference(renderer.renderToImage(*pictured, {120, 40}), expected.image, &where), 0)
+            << "pass " << pass << " at " << where.x() << "," << where.y();
+    }
+}
+
 TEST(Renderer, BlurredGlowSpreadsRedAroundTheSprite)
 {
     auto scene = Scene::sceneWithSize({200, 200});

@@ -1,0 +1,249 @@
+#include "PlayRules.h"
+
+#include <tessaro/kit/LabelNode.h>
+#include <tessaro/kit/Scene.h>
+#include <tessaro/kit/SceneView.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace play {
+
+using namespace tessaro;
+using kit::Action;
+
+namespace {
+
+/// What hurts the player when it touches it.
+constexpr std::uint32_t kHarmful = collisionBit(collisionTypes::objectCausesDeath) |
+    collisionBit(collisionTypes::objectCausesDamageAllSides) |
+    collisionBit(collisionTypes::objectCausesDamageAllSidesIgnoreCollision) |
+    collisionBit(collisionTypes::projectileThrown);
+
+/// How far below the view the player may fall before it is lost.
+constexpr double kFallLimit = 200;
+
+bool alive(const kit::NodePtr& node)
+{
+    return node && node->parent();
+}
+
+} // namespace
+
+PlayRules::PlayRules(const Level& level, AppSharedSceneBase& scene) : m_level(level), m_scene(scene)
+{
+    m_world = kit::Node::create();
+    m_world->setName(QStringLiteral("world"));
+    m_scene.addChild(m_world);
+    m_camera = kit::Node::create();
+    m_camera->setName(QStringLiteral("camera"));
+    m_scene.addChild(m_camera);
+    m_scene.setCamera(m_camera);
+
+    m_scenery = layScenery(m_level, m_scene, *m_world, *m_camera);
+    m_cast = castLevel(m_level, m_scene, *m_world);
+    m_stats.made = m_cast.made;
+    m_stats.made["ground"] = m_scenery.groundSprites;
+    m_stats.made["backgrounds"] = m_scenery.backgroundSprites;
+    if (m_cast.player) {
+        m_player = std::make_unique<Player>(m_cast.player, m_scene);
+        m_respawnAt = m_player->position();
+    }
+
+    m_hud = kit::LabelNode::labelNodeWithText({});
+    m_hud->setFontSize(20);
+    m_hud->setHorizontalAlignmentMode(kit::LabelHorizontalAlignment::Left);
+    m_hud->setVerticalAlignmentMode(kit::LabelVerticalAlignment::Top);
+    m_hud->setZPosition(900);
+    m_camera->addChild(m_hud);
+
+    m_scene.setCustomDelegate(this);
+    m_scene.setContactDelegate(this);
+    followWithCamera();
+    refreshHud();
+}
+
+PlayRules::~PlayRules()
+{
+    m_scene.setCustomDelegate(nullptr);
+    m_scene.setContactDelegate(nullptr);
+}
+
+std::optional<QPointF> PlayRules::playerPosition() const
+{
+    if (!m_player)
+        return std::nullopt;
+    return m_player->position();
+}
+
+void PlayRules::update(double currentTime)
+{
+    m_now = currentTime;
+    if (m_startTime < 0)
+        m_startTime = currentTime;
+    if (m_finished)
+        return;
+    if (m_player) {
+        if (m_autopilot)
+            flyAutopilot();
+        m_player->steer(m_controls);
+    }
+    const double referenceX = m_player ? m_player->position().x() : 0;
+    for (const auto& enemy : m_cast.enemies)
+        if (alive(enemy))
+            enemy->update();
+    for (const auto& other : m_cast.friends)
+        if (alive(other))
+            other->update();
+    for (const auto& obstacle : m_cast.obstacles)
+        obstacle->update(referenceX);
+    std::erase_if(m_cast.enemies, [](const auto& enemy) { return !alive(enemy); });
+    if (!m_player)
+        return;
+    meetEnemies(currentTime);
+    if (m_player->position().y() < m_scene.sceneFrame().top() - kFallLimit)
+        loseLife();
+    if (m_scenery.levelEndX > m_scene.sceneFrame().left() && m_player->position().x() >= m_scenery.levelEndX)
+        finish();
+}
+
+void PlayRules::flyAutopilot()
+{
+    // Run right; jump when held up for a moment, and now and then anyway,
+    // which clears gaps and small enemies.
+    const double x = m_player->position().x();
+    m_stuckFrames = std::abs(x - m_lastX) < 1.0 ? m_stuckFrames + 1 : 0;
+    m_lastX = x;
+    ++m_framesSinceJump;
+    const bool jump = m_stuckFrames > 8 || m_framesSinceJump > 70;
+    if (jump && m_player->onGround())
+        m_framesSinceJump = 0;
+    m_controls = Controls{false, true, jump};
+}
+
+void PlayRules::meetEnemies(double now)
+{
+    const QRectF me = m_player->sprite()->frame();
+    for (const auto& enemy : m_cast.enemies) {
+        if (enemy->executeState() == enemyStateType::Die || !me.intersects(enemy->frame()))
+            continue;
+        // Landing on an enemy defeats it; any other touch hurts.
+        const bool stomp = m_player->velocity().y() < 0 && m_player->position().y() > enemy->position().y();
+        if (stomp) {
+            enemy->setExecuteState(enemyStateType::Die);
+            ++m_stats.enemiesDefeated;
+            m_player->bounce();
+        } else if (m_player->hurt(now,
+                                  enemy->position().x() < m_player->position().x() ? pathDirection::left
+                                                                                   : pathDirection::right)) {
+            loseLife();
+        }
+    }
+}
+
+void PlayRules::didBegin(const kit::PhysicsContact& contact)
+{
+    ++m_stats.contactsBegun;
+    if (!m_player || m_finished)
+        return;
+    kit::Node* a = contact.bodyA() ? contact.bodyA()->node() : nullptr;
+    kit::Node* b = contact.bodyB() ? contact.bodyB()->node() : nullptr;
+    kit::Node* me = m_player->sprite().get();
+    if (a != me && b != me)
+        return;
+    kit::Node* other = a == me ? b : a;
+    if (!other)
+        return;
+    if (other->userData().contains(kCollectibleKey)) {
+        collect(*other);
+        return;
+    }
+    const kit::PhysicsBody* body = other->physicsBody();
+    if (body && (body->categoryBitMask() & kHarmful)) {
+        const pathDirection side =
+            other->position().x() < m_player->position().x() ? pathDirection::left : pathDirection::right;
+        if (body->categoryBitMask() & collisionBit(collisionTypes::projectileThrown))
+            other->removeFromParent();
+        if (m_player->hurt(m_now, side))
+            loseLife();
+    }
+}
+
+void PlayRules::collect(kit::Node& item)
+{
+    const QString kind = item.userData().take(kCollectibleKey).toString();
+    if (kind == QLatin1String("coin"))
+        ++m_stats.coinsCollected;
+    else if (kind == QLatin1String("artifact"))
+        ++m_stats.artifactsCollected;
+    else if (kind == QLatin1String("checkpoint"))
+        m_respawnAt = item.position() + QPointF(0, m_player->sprite()->size().height());
+    if (kind == QLatin1String("checkpoint")) {
+        item.runAction(Action::sequence({Action::scaleTo(1.2, 0.1), Action::scaleTo(1.0, 0.1)}));
+    } else {
+        item.setPhysicsBody(nullptr);
+        item.runAction(Action::sequence({Action::group({Action::fadeOutWithDuration(0.2), Action::moveBy(0, 24, 0.2)}),
+                                         Action::removeFromParent()}));
+    }
+    refreshHud();
+}
+
+void PlayRules::loseLife()
+{
+    ++m_stats.livesLost;
+    m_player->respawn(m_respawnAt);
+    refreshHud();
+}
+
+void PlayRules::finish()
+{
+    m_finished = true;
+    m_scene.physicsWorld().setSpeed(0);
+    m_world->setPaused(true);
+    Tally tally;
+    tally.coins = m_stats.coinsCollected;
+    tally.coinsInLevel = m_stats.made["coins"];
+    tally.artifacts = m_stats.artifactsCollected;
+    tally.seconds = m_now - m_startTime;
+    m_camera->addChild(makeLevelEndWindow(m_level, tally, m_scene));
+}
+
+void PlayRules::didFinishUpdate()
+{
+    followWithCamera();
+    if (m_player)
+        refreshHud();
+}
+
+QSizeF PlayRules::visibleSize() const
+{
+    // A window of another shape than the level shows less (or more) of it.
+    if (const kit::SceneView* view = m_scene.view())
+        return m_scene.visibleRect(view->size()).size();
+    return m_scene.size();
+}
+
+void PlayRules::followWithCamera()
+{
+    // The view follows the player across the level, never showing what lies
+    // left of its start or right of its end.
+    const QRectF frame = m_scene.sceneFrame();
+    const QSizeF visible = visibleSize();
+    const double lowest = frame.left() + visible.width() / 2;
+    const double highest = std::max(lowest, m_scenery.levelEndX - visible.width() / 2);
+    const double x = m_player ? std::clamp(m_player->position().x(), lowest, highest) : lowest;
+    m_camera->setPosition(x, frame.center().y());
+    scrollLayers(m_scenery, x - frame.center().x(), frame.width());
+    m_hud->setPosition(-visible.width() / 2 + 16, visible.height() / 2 - 12);
+}
+
+void PlayRules::refreshHud()
+{
+    QString text = QStringLiteral("Coins %1/%2").arg(m_stats.coinsCollected).arg(m_stats.made["coins"]);
+    if (m_player)
+        text += QStringLiteral("   Hits %1").arg(std::max(0, m_player->sprite()->hitsRemaining()));
+    if (text != m_hud->text())
+        m_hud->setText(text);
+}
+
+} // namespace play
