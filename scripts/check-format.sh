@@ -10,7 +10,7 @@ if [ "${1:-}" = "--fix" ]; then
   exit 0
 fi
 if ! clang-format --dry-run -Werror "${files[@]}" 2>/tmp/format-check.$$; then
-  grep -o '^[^:]*' /tmp/format-check.$$ | sort -u | sed 's/^/not formatted: /'
+  grep -oE '^[^ :]+\.(cpp|h):[0-9]+:' /tmp/format-check.$$ | cut -d: -f1 | sort -u | sed 's/^/not formatted: /'
   rm -f /tmp/format-check.$$
   echo "Run scripts/check-format.sh --fix"
   exit 1

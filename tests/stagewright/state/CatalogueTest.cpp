@@ -24,8 +24,8 @@ QString workspaceWithObstacle(const ScratchHome& home, const QString& folder, co
     obstacle.id = tessaro::Uuid::create();
     obstacle.elementName = name;
     tessaro::obstacleCatalogue() = {obstacle};
-    EXPECT_TRUE(tessaro::saveConfig("ObstacleList", "plist", assetsFolder(path).toStdString(),
-                                    tessaro::configType::obstacles));
+    EXPECT_TRUE(
+        tessaro::saveConfig("ObstacleList", "plist", assetsFolder(path).toStdString(), tessaro::configType::obstacles));
     return path;
 }
 
@@ -58,8 +58,8 @@ TEST_F(StateFixture, CataloguesFollowTheWorkspaceAndAreSavedOnlyIntoTheirOwn)
     tessaro::obstacleCatalogue().front().elementName = "Log, edited";
     ASSERT_TRUE(settings->catalogues().save(tessaro::configType::obstacles));
     EXPECT_EQ(fileBytes(assetsFolder(a) + QStringLiteral("ObstacleList.plist")), aBefore);
-    const auto savedB = tessaro::loadConfig<tessaro::configType::obstacles>(assetsFolder(b).toStdString(),
-                                                                            "ObstacleList", "plist");
+    const auto savedB =
+        tessaro::loadConfig<tessaro::configType::obstacles>(assetsFolder(b).toStdString(), "ObstacleList", "plist");
     ASSERT_EQ(savedB.size(), 1u);
     EXPECT_EQ(savedB.front().elementName, "Log, edited");
 
