@@ -213,6 +213,11 @@ void Node::willLeaveScene(Scene&) {}
 
 bool nodeNameMatches(const QString& pattern, const QString& name)
 {
+    // The common searches, every node and one name, need no glob.
+    if (pattern.size() == 1 && pattern[0] == QLatin1Char('*'))
+        return true;
+    if (!pattern.contains(QLatin1Char('*')) && !pattern.contains(QLatin1Char('[')))
+        return pattern == name;
     // Iterative glob with backtracking on the last "*".
     int p = 0, n = 0, starP = -1, starN = 0;
     const int plen = pattern.size(), nlen = name.size();
@@ -330,7 +335,15 @@ std::vector<NodePtr> Node::nodesWithName(const QString& search) const
                 }
             }
         }
-        // A node reached along two routes counts once, at its first place.
+        // A node reached along two routes counts once, at its first place;
+        // from one node there is only one route to each.
+        if (current.size() == 1) {
+            current.swap(next);
+            recursive = false;
+            if (current.empty())
+                break;
+            continue;
+        }
         std::unordered_set<const Node*> seen;
         std::vector<const Node*> unique;
         unique.reserve(next.size());

@@ -234,6 +234,7 @@ void PhysicsWorld::attach(PhysicsBody& body)
     body.m_written = true;
     m_bodies.push_back(&body);
     m_dynamicStale = true;
+    m_unpairedProxies = true;
     updatePin(body);
 }
 
@@ -263,8 +264,10 @@ void PhysicsWorld::detach(PhysicsBody& body)
         m_world->DestroyJoint(body.m_pin);
         body.m_pin = nullptr;
     }
-    if (body.m_body)
+    if (body.m_body) {
+        pairNewProxies();
         m_world->DestroyBody(body.m_body); // reports the end of its contacts
+    }
     body.m_body = nullptr;
     body.m_world = nullptr;
     std::erase_if(m_pairs,
@@ -276,6 +279,19 @@ void PhysicsWorld::detach(PhysicsBody& body)
         body.m_following = false;
     }
     body.m_nodeMoved = false;
+}
+
+void PhysicsWorld::pairNewProxies()
+{
+    if (!m_unpairedProxies)
+        return;
+    // The engine keeps every new proxy in a list until the next step pairs it,
+    // and each destroyed proxy is searched for in that list. A world that is
+    // edited but never stepped (the editor's canvas) would search thousands of
+    // entries per removed body; pairing empties the list. The contact manager
+    // is a plain member of the world, so writing through it is sound.
+    const_cast<b2ContactManager&>(m_world->GetContactManager()).FindNewContacts();
+    m_unpairedProxies = false;
 }
 
 void PhysicsWorld::updatePin(PhysicsBody& body)
@@ -553,6 +569,7 @@ void PhysicsWorld::simulate(double dt)
             m_world->Step(h, m_velocityIterations, m_positionIterations);
         writeBodiesToNodes();
     }
+    m_unpairedProxies = false; // a step pairs them
     deliverContacts();
 }
 
