@@ -5,6 +5,8 @@
 // record and the device list, so that writing back needs nothing else.
 #pragma once
 
+#include <stagewright/state/ElementRecords.h>
+
 #include <tessaro/kit/ShapeNode.h>
 #include <tessaro/kit/SpriteNode.h>
 #include <tessaro/model/ElementRecords.h>
@@ -25,21 +27,23 @@ namespace stagewright {
 class sceneEditor;
 
 /// The catalogue record an element shows where its level item says nothing.
-using catalogueRecord = std::variant<tessaro::Obstacle, tessaro::Character, tessaro::GenericObject>;
-
-/// An item of a level as it was read, for what the scene keeps but does not own.
-using levelItemRecord = std::variant<tessaro::ObstacleLevelItem, tessaro::CharacterLevelItem,
-                                     tessaro::CheckPointLocation, tessaro::Coin, tessaro::Shield, tessaro::Artifact>;
+using catalogueRecord = defaultViewRecord;
 
 /// Which edge of its element a size handle drags.
 enum class SizerType { top, right };
 
 /// The size handle of an element ("nodeSizer"): a black 10 by 10 square whose
-/// lower left corner stands at the middle of the element's top edge.
+/// lower left corner stands at the middle of the element's top edge. Dragging
+/// it up or down resizes the element, keeping its aspect ratio; the new size
+/// is stored when the drag ends.
 class shapeNode : public tessaro::kit::ShapeNode {
 public:
     explicit shapeNode(SizerType type = SizerType::top);
     static std::shared_ptr<shapeNode> create(double elementHeight);
+
+    void mouseDown(const tessaro::kit::MouseEvent& event) override;
+    void mouseDragged(const tessaro::kit::MouseEvent& event) override;
+    void mouseUp(const tessaro::kit::MouseEvent& event) override;
 
     bool isSelected = false;
     std::optional<SizerType> sizeType;
@@ -103,6 +107,9 @@ public:
     /// The element cannot be shown (its catalogue entry is missing): the node
     /// is hidden, has no picture, and a save writes `loadedItem` back as read.
     bool keptOnly = false;
+    /// The element's identity for the session (0 for repeated copies and
+    /// nodes outside a tab).
+    elementHandle handle = 0;
 
     // ---- Operations -------------------------------------------------------------------
 
@@ -125,6 +132,12 @@ public:
     void placeFromDevices();
     /// The `elementName` of the catalogue record, empty when there is none.
     std::string catalogueElementName() const;
+
+    /// The element's records and look, without the node.
+    ElementRecords records() const;
+    /// Makes the node the element `element` describes: records, picture,
+    /// size, depth, body, handle, glow, guide and stack, then its place.
+    void restoreRecords(const ElementRecords& element);
 
     /// The red blurred copy of the picture behind the node ("glow").
     void addGlow();

@@ -77,6 +77,7 @@ void sceneEditor::layoutGround(const std::vector<tessaro::GroundSection>& sectio
     m_levelEndX = 0;
     for (const tessaro::GroundSection& section : sections)
         layoutSection(section, cursor);
+    assignHandles(tessaro::sceneObjectType::ground);
     emit groundLaidOut();
 }
 
@@ -114,7 +115,8 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
     if (type != groundBaseType::Ground) {
         const double distance =
             drawablePosition(tessaro::sizeFromText(section.distance.value_or(std::string())).width, "ground distance");
-        // Laying a section changes nothing of the project.
+        // Laying a section changes nothing of the project: whether it is
+        // dirty is its history's business.
         const double y = frame.top();
         ComposedTexture picture{textureOf(ComposedPicture{}), QSizeF(0, 0)};
         if (distance > 0) {

@@ -13,6 +13,7 @@
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/ValueText.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace stagewright {
@@ -245,36 +246,57 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
                          collisionBit(collisionTypes::floor), useGravity, isDynamic};
     finishPlacing(node, m_obstacleNodes, body);
 
+    addRepeatedCopies(node);
+    return node;
+}
+
+void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
+{
     // The copies of a repeated obstacle exist only on the canvas: a row of
     // `repeatCount` pictures, each a full width (plus a random step) after the
     // one before.
-    if (over && over->repeatCount && *over->repeatCount >= 2) {
-        const std::int64_t copies = std::min<std::int64_t>(*over->repeatCount, 1000) - 1;
-        const tessaro::PointValue start = tessaro::deviceValue<tessaro::fieldList::position>(over->devices);
-        double x = start.x;
-        double baseY = start.y;
-        for (std::int64_t i = 0; i < copies; ++i) {
-            if (useGravity)
-                baseY = groundHeight(x);
-            const tessaro::PointValue random =
-                tessaro::deviceValue<tessaro::fieldList::randomPositionRange>(over->devices);
-            x = x + node->size().width() + random.x;
-            const double y = baseY + random.y + node->size().height() / 2;
-            auto copy = elementNode::create(
-                SceneImageCache::shared().picture(sceneObjectType::obstacles, firstImageName(image)).texture,
-                node->size());
-            copy->setSize(node->size());
-            copy->setZPosition(item.zPosition);
-            copy->property_sceneObjectType = sceneObjectType::obstacles;
-            copy->repeatedNode = true;
-            copy->repeatParentNode = node->name();
-            copy->defaultViewProperties = entry;
-            m_obstacleNodes->addChild(copy);
-            copy->setPosition(quietly(x, y));
-        }
-        node->placeFromDevices();
+    if (!m_obstacleNodes)
+        return;
+    // The copies stand right after their obstacle; a new obstacle is the last child.
+    const auto& siblings = m_obstacleNodes->children();
+    const auto at = !siblings.empty() && siblings.back() == owner ? siblings.end() - 1
+                                                                  : std::find(siblings.begin(), siblings.end(), owner);
+    if (at == siblings.end())
+        return;
+    int index = int(at - siblings.begin()) + 1;
+    std::vector<tessaro::kit::NodePtr> old;
+    for (auto next = at + 1; next != siblings.end(); ++next) {
+        const auto* copy = dynamic_cast<const elementNode*>(next->get());
+        if (!copy || !copy->repeatedNode || copy->repeatParentNode != owner->name())
+            break;
+        old.push_back(*next);
     }
-    return node;
+    m_obstacleNodes->removeChildrenInArray(old);
+    const std::optional<tessaro::Obstacle>& over = owner->obstacleOverrides;
+    if (!over || !over->repeatCount || *over->repeatCount < 2)
+        return;
+    const std::int64_t copies = std::min<std::int64_t>(*over->repeatCount, 1000) - 1;
+    const tessaro::PointValue start = tessaro::deviceValue<tessaro::fieldList::position>(owner->devices);
+    double x = start.x;
+    double baseY = start.y;
+    for (std::int64_t i = 0; i < copies; ++i) {
+        if (owner->property_useGravity)
+            baseY = groundHeight(x);
+        const tessaro::PointValue random =
+            tessaro::deviceValue<tessaro::fieldList::randomPositionRange>(owner->devices);
+        x = x + owner->size().width() + random.x;
+        const double y = baseY + random.y + owner->size().height() / 2;
+        auto copy = elementNode::create(owner->texture(), owner->size());
+        copy->setSize(owner->size());
+        copy->setZPosition(owner->zPosition());
+        copy->property_sceneObjectType = sceneObjectType::obstacles;
+        copy->repeatedNode = true;
+        copy->repeatParentNode = owner->name();
+        copy->defaultViewProperties = owner->defaultViewProperties;
+        m_obstacleNodes->insertChild(copy, index++);
+        copy->setPosition(quietly(x, y));
+    }
+    owner->placeFromDevices();
 }
 
 // ---- Characters -------------------------------------------------------------------------------
@@ -559,6 +581,8 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
     default: break;
     }
     finishPlacing(node, layer, BodyMasks{category, contact, collision, useGravity, isDynamic});
+    if (m_tab)
+        node->handle = m_tab->elementHandles().issue();
 
     if (kind == sceneObjectType::ground && m_tab) {
         const std::size_t index = m_groundNodes->children().size() - 1;

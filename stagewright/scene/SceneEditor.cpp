@@ -256,6 +256,10 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
         for (const tessaro::Shield& shield : *level.shields->shields)
             placeShield(shield, level.shields->image.value_or(std::string()));
 
+    for (tessaro::sceneObjectType kind : {tessaro::sceneObjectType::obstacles, tessaro::sceneObjectType::character,
+                                          tessaro::sceneObjectType::checkpoint, tessaro::sceneObjectType::coin,
+                                          tessaro::sceneObjectType::artifact, tessaro::sceneObjectType::shield})
+        assignHandles(kind);
     if (m_tab)
         setBackgroundsHidden(m_tab->backgroundElementsHidden());
 }
@@ -363,12 +367,6 @@ void sceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
     other->showSnapMarker();
 }
 
-void sceneEditor::mouseDown(const tessaro::kit::MouseEvent&)
-{
-    deselect();
-    clearGlow();
-}
-
 // ---- Scrolling and selection hooks ----------------------------------------------------------------
 
 void sceneEditor::moveScene(publishedElementList selector, std::optional<tessaro::PointValue> value)
@@ -392,13 +390,20 @@ tessaro::PointValue sceneEditor::scrollPosition() const
     return {-m_navigationNodes->position().x(), -m_navigationNodes->position().y()};
 }
 
+std::array<NodePtr, 9> sceneEditor::elementLayers() const
+{
+    return {m_backgroundNodes, m_pinnedBackgroundNodes, m_obstacleNodes,   m_characterNodes, m_groundNodes,
+            m_coinNodes,       m_artifactNodes,         m_checkpointNodes, m_shieldsNodes};
+}
+
 void sceneEditor::clearGlow(const elementNode* keep)
 {
-    enumerateChildNodesWithName(QStringLiteral("//*"), [keep](const NodePtr& node, bool&) {
-        auto* element = dynamic_cast<elementNode*>(node.get());
-        if (element && element != keep)
-            element->removeGlow();
-    });
+    // Only elements that can be selected glow, and they stand in the layers.
+    for (const NodePtr& layer : elementLayers())
+        if (layer)
+            for (const NodePtr& node : layer->children())
+                if (auto* element = dynamic_cast<elementNode*>(node.get()); element && element != keep)
+                    element->removeGlow();
 }
 
 elementNodePtr sceneEditor::elementNamed(const QString& name) const
@@ -406,6 +411,14 @@ elementNodePtr sceneEditor::elementNamed(const QString& name) const
     elementNodePtr found;
     if (name.isEmpty())
         return found;
+    // Elements stand in the layers; a search of the whole tree is the
+    // fall-back for a node placed deeper.
+    for (const NodePtr& layer : elementLayers())
+        if (layer)
+            for (const NodePtr& node : layer->children())
+                if (node->name() == name)
+                    if (auto element = std::dynamic_pointer_cast<elementNode>(node))
+                        return element;
     enumerateChildNodesWithName(QStringLiteral("//*"), [&](const NodePtr& node, bool& stop) {
         if (node->name() == name) {
             if (auto element = std::dynamic_pointer_cast<elementNode>(node)) {
@@ -443,6 +456,16 @@ void sceneEditor::setSelectionPublisher(SelectionPublisher publisher)
 
 void sceneEditor::publishSelection(elementNode& node)
 {
+    // Selecting the selected element again changes nothing, so that edits in
+    // progress survive.
+    if (m_tab && m_tab->elementPhase() == selectionPhase::Selected &&
+        m_tab->selectedObject().name == node.name().toStdString())
+        return;
+    if (!node.hasGlow()) {
+        if (node.parent() && node.parent()->parent() == this)
+            clearGlow();
+        node.addGlow();
+    }
     if (const SelectionPublisher& publisher = selectionPublisher()) {
         publisher(*this, node);
         return;

@@ -14,8 +14,11 @@
 // the level record from them.
 #pragma once
 
+#include "CanvasEditRoute.h"
+#include "ElementDrag.h"
 #include "ElementNode.h"
 #include "NavigationControls.h"
+#include "ObjectMenu.h"
 
 #include <stagewright/state/LevelScene.h>
 #include <stagewright/state/ProjectTab.h>
@@ -29,6 +32,7 @@
 #include <QPointer>
 #include <QRectF>
 
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -86,6 +90,8 @@ public:
     tessaro::kit::NodePtr layerFor(tessaro::sceneObjectType kind) const;
     /// The element nodes of a layer, in child order.
     static std::vector<elementNodePtr> elementsOf(const tessaro::kit::NodePtr& layer);
+    /// The layers that hold elements, backgrounds first.
+    std::array<tessaro::kit::NodePtr, 9> elementLayers() const;
 
     // ---- Layout state ---------------------------------------------------------------------
     /// The working copy of the level's backgrounds; every image has an id once
@@ -143,13 +149,7 @@ public:
 
     // ---- Placement --------------------------------------------------------------------------
     /// The collision masks and flags of an element's body.
-    struct BodyMasks {
-        std::uint32_t category = 0;
-        std::uint32_t contact = 0;
-        std::uint32_t collision = 0;
-        bool affectedByGravity = false;
-        bool isDynamic = false;
-    };
+    using BodyMasks = elementBodyMasks;
     elementNodePtr placeObstacle(const tessaro::ObstacleLevelItem& item);
     elementNodePtr placeCharacter(const tessaro::CharacterLevelItem& item);
     elementNodePtr placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image);
@@ -160,6 +160,9 @@ public:
     /// edge of the part of the level in view; the picker's call. Null when the
     /// catalogue has no such element (a diagnostic line says so).
     elementNodePtr addElement(tessaro::sceneObjectType kind, const std::string& elementName);
+    /// Lays the repeated copies of an obstacle whose override asks for a row
+    /// right after it in its layer, in place of the copies it had.
+    void addRepeatedCopies(const elementNodePtr& owner);
     /// `repeatDistance` of the coins of the tab's selected level, (0,0) when absent.
     tessaro::PointValue coinRepeatDistance() const;
 
@@ -200,12 +203,76 @@ public:
     /// The node with this name anywhere in the scene, or null.
     elementNodePtr elementNamed(const QString& name) const;
 
+    // ---- Selection by click and from lists (Selection.cpp) -------------------------------------
+    /// Publishes `node` as the selection; nothing happens without a node.
+    void selectNode(const elementNodePtr& node);
+    /// Selects from a list entry "kind:id", where id is a node's name, or a
+    /// background record's id for kind `background`, and scrolls the node
+    /// into view when it is out of view.
+    void selectNodeNamed(const QString& text);
+    /// Selects the node of an "Object Menu" entry.
+    void handleMenuItem(const NodeMenuItem& item);
+    /// The "Object Menu" offering `elements`, in their order.
+    static NodeMenu objectMenu(const std::vector<elementNodePtr>& elements);
+    /// How the "Object Menu" is shown; without a presenter it picks nothing.
+    static void setMenuPresenter(MenuPresenter presenter);
+    /// What a click on `node` selects: the owner of a repeated copy, else the node.
+    elementNodePtr clickTarget(const elementNodePtr& node) const;
+
+    // ---- Element identities (ElementIdentity.cpp) ------------------------------------------------
+    /// The element with that handle, or null.
+    elementNodePtr elementWithHandle(elementHandle handle) const;
+    /// The element nodes of a kind in the order the level stores them.
+    std::vector<elementNodePtr> storedOrder(tessaro::sceneObjectType kind) const;
+    /// Gives the elements of a kind without a handle the handles their places
+    /// in the level had when it was last written back.
+    void assignHandles(tessaro::sceneObjectType kind);
+
+    // ---- Clipboard and deleting (Clipboard.cpp) -------------------------------------------------
+    /// An element and its place: what it is and where it stands in its layer.
+    struct ElementInPlace {
+        ElementRecords records;
+        elementHandle handle = 0;
+        std::size_t layerIndex = 0;
+    };
+    /// Takes the selected element out of the scene. The selection is
+    /// cleared. None when nothing is selected.
+    std::optional<ElementInPlace> deleteSelectedNode();
+    /// Takes the element with that handle out of the scene.
+    std::optional<ElementInPlace> removeElement(elementHandle handle);
+    /// Empties a node and detaches it, with the repeated copies it owns.
+    void removeNode(elementNode& node);
+    /// Adds a copy of `copy` to the layer of its kind, beside the copied
+    /// element or at `location`. Backgrounds are not pasted: null.
+    elementNodePtr pasteNode(const ElementRecords& copy, std::optional<tessaro::PointValue> location,
+                             elementHandle handle);
+    /// Puts an element back at `layerIndex` of the layer of its kind, as
+    /// `element` describes it.
+    elementNodePtr placeElement(const ElementRecords& element, std::size_t layerIndex, elementHandle handle);
+
+    // ---- Moving and resizing (Dragging.cpp) ------------------------------------------------------
+    /// Where the canvas sends the moves and sizes it makes; without a route
+    /// they show until the next load and are not stored.
+    static void setEditRoute(std::shared_ptr<CanvasEditRoute> route);
+    static CanvasEditRoute* editRoute();
+    /// Moves the selected element by (dx, dy) points through the edit route.
+    void nudgeSelection(double dx, double dy);
+    /// The position the element's entry for the default device stores, (0,0)
+    /// when it has none.
+    static tessaro::PointValue storedPosition(const elementNode& node);
+    /// The press in progress on an element, if any.
+    const std::optional<ElementDrag>& drag() const { return m_drag; }
+
     // ---- Platform entry points ----------------------------------------------------------------
     void update(double currentTime) override;
     void didMoveToView(tessaro::kit::SceneView* view) override;
     void didBeginContact(const tessaro::kit::PhysicsContact& contact) override;
-    /// Canvas clicks belong to selection; until it is installed they only deselect.
+    /// A click selects (Selection.cpp); a drag moves the selected element
+    /// and the arrow keys nudge it (Dragging.cpp).
     void mouseDown(const tessaro::kit::MouseEvent& event) override;
+    void mouseDragged(const tessaro::kit::MouseEvent& event) override;
+    void mouseUp(const tessaro::kit::MouseEvent& event) override;
+    void keyDown(const tessaro::kit::KeyEvent& event) override;
 
 signals:
     void sceneSettingsChanged();
@@ -235,6 +302,8 @@ private:
     /// values.
     void finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
                        const std::optional<BodyMasks>& body);
+    /// Remembers the handles of the elements in the order `levelId` stores them.
+    void rememberHandles(const tessaro::Uuid& levelId);
     /// The catalogue records of this load, copied once per name.
     std::shared_ptr<const catalogueRecord> catalogueEntry(tessaro::sceneObjectType kind, const std::string& name,
                                                           std::optional<tessaro::sceneObjectType> objectType);
@@ -276,6 +345,7 @@ private:
     std::map<std::pair<int, std::string>, std::shared_ptr<const catalogueRecord>> m_catalogueEntries;
     /// Missing catalogue entries already reported, by kind and name.
     std::set<std::pair<int, std::string>> m_reportedMissing;
+    std::optional<ElementDrag> m_drag;
 };
 
 using sceneEditorPtr = std::shared_ptr<sceneEditor>;

@@ -101,6 +101,7 @@ void sceneEditor::writeBack(const tessaro::Uuid& levelId)
     level->shields = std::move(shields);
     level->coins = std::move(coins);
     level->checkpoints = std::move(checkpoints);
+    rememberHandles(levelId);
     if (m_tab)
         m_tab->notifyLevelConfigChanged();
 }
@@ -145,7 +146,10 @@ std::vector<tessaro::GroundSection> sceneEditor::collectGround() const
     sections.reserve(nodes.size());
     for (const elementNodePtr& node : nodes) {
         tessaro::GroundSection section = node->groundSection.value_or(tessaro::GroundSection{});
-        section.id = tessaro::Uuid::create();
+        // A section keeps its id from save to save, so an unchanged level
+        // saves as it was; only a section without one gets one.
+        if (!section.id)
+            section.id = tessaro::Uuid::create();
         section.devices = node->devices;
         sections.push_back(std::move(section));
     }

@@ -2,6 +2,7 @@
 
 #include "PlayLevel.h"
 
+#include <stagewright/inspector/EditRouting.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -51,11 +52,21 @@ Commands::Commands(SceneSettings& settings, ShellDialogs& dialogs, WindowDirecto
       m_urlOpener([](const QUrl& url) { return QDesktopServices::openUrl(url); })
 {
     connect(&m_settings, &SceneSettings::selectedProjectTabChanged, this, &Commands::watchFrontTab);
+    connect(&m_settings, &SceneSettings::projectTabsChanged, this, &Commands::followTabs);
     connect(&m_settings, &SceneSettings::projectTabsChanged, this, &Commands::stateChanged);
-    connect(&m_settings, &SceneSettings::objectToCopyChanged, this, &Commands::stateChanged);
+    connect(&m_settings.clipboard(), &ElementClipboard::objectToCopyChanged, this, &Commands::stateChanged);
     connect(&m_settings, &SceneSettings::recentDocumentItemsListChanged, this, &Commands::stateChanged);
     connect(&m_settings, &SceneSettings::workingSpacePathChanged, this, &Commands::stateChanged);
+    followTabs();
     watchFrontTab();
+}
+
+void Commands::followTabs()
+{
+    // A closed tab's history leaves the group with it.
+    for (const auto& tab : m_settings.projectTabs())
+        if (!m_undoGroup.stacks().contains(&tab->undoStack()))
+            m_undoGroup.addStack(&tab->undoStack());
 }
 
 void Commands::watchFrontTab()
@@ -63,6 +74,8 @@ void Commands::watchFrontTab()
     if (m_watched)
         disconnect(m_watched, nullptr, this, nullptr);
     m_watched = m_settings.selectedProjectTab().get();
+    followTabs();
+    m_undoGroup.setActiveStack(m_watched ? &m_watched->undoStack() : nullptr);
     if (m_watched) {
         for (auto signal : {&projectTab::nameChanged, &projectTab::filePathChanged, &projectTab::elementPhaseChanged,
                             &projectTab::isProjectDirtyChanged, &projectTab::scaledValueChanged,
@@ -389,6 +402,32 @@ bool Commands::openWorkspaceFolder()
     return openFolder(workingSpacePath());
 }
 
+// ---- Edit menu --------------------------------------------------------------------------
+
+void Commands::cut()
+{
+    if (const std::shared_ptr<projectTab> tab = frontTab())
+        EditRouting(*tab, &m_settings.clipboard()).cut();
+}
+
+void Commands::copy()
+{
+    if (const std::shared_ptr<projectTab> tab = frontTab())
+        EditRouting(*tab, &m_settings.clipboard()).copy();
+}
+
+void Commands::paste()
+{
+    if (const std::shared_ptr<projectTab> tab = frontTab())
+        EditRouting(*tab, &m_settings.clipboard()).paste();
+}
+
+void Commands::deleteSelection()
+{
+    if (const std::shared_ptr<projectTab> tab = frontTab())
+        EditRouting(*tab, &m_settings.clipboard()).deleteSelection();
+}
+
 // ---- Windows ----------------------------------------------------------------------------
 
 void Commands::openWindow(const QString& id)
@@ -413,7 +452,7 @@ bool Commands::elementSelected() const
 
 bool Commands::canPaste() const
 {
-    return m_settings.objectToCopy() != nullptr;
+    return !m_settings.clipboard().isEmpty();
 }
 
 QString Commands::windowTitle() const

@@ -16,6 +16,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <QUndoGroup>
 #include <QUrl>
 
 #include <functional>
@@ -117,6 +118,16 @@ public:
     bool openLevelFolder();
     bool openWorkspaceFolder();
 
+    // ---- Edit menu ----------------------------------------------------------
+    /// The histories of all tabs; the front tab's is the active one, which
+    /// "Undo" and "Redo" follow.
+    QUndoGroup& undoGroup() { return m_undoGroup; }
+    void cut();
+    void copy();
+    void paste();
+    /// Deletes the selected element of the front tab.
+    void deleteSelection();
+
     // ---- Windows ------------------------------------------------------------
     void openWindow(const QString& id);
 
@@ -136,6 +147,7 @@ signals:
 
 private:
     void watchFrontTab();
+    void followTabs();
     bool saveTo(const QString& location);
     bool openFolder(const QString& folder);
 
@@ -146,6 +158,7 @@ private:
     QStringList m_filesToOpen;
     QPointer<projectTab> m_watched;
     PlayLevel* m_playLevel = nullptr;
+    QUndoGroup m_undoGroup;
 };
 
 } // namespace stagewright

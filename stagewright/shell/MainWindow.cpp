@@ -140,16 +140,26 @@ void MainWindow::buildMenus()
     m_commandsList.append(quit);
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    const auto editCommand = [&](const QString& title, Symbol symbol, const QKeySequence& key) {
-        QAction* action = addCommand(edit, title, key, nullptr);
-        action->setIcon(shellIcon(symbol));
-        action->setEnabled(false);
-        m_editActions.append(action);
-    };
-    editCommand(tr("Cut"), Symbol::cut, QKeySequence(QStringLiteral("Ctrl+X")));
-    editCommand(tr("Copy"), Symbol::copy, QKeySequence(QStringLiteral("Ctrl+C")));
-    editCommand(tr("Paste"), Symbol::paste, QKeySequence(QStringLiteral("Ctrl+V")));
-    editCommand(tr("Delete"), Symbol::trash, QKeySequence(QStringLiteral("Ctrl+Backspace")));
+    // Undo and Redo follow the front tab's history and name its next step.
+    m_undo = m_commands.undoGroup().createUndoAction(this, tr("Undo"));
+    m_undo->setObjectName(QStringLiteral("undoAction"));
+    m_undo->setShortcut(QKeySequence::Undo);
+    m_redo = m_commands.undoGroup().createRedoAction(this, tr("Redo"));
+    m_redo->setObjectName(QStringLiteral("redoAction"));
+    m_redo->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
+    for (QAction* history : {m_undo, m_redo}) {
+        edit->addAction(history);
+        m_commandsList.append(history);
+    }
+    edit->addSeparator();
+    m_cut = addCommand(edit, tr("Cut"), QKeySequence(QStringLiteral("Ctrl+X")), &Commands::cut);
+    m_cut->setIcon(shellIcon(Symbol::cut));
+    m_copy = addCommand(edit, tr("Copy"), QKeySequence(QStringLiteral("Ctrl+C")), &Commands::copy);
+    m_copy->setIcon(shellIcon(Symbol::copy));
+    m_paste = addCommand(edit, tr("Paste"), QKeySequence(QStringLiteral("Ctrl+V")), &Commands::paste);
+    m_paste->setIcon(shellIcon(Symbol::paste));
+    m_delete = addCommand(edit, tr("Delete"), QKeySequence::Delete, &Commands::deleteSelection);
+    m_delete->setIcon(shellIcon(Symbol::trash));
     edit->addSeparator();
     QAction* preferences = addCommand(edit, tr("Settings..."), QKeySequence(QStringLiteral("Ctrl+,")), nullptr);
     preferences->setMenuRole(QAction::PreferencesRole);
@@ -229,6 +239,11 @@ void MainWindow::refreshCommands()
     m_closeLevel->setEnabled(hasTab);
     m_moveTo->setEnabled(hasFile);
     m_showInFinder->setEnabled(hasFile);
+    const bool selected = m_commands.elementSelected();
+    m_cut->setEnabled(selected);
+    m_copy->setEnabled(selected);
+    m_delete->setEnabled(selected);
+    m_paste->setEnabled(hasTab && m_commands.canPaste());
     setWindowTitle(m_commands.windowTitle() + QStringLiteral("[*]"));
     const auto tab = m_commands.frontTab();
     setWindowModified(tab && tab->isProjectDirty());

@@ -81,7 +81,12 @@ private:
     QAction* m_moveTo = nullptr;
     QAction* m_showInFinder = nullptr;
     QAction* m_closeLevel = nullptr;
-    QList<QAction*> m_editActions;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
+    QAction* m_cut = nullptr;
+    QAction* m_copy = nullptr;
+    QAction* m_paste = nullptr;
+    QAction* m_delete = nullptr;
 };
 
 } // namespace stagewright

@@ -4,9 +4,12 @@
 #include "Commands.h"
 #include "Dialogs.h"
 #include "MainWindow.h"
+#include "ObjectMenuPopup.h"
 #include "SampleWorkspace.h"
 #include "Windows.h"
 
+#include <stagewright/inspector/EditRouting.h>
+#include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/Workspace.h>
@@ -40,6 +43,11 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
 {
     if (factory)
         m_settings.setSceneFactory(std::move(factory));
+    // Canvas selections fill the inspector's models, the canvas's moves and
+    // sizes become steps of the history, and overlapping elements are
+    // offered in a pop-up menu.
+    installEditing(&m_settings);
+    sceneEditor::setMenuPresenter(popUpObjectMenu);
     m_appearance = std::make_unique<Appearance>(m_settings);
     m_dialogs = std::make_unique<DesktopDialogs>();
     m_windows = std::make_unique<WindowManager>(m_settings);

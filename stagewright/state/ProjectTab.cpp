@@ -1,5 +1,6 @@
 #include "ProjectTab.h"
 
+#include "LevelCommands.h"
 #include "SceneSettings.h"
 
 #include <tessaro/model/ConfigFiles.h>
@@ -27,6 +28,7 @@ projectTab::projectTab(const tessaro::Uuid& id, const QString& name, SceneSettin
 {
     takeSceneValuesFromConfig();
     m_currentScene = makeScene();
+    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &projectTab::refreshDirty);
 }
 
 projectTab::~projectTab()
@@ -165,10 +167,26 @@ void projectTab::setScenePosition(tessaro::PointValue position)
 
 void projectTab::setProjectDirty(bool dirty)
 {
-    if (dirty == m_isProjectDirty)
+    m_changedOutsideHistory = dirty;
+    if (!dirty)
+        m_undoStack.setClean();
+    refreshDirty();
+}
+
+void projectTab::refreshDirty()
+{
+    if (isProjectDirty() == m_isProjectDirty)
         return;
-    m_isProjectDirty = dirty;
+    m_isProjectDirty = isProjectDirty();
     emit isProjectDirtyChanged();
+}
+
+std::optional<std::size_t> projectTab::levelIndex(const tessaro::Uuid& id) const
+{
+    for (std::size_t i = 0; i < m_levelConfig.size(); ++i)
+        if (m_levelConfig[i].id == id)
+            return i;
+    return std::nullopt;
 }
 
 void projectTab::setBackgroundElementsHidden(bool hidden)
@@ -240,38 +258,23 @@ void projectTab::switchLevel(const tessaro::Uuid& id)
 
 void projectTab::deleteLevel(const tessaro::Uuid& id)
 {
-    const auto removed = std::erase_if(m_levelConfig, [&](const tessaro::Level& level) { return level.id == id; });
-    if (m_levelConfig.empty())
-        m_levelConfig.push_back(tessaro::newLevel(tessaro::Uuid::create(), tessaro::globalAppConfig().base));
-    emit levelConfigChanged();
-    switchLevel(m_levelConfig.front().id.value_or(tessaro::Uuid::create()));
-    refreshLevelList();
-    if (removed > 0)
-        setProjectDirty(true);
+    m_undoStack.push(new DeleteLevelCommand(*this, id));
 }
 
 void projectTab::addLevel()
 {
-    m_levelConfig.push_back(tessaro::newLevel(tessaro::Uuid::create(), tessaro::globalAppConfig().base));
-    emit levelConfigChanged();
-    refreshLevelList();
-    setProjectDirty(true);
+    m_undoStack.push(new AddLevelCommand(*this));
 }
 
 bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
 {
-    const auto it = std::find_if(m_levelConfig.begin(), m_levelConfig.end(),
-                                 [&](const tessaro::Level& level) { return level.id == id; });
-    if (it == m_levelConfig.end())
+    const std::optional<std::size_t> index = levelIndex(id);
+    if (!index)
         return false;
-    const auto index = std::distance(m_levelConfig.begin(), it);
-    const auto neighbour = index + (direction < 0 ? -1 : 1);
+    const auto neighbour = std::ptrdiff_t(*index) + (direction < 0 ? -1 : 1);
     if (neighbour < 0 || neighbour >= std::ssize(m_levelConfig))
         return false;
-    std::swap(m_levelConfig[std::size_t(index)], m_levelConfig[std::size_t(neighbour)]);
-    emit levelConfigChanged();
-    refreshLevelList();
-    setProjectDirty(true);
+    m_undoStack.push(new MoveLevelCommand(*this, id, direction < 0 ? -1 : 1));
     return true;
 }
 

@@ -2,6 +2,7 @@
 // its selected level and the selection models of the inspectors.
 #pragma once
 
+#include "ElementHandles.h"
 #include "LevelScene.h"
 #include "SelectionModels.h"
 #include "StateTypes.h"
@@ -11,6 +12,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QUndoStack>
 
 #include <memory>
 #include <optional>
@@ -96,8 +98,18 @@ public:
     tessaro::PointValue scenePosition() const { return m_scenePosition; }
     void setScenePosition(tessaro::PointValue position);
 
-    bool isProjectDirty() const { return m_isProjectDirty; }
+    /// Unsaved changes exist: the history is away from the point of the last
+    /// save or open, or something changed outside the history.
+    bool isProjectDirty() const { return m_changedOutsideHistory || !m_undoStack.isClean(); }
+    /// True marks a change made outside the history; false marks the present
+    /// state as saved (the history's clean point).
     void setProjectDirty(bool dirty);
+
+    /// The history of the project's edits. Every change to the project is a
+    /// command pushed here.
+    QUndoStack& undoStack() { return m_undoStack; }
+    /// The session identities of the elements of the project's levels.
+    ElementHandles& elementHandles() { return m_elementHandles; }
 
     bool backgroundElementsHidden() const { return m_backgroundElementsHidden; }
     void setBackgroundElementsHidden(bool hidden);
@@ -116,11 +128,14 @@ public:
     /// values.
     void switchLevel(const tessaro::Uuid& id);
     /// Removes every level with that id, keeps at least one, shows the first.
+    /// One step of the history.
     void deleteLevel(const tessaro::Uuid& id);
-    /// Appends a new level with the application's defaults.
+    /// Appends a new level with the application's defaults; one step of the
+    /// history.
     void addLevel();
     /// Swaps a level with the one before (-1) or after (+1) it; the selected
-    /// level stays selected. False when there is no such neighbour.
+    /// level stays selected. False when there is no such neighbour. One step
+    /// of the history.
     bool moveLevel(const tessaro::Uuid& id, int direction);
     /// Rebuilds the level picker entries from `levelConfig`.
     void refreshLevelList();
@@ -151,7 +166,14 @@ signals:
     void scaledValueChanged();
 
 private:
+    friend class AddLevelCommand;
+    friend class MoveLevelCommand;
+    friend class DeleteLevelCommand;
+
     std::shared_ptr<LevelScene> makeScene();
+    void refreshDirty();
+    /// The index of the first level with that id, or none.
+    std::optional<std::size_t> levelIndex(const tessaro::Uuid& id) const;
     void takeSceneValuesFromConfig();
     void dropScene();
 
@@ -173,7 +195,10 @@ private:
     std::shared_ptr<LevelScene> m_currentScene;
     std::vector<levelPickerModel> m_levelListDropdownValues;
     tessaro::PointValue m_scenePosition;
-    bool m_isProjectDirty = false;
+    QUndoStack m_undoStack;
+    ElementHandles m_elementHandles;
+    bool m_changedOutsideHistory = false;
+    bool m_isProjectDirty = false; // as last announced
     bool m_backgroundElementsHidden = false;
     selectionPhase m_elementPhase = selectionPhase::NotSelected;
     QString m_scaledValue = QStringLiteral("1.00");

@@ -214,18 +214,6 @@ void SceneSettings::setTabSelected(const tessaro::Uuid& id)
     emit tabSelectedChanged();
 }
 
-void SceneSettings::setObjectToCopy(std::shared_ptr<tessaro::kit::Node> node)
-{
-    m_objectToCopy = std::move(node);
-    emit objectToCopyChanged();
-}
-
-void SceneSettings::setObjectToPasteLocation(std::optional<tessaro::PointValue> location)
-{
-    m_objectToPasteLocation = location;
-    emit objectToPasteLocationChanged();
-}
-
 void SceneSettings::setGroundOrderItems(std::vector<groundOrderItem> items)
 {
     m_groundOrderItems = std::move(items);

@@ -1,9 +1,10 @@
 // The one application-wide state: the open projects, the workspace's file
-// lists, the recent documents and the clipboard element. Every command of the
+// lists, the recent documents and the element clipboard. Every command of the
 // shell ends in one of its operations.
 #pragma once
 
 #include "DBHelper.h"
+#include "ElementClipboard.h"
 #include "FileRevealer.h"
 #include "LevelScene.h"
 #include "ProjectTab.h"
@@ -16,10 +17,6 @@
 #include <memory>
 #include <optional>
 #include <vector>
-
-namespace tessaro::kit {
-class Node;
-}
 
 namespace stagewright {
 
@@ -84,11 +81,9 @@ public:
     const tessaro::Uuid& tabSelected() const { return m_tabSelected; }
     void setTabSelected(const tessaro::Uuid& id);
 
-    const std::shared_ptr<tessaro::kit::Node>& objectToCopy() const { return m_objectToCopy; }
-    void setObjectToCopy(std::shared_ptr<tessaro::kit::Node> node);
-
-    const std::optional<tessaro::PointValue>& objectToPasteLocation() const { return m_objectToPasteLocation; }
-    void setObjectToPasteLocation(std::optional<tessaro::PointValue> location);
+    /// The element clipboard, shared by all tabs.
+    ElementClipboard& clipboard() { return m_clipboard; }
+    const ElementClipboard& clipboard() const { return m_clipboard; }
 
     const std::vector<groundOrderItem>& groundOrderItems() const { return m_groundOrderItems; }
     void setGroundOrderItems(std::vector<groundOrderItem> items);
@@ -159,8 +154,6 @@ signals:
     void nodeListItemSelectedChanged();
     void refreshWidthChanged();
     void tabSelectedChanged();
-    void objectToCopyChanged();
-    void objectToPasteLocationChanged();
     void groundOrderItemsChanged();
     void workingSpacePathChanged();
 
@@ -190,8 +183,7 @@ private:
     QString m_nodeListItemSelected;
     bool m_refreshWidth = false;
     tessaro::Uuid m_tabSelected = tessaro::Uuid::create();
-    std::shared_ptr<tessaro::kit::Node> m_objectToCopy;
-    std::optional<tessaro::PointValue> m_objectToPasteLocation;
+    ElementClipboard m_clipboard;
     std::vector<groundOrderItem> m_groundOrderItems;
 };
 

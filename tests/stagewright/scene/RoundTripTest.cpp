@@ -31,7 +31,7 @@ void forgetSoundIds(std::optional<std::vector<tessaro::GameSound>>& sounds)
 }
 
 /// What opening and saving change on purpose: level ids and sound ids are
-/// made at every open, ground sections get new ids at every write-back.
+/// made at every open, ground sections without an id get one at write-back.
 tessaro::Level withoutRenewedIds(tessaro::Level level)
 {
     level.id.reset();

@@ -174,7 +174,8 @@ TEST_F(WriteBackTest, GroundComesBackInSequenceOrder)
     std::string order;
     for (const auto& section : *saved.ground) {
         order += *section.imageBottomLayer;
-        EXPECT_NE(section.id, sections.front().id);
+        // Each section keeps the id it was read with.
+        EXPECT_EQ(section.id, sections[std::size_t(section.imageBottomLayer->front() - 'a')].id);
     }
     EXPECT_EQ(order, "dbac");
     // Positions stay in memory; the file writer leaves them out.

@@ -1,0 +1,48 @@
+// The edits of the selected element: one operation per pane of the
+// inspector. An operation finds the selected node by name, writes the value
+// into the node's override records and node properties, and lets the node or
+// a layer redraw; the level record follows at the next write-back. A value of
+// the wrong type takes the fallback of its property. Every operation ends
+// quietly without a tab, without a scene, while the phase is not `Selected`,
+// and when the node or the record it writes is missing.
+//
+// These are the raw edits. The editor calls them through `EditRouting`,
+// which makes each one a step of the project's history.
+#pragma once
+
+#include "PropertyValue.h"
+
+#include <stagewright/state/SelectionModels.h>
+
+#include <tessaro/model/Enumerations.h>
+
+namespace stagewright {
+
+class elementNode;
+class sceneEditor;
+
+/// A field of the primary list, the physics editor or the sound editor.
+void applyPrimaryProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value,
+                          const propertyValue& oldValue = {});
+/// A field of the device pane, in the entry of the device the pane shows.
+void applyDeviceProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value,
+                         const propertyValue& oldValue = {});
+/// A field of the animation pane.
+void applyAnimationProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value);
+/// A field or button of the cycle-end pane.
+void applyCycleEndProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value);
+/// A field or button of the background pane: the level's background record
+/// the pane shows.
+void applyBackgroundProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value);
+/// Adds a device field to the entry of the device the pane shows (made when
+/// missing), or removes it; an entry of another device that is left empty
+/// goes with it.
+void toggleDeviceOverride(sceneEditor& scene, publishedElementList element, bool add);
+
+/// Stores a device value of `node` in the entry of `device`, made when
+/// missing, the way the device pane stores it: the canvas's moves and size
+/// handle use this with the default device.
+void storeDeviceValue(sceneEditor& scene, elementNode& node, tessaro::deviceName device, publishedElementList element,
+                      const propertyValue& value);
+
+} // namespace stagewright

@@ -1,0 +1,351 @@
+#include "EditCommands.h"
+
+#include "ApplyOperations.h"
+
+#include <stagewright/state/ElementClipboard.h>
+#include <stagewright/state/ProjectTab.h>
+
+#include <QCoreApplication>
+
+namespace stagewright {
+
+using P = publishedElementList;
+
+namespace {
+
+QString commandText(const char* text)
+{
+    return QCoreApplication::translate("EditCommands", text);
+}
+
+/// Shows `node` as the selection, published anew.
+void reselect(sceneEditor& scene, const elementNodePtr& node)
+{
+    scene.deselect();
+    scene.clearGlow();
+    scene.selectNode(node);
+}
+
+/// The buttons of the panes make one step each; typed and stepped values of
+/// one field join.
+bool joinsTyping(publishedElementList element)
+{
+    switch (element) {
+    case P::addRange:
+    case P::deleteRange:
+    case P::End_list_add:
+    case P::End_list_delete:
+    case P::End_SelectedId:
+    case P::background:
+    case P::deviceName:
+    case P::image:
+    case P::sound:
+    case P::physics: return false;
+    default: return true;
+    }
+}
+
+} // namespace
+
+sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId)
+{
+    if (!tab)
+        return nullptr;
+    if (tab->levelSelected() != levelId) {
+        if (!tab->findLevel(levelId))
+            return nullptr;
+        tab->switchLevel(levelId);
+    }
+    return sceneEditorOf(tab->currentScene()).get();
+}
+
+// ---- Element edits -------------------------------------------------------------------------
+
+ElementEditCommand::ElementEditCommand(projectTab& tab, const elementNode& node, const QString& text)
+    : m_tab(&tab),
+      m_levelId(tab.levelSelected()),
+      m_handle(node.handle),
+      m_before(node.records())
+{
+    setText(text);
+}
+
+void ElementEditCommand::redo()
+{
+    if (m_after) {
+        show(*m_after);
+        return;
+    }
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    const elementNodePtr node = scene ? scene->elementWithHandle(m_handle) : nullptr;
+    if (!node) {
+        setObsolete(true);
+        return;
+    }
+    apply(*scene, *node);
+    // A ground edit lays the ground again: the element has a new node.
+    const elementNodePtr edited = scene->elementWithHandle(m_handle);
+    m_after = edited ? edited->records() : m_before;
+    // An edit that changed nothing is no step.
+    if (*m_after == m_before)
+        setObsolete(true);
+}
+
+void ElementEditCommand::undo()
+{
+    show(m_before);
+}
+
+void ElementEditCommand::show(const ElementRecords& element)
+{
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    elementNodePtr node = scene ? scene->elementWithHandle(m_handle) : nullptr;
+    if (!node)
+        return;
+    node->restoreRecords(element);
+    if (element.kind == tessaro::sceneObjectType::obstacles)
+        scene->addRepeatedCopies(node);
+    if (element.kind == tessaro::sceneObjectType::ground) {
+        scene->rebuildGround(m_levelId);
+        node = scene->elementWithHandle(m_handle);
+    }
+    reselect(*scene, node);
+}
+
+bool ElementEditCommand::sameElement(const ElementEditCommand& other) const
+{
+    return other.m_tab == m_tab && other.m_levelId == m_levelId && other.m_handle == m_handle;
+}
+
+void ElementEditCommand::adoptResult(const ElementEditCommand& other)
+{
+    m_after = other.m_after;
+    setObsolete(m_after && *m_after == m_before);
+}
+
+PropertyEditCommand::PropertyEditCommand(projectTab& tab, const elementNode& node, modelType model,
+                                         publishedElementList element, propertyValue value, propertyValue oldValue)
+    : ElementEditCommand(tab, node, commandText("Change %1").arg(QString::fromUtf8(tessaro::caseText(element)))),
+      m_model(model),
+      m_element(element),
+      m_value(std::move(value)),
+      m_oldValue(std::move(oldValue))
+{
+}
+
+int PropertyEditCommand::id() const
+{
+    return joinsTyping(m_element) ? editMergeId::property + 200 * int(m_model) + int(m_element) : -1;
+}
+
+bool PropertyEditCommand::mergeWith(const QUndoCommand* other)
+{
+    const auto* later = dynamic_cast<const PropertyEditCommand*>(other);
+    if (!later || later->m_element != m_element || later->m_model != m_model || !sameElement(*later))
+        return false;
+    adoptResult(*later);
+    return true;
+}
+
+void PropertyEditCommand::apply(sceneEditor& scene, elementNode&)
+{
+    switch (m_model) {
+    case modelType::Primary: applyPrimaryProperty(scene, m_element, m_value, m_oldValue); break;
+    case modelType::Devices: applyDeviceProperty(scene, m_element, m_value, m_oldValue); break;
+    case modelType::Animation: applyAnimationProperty(scene, m_element, m_value); break;
+    case modelType::AnimationCycleEnd: applyCycleEndProperty(scene, m_element, m_value); break;
+    }
+}
+
+DeviceOverrideCommand::DeviceOverrideCommand(projectTab& tab, const elementNode& node, publishedElementList element,
+                                             bool add)
+    : ElementEditCommand(tab, node, add ? commandText("Add Override") : commandText("Delete Override")),
+      m_element(element),
+      m_add(add)
+{
+}
+
+void DeviceOverrideCommand::apply(sceneEditor& scene, elementNode&)
+{
+    toggleDeviceOverride(scene, m_element, m_add);
+}
+
+MoveElementCommand::MoveElementCommand(projectTab& tab, const elementNode& node, tessaro::PointValue position,
+                                       bool nudge)
+    : ElementEditCommand(tab, node, commandText("Move")),
+      m_position(position),
+      m_nudge(nudge)
+{
+}
+
+int MoveElementCommand::id() const
+{
+    return m_nudge ? editMergeId::nudge : -1;
+}
+
+bool MoveElementCommand::mergeWith(const QUndoCommand* other)
+{
+    const auto* later = dynamic_cast<const MoveElementCommand*>(other);
+    if (!later || !later->m_nudge || !sameElement(*later))
+        return false;
+    adoptResult(*later);
+    return true;
+}
+
+void MoveElementCommand::apply(sceneEditor& scene, elementNode& node)
+{
+    storeDeviceValue(scene, node, tessaro::deviceName::defaultDevice, P::position, m_position);
+}
+
+ResizeElementCommand::ResizeElementCommand(projectTab& tab, const elementNode& node, tessaro::SizeValue size)
+    : ElementEditCommand(tab, node, commandText("Resize")),
+      m_size(size)
+{
+}
+
+void ResizeElementCommand::apply(sceneEditor& scene, elementNode& node)
+{
+    storeDeviceValue(scene, node, tessaro::deviceName::defaultDevice, P::size, m_size);
+}
+
+// ---- Backgrounds ------------------------------------------------------------------------------
+
+BackgroundEditCommand::BackgroundEditCommand(projectTab& tab, const sceneEditor& scene, publishedElementList element,
+                                             propertyValue value)
+    : m_tab(&tab),
+      m_levelId(tab.levelSelected()),
+      m_backgroundId(tab.selectedObject().backgroundSelectedId),
+      m_element(element),
+      m_value(std::move(value)),
+      m_before(scene.backgroundList())
+{
+    setText(commandText("Change %1").arg(QString::fromUtf8(tessaro::caseText(element))));
+}
+
+void BackgroundEditCommand::redo()
+{
+    if (m_after) {
+        show(*m_after);
+        return;
+    }
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    if (!scene) {
+        setObsolete(true);
+        return;
+    }
+    applyBackgroundProperty(*scene, m_element, m_value);
+    m_after = scene->backgroundList();
+    if (*m_after == m_before)
+        setObsolete(true);
+}
+
+void BackgroundEditCommand::undo()
+{
+    show(m_before);
+}
+
+int BackgroundEditCommand::id() const
+{
+    return joinsTyping(m_element) ? editMergeId::background + int(m_element) : -1;
+}
+
+bool BackgroundEditCommand::mergeWith(const QUndoCommand* other)
+{
+    const auto* later = dynamic_cast<const BackgroundEditCommand*>(other);
+    if (!later || later->m_element != m_element || later->m_tab != m_tab || later->m_levelId != m_levelId ||
+        later->m_backgroundId != m_backgroundId)
+        return false;
+    m_after = later->m_after;
+    setObsolete(m_after && *m_after == m_before);
+    return true;
+}
+
+void BackgroundEditCommand::show(const std::optional<tessaro::Background>& list)
+{
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    if (!scene)
+        return;
+    scene->backgroundList() = list;
+    scene->rebuildBackgrounds();
+    emit scene->backgroundListChanged();
+    for (const tessaro::kit::NodePtr& layer : {scene->backgroundNodes(), scene->pinnedBackgroundNodes()})
+        for (const elementNodePtr& node : sceneEditor::elementsOf(layer))
+            if (node->backgroundAssociatedId == m_backgroundId) {
+                reselect(*scene, node);
+                return;
+            }
+}
+
+// ---- Paste, cut and delete -------------------------------------------------------------------------
+
+PasteCommand::PasteCommand(projectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location)
+    : m_tab(&tab),
+      m_levelId(tab.levelSelected()),
+      m_handle(tab.elementHandles().issue()),
+      m_copy(std::move(copy)),
+      m_location(location)
+{
+    setText(commandText("Paste"));
+}
+
+void PasteCommand::redo()
+{
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    if (!scene)
+        return;
+    if (m_pasted) {
+        scene->placeElement(m_pasted->records, m_pasted->layerIndex, m_handle);
+        return;
+    }
+    const elementNodePtr node = scene->pasteNode(m_copy, m_location, m_handle);
+    if (!node || !node->parent()) {
+        setObsolete(true);
+        return;
+    }
+    const auto& siblings = node->parent()->children();
+    const auto at = std::find(siblings.begin(), siblings.end(), node);
+    m_pasted = sceneEditor::ElementInPlace{node->records(), m_handle, std::size_t(at - siblings.begin())};
+}
+
+void PasteCommand::undo()
+{
+    if (sceneEditor* scene = sceneShowing(m_tab, m_levelId))
+        scene->removeElement(m_handle);
+}
+
+RemoveElementCommand::RemoveElementCommand(projectTab& tab, ElementClipboard* clipboard, const QString& text)
+    : m_tab(&tab),
+      m_levelId(tab.levelSelected()),
+      m_clipboard(clipboard)
+{
+    setText(text);
+}
+
+void RemoveElementCommand::redo()
+{
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    if (!scene)
+        return;
+    if (m_removed) {
+        scene->removeElement(m_removed->handle);
+        return;
+    }
+    m_removed = scene->deleteSelectedNode();
+    if (!m_removed) {
+        setObsolete(true);
+        return;
+    }
+    if (m_clipboard)
+        m_clipboard->setObjectToCopy(std::make_shared<const ElementRecords>(m_removed->records));
+}
+
+void RemoveElementCommand::undo()
+{
+    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    if (!scene || !m_removed)
+        return;
+    if (const elementNodePtr node = scene->placeElement(m_removed->records, m_removed->layerIndex, m_removed->handle))
+        reselect(*scene, node);
+}
+
+} // namespace stagewright

@@ -1,0 +1,170 @@
+// The steps of a project's history that change the elements of its levels.
+// An element step keeps the element as it was before and after the edit, and
+// puts either back through the same routines that load elements, so undo is
+// exact. A step finds its element by handle, and shows the level it belongs
+// to first, so a step made on another level is undone there.
+#pragma once
+
+#include "PropertyValue.h"
+
+#include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/ElementClipboard.h>
+#include <stagewright/state/ElementRecords.h>
+
+#include <QPointer>
+#include <QUndoCommand>
+
+#include <optional>
+
+namespace stagewright {
+
+class projectTab;
+
+/// Merge ids: steps of one kind on one element join while they follow each
+/// other, so typing a number or holding an arrow key is one step.
+namespace editMergeId {
+inline constexpr int nudge = 1;
+inline constexpr int property = 1000; // + 200 * modelType + the case
+inline constexpr int background = 2000; // + the case
+} // namespace editMergeId
+
+/// The scene of the tab showing `levelId`, which it switches to when another
+/// level is shown; null when the tab or the level is gone.
+sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId);
+
+class ElementEditCommand : public QUndoCommand {
+public:
+    void redo() override;
+    void undo() override;
+
+protected:
+    ElementEditCommand(projectTab& tab, const elementNode& node, const QString& text);
+    /// The edit itself, run on the first redo on the node as it stood.
+    virtual void apply(sceneEditor& scene, elementNode& node) = 0;
+    /// Whether `other` is a later edit of the same element.
+    bool sameElement(const ElementEditCommand& other) const;
+    /// Takes the result of `other` as this step's result.
+    void adoptResult(const ElementEditCommand& other);
+
+private:
+    void show(const ElementRecords& element);
+
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    elementHandle m_handle;
+    ElementRecords m_before;
+    std::optional<ElementRecords> m_after;
+};
+
+/// A value of an inspector row.
+class PropertyEditCommand : public ElementEditCommand {
+public:
+    PropertyEditCommand(projectTab& tab, const elementNode& node, modelType model, publishedElementList element,
+                        propertyValue value, propertyValue oldValue);
+    int id() const override;
+    bool mergeWith(const QUndoCommand* other) override;
+
+protected:
+    void apply(sceneEditor& scene, elementNode& node) override;
+
+private:
+    modelType m_model;
+    publishedElementList m_element;
+    propertyValue m_value;
+    propertyValue m_oldValue;
+};
+
+/// A device field added to or removed from the entry the device pane shows.
+class DeviceOverrideCommand : public ElementEditCommand {
+public:
+    DeviceOverrideCommand(projectTab& tab, const elementNode& node, publishedElementList element, bool add);
+
+protected:
+    void apply(sceneEditor& scene, elementNode& node) override;
+
+private:
+    publishedElementList m_element;
+    bool m_add;
+};
+
+/// An element dragged or nudged to a new place.
+class MoveElementCommand : public ElementEditCommand {
+public:
+    MoveElementCommand(projectTab& tab, const elementNode& node, tessaro::PointValue position, bool nudge);
+    int id() const override;
+    bool mergeWith(const QUndoCommand* other) override;
+
+protected:
+    void apply(sceneEditor& scene, elementNode& node) override;
+
+private:
+    tessaro::PointValue m_position;
+    bool m_nudge;
+};
+
+/// An element resized by its handle.
+class ResizeElementCommand : public ElementEditCommand {
+public:
+    ResizeElementCommand(projectTab& tab, const elementNode& node, tessaro::SizeValue size);
+
+protected:
+    void apply(sceneEditor& scene, elementNode& node) override;
+
+private:
+    tessaro::SizeValue m_size;
+};
+
+/// A field of the background pane: the level's background list before and after.
+class BackgroundEditCommand : public QUndoCommand {
+public:
+    BackgroundEditCommand(projectTab& tab, const sceneEditor& scene, publishedElementList element, propertyValue value);
+    void redo() override;
+    void undo() override;
+    int id() const override;
+    bool mergeWith(const QUndoCommand* other) override;
+
+private:
+    void show(const std::optional<tessaro::Background>& list);
+
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    tessaro::Uuid m_backgroundId;
+    publishedElementList m_element;
+    propertyValue m_value;
+    std::optional<tessaro::Background> m_before;
+    std::optional<std::optional<tessaro::Background>> m_after;
+};
+
+/// A copy of the element on the clipboard added to the level shown.
+class PasteCommand : public QUndoCommand {
+public:
+    PasteCommand(projectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location);
+    void redo() override;
+    void undo() override;
+
+private:
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    elementHandle m_handle;
+    ElementRecords m_copy;
+    std::optional<tessaro::PointValue> m_location;
+    /// The element as the first paste made it, and its place in its layer.
+    std::optional<sceneEditor::ElementInPlace> m_pasted;
+};
+
+/// The selected element taken out of its level: "Cut" puts it on the
+/// clipboard first, "Delete" does not.
+class RemoveElementCommand : public QUndoCommand {
+public:
+    RemoveElementCommand(projectTab& tab, ElementClipboard* clipboard, const QString& text);
+    void redo() override;
+    void undo() override;
+
+private:
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    QPointer<ElementClipboard> m_clipboard;
+    std::optional<sceneEditor::ElementInPlace> m_removed;
+};
+
+} // namespace stagewright

@@ -1,0 +1,162 @@
+#include "EditRouting.h"
+
+#include "ApplyCommon.h"
+#include "ApplyOperations.h"
+#include "EditCommands.h"
+#include "SelectionPublishing.h"
+
+#include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/ElementClipboard.h>
+#include <stagewright/state/ProjectTab.h>
+
+#include <QCoreApplication>
+
+namespace stagewright {
+
+namespace {
+
+/// The canvas's moves and sizes, as steps of the history of the scene's tab.
+class HistoryRoute : public CanvasEditRoute {
+public:
+    void moveElement(sceneEditor& scene, elementNode& node, tessaro::PointValue position, bool nudge) override
+    {
+        if (projectTab* tab = scene.tab())
+            EditRouting(*tab).moveElement(node, position, nudge);
+    }
+    void resizeElement(sceneEditor& scene, elementNode& node, tessaro::SizeValue size) override
+    {
+        if (projectTab* tab = scene.tab())
+            EditRouting(*tab).resizeElement(node, size);
+    }
+};
+
+} // namespace
+
+EditRouting::EditRouting(projectTab& tab, ElementClipboard* clipboard) : m_tab(tab), m_clipboard(clipboard) {}
+
+sceneEditor* EditRouting::scene() const
+{
+    return sceneEditorOf(m_tab.currentScene()).get();
+}
+
+void EditRouting::apply(modelType model, publishedElementList element, const propertyValue& value,
+                        const propertyValue& oldValue)
+{
+    sceneEditor* editor = scene();
+    const elementNodePtr node = editor ? editedNode(*editor) : nullptr;
+    if (!node) {
+        // Nothing to edit; the operation still says so in its trace.
+        if (editor && model == modelType::Primary)
+            stagewright::applyPrimaryProperty(*editor, element, value, oldValue);
+        return;
+    }
+    // A node made by this session's picker before handles existed gets one now.
+    if (!node->handle)
+        node->handle = m_tab.elementHandles().issue();
+    m_tab.undoStack().push(new PropertyEditCommand(m_tab, *node, model, element, value, oldValue));
+}
+
+void EditRouting::applyPrimaryProperty(publishedElementList element, const propertyValue& value,
+                                       const propertyValue& oldValue)
+{
+    apply(modelType::Primary, element, value, oldValue);
+}
+
+void EditRouting::applyDeviceProperty(publishedElementList element, const propertyValue& value,
+                                      const propertyValue& oldValue)
+{
+    apply(modelType::Devices, element, value, oldValue);
+}
+
+void EditRouting::applyAnimationProperty(publishedElementList element, const propertyValue& value)
+{
+    apply(modelType::Animation, element, value);
+}
+
+void EditRouting::applyCycleEndProperty(publishedElementList element, const propertyValue& value)
+{
+    apply(modelType::AnimationCycleEnd, element, value);
+}
+
+void EditRouting::applyBackgroundProperty(publishedElementList element, const propertyValue& value)
+{
+    sceneEditor* editor = scene();
+    if (!editor || !editedTab(*editor))
+        return;
+    m_tab.undoStack().push(new BackgroundEditCommand(m_tab, *editor, element, value));
+}
+
+void EditRouting::toggleDeviceOverride(publishedElementList element, bool add)
+{
+    sceneEditor* editor = scene();
+    const elementNodePtr node = editor ? editedNode(*editor) : nullptr;
+    if (!node)
+        return;
+    if (!node->handle)
+        node->handle = m_tab.elementHandles().issue();
+    m_tab.undoStack().push(new DeviceOverrideCommand(m_tab, *node, element, add));
+}
+
+void EditRouting::moveElement(elementNode& node, tessaro::PointValue position, bool nudge)
+{
+    if (!node.handle)
+        node.handle = m_tab.elementHandles().issue();
+    m_tab.undoStack().push(new MoveElementCommand(m_tab, node, position, nudge));
+}
+
+void EditRouting::resizeElement(elementNode& node, tessaro::SizeValue size)
+{
+    if (!node.handle)
+        node.handle = m_tab.elementHandles().issue();
+    m_tab.undoStack().push(new ResizeElementCommand(m_tab, node, size));
+}
+
+bool EditRouting::hasSelection() const
+{
+    return m_tab.elementPhase() == selectionPhase::Selected;
+}
+
+bool EditRouting::canPaste() const
+{
+    return m_clipboard && !m_clipboard->isEmpty();
+}
+
+void EditRouting::copy()
+{
+    sceneEditor* editor = scene();
+    const elementNodePtr node = editor ? editor->selectedNode() : nullptr;
+    if (!node || !m_clipboard)
+        return;
+    m_clipboard->setObjectToCopy(std::make_shared<const ElementRecords>(node->records()));
+}
+
+void EditRouting::cut()
+{
+    if (!scene() || !hasSelection())
+        return;
+    m_tab.undoStack().push(
+        new RemoveElementCommand(m_tab, m_clipboard, QCoreApplication::translate("EditCommands", "Cut")));
+}
+
+void EditRouting::paste()
+{
+    if (!scene() || !canPaste())
+        return;
+    m_tab.undoStack().push(new PasteCommand(m_tab, *m_clipboard->objectToCopy(), m_clipboard->objectToPasteLocation()));
+}
+
+void EditRouting::deleteSelection()
+{
+    if (!scene() || !hasSelection())
+        return;
+    m_tab.undoStack().push(
+        new RemoveElementCommand(m_tab, nullptr, QCoreApplication::translate("EditCommands", "Delete")));
+}
+
+void installEditing(SceneSettings* settings)
+{
+    installSelectionPublishing(settings);
+    sceneEditor::setEditRoute(std::make_shared<HistoryRoute>());
+}
+
+} // namespace stagewright

@@ -1,0 +1,47 @@
+// Which property rows a kind of element has, and how the three layers of an
+// element's values show: the catalogue record (never edited here), the level
+// item's override records, and the element's device entries, where the entry
+// of the default device holds the values for every device and another
+// device's entry overrides single fields of it.
+#pragma once
+
+#include <stagewright/state/SelectionModels.h>
+
+#include <tessaro/model/CommonRecords.h>
+#include <tessaro/model/Enumerations.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace stagewright {
+
+/// Whether the row of `property` is drawn for an element of `kind`.
+bool propertyApplies(publishedElementList property, tessaro::sceneObjectType kind);
+
+/// The fields of the view-only section: `baseFieldText` selectors.
+enum class baseField { elementName = 0, objectClassType = 1, contact = 2, category = 3, collision = 4 };
+/// View-only text of a field of the catalogue record behind a selection;
+/// "" when the record has no such field.
+std::string baseFieldText(baseField field, const std::optional<defaultViewRecord>& record);
+
+/// One row of the device pane.
+struct deviceFieldRow {
+    publishedElementList field;
+    const char* label;
+    /// The text a new override of the field stores; none for a field that
+    /// has no place in the record ("Number of parts").
+    std::optional<std::string> newOverrideText;
+};
+/// The rows of the device pane, in drawing order.
+const std::vector<deviceFieldRow>& deviceFieldRows();
+
+/// The device fields that `entry` defines itself, in the order the device
+/// pane tests them; empty without an entry.
+std::vector<publishedElementList> definedDeviceFields(const tessaro::DeviceProperties* entry);
+
+/// The labels of the add and remove buttons of a device row.
+const char* addOverrideLabel(tessaro::deviceName shown);
+const char* removeOverrideLabel(tessaro::deviceName shown);
+
+} // namespace stagewright

@@ -1,0 +1,28 @@
+// A press on an element that may become a drag: the element moves with the
+// pointer once it has gone past a few pixels, and its new place is stored
+// when the button is released.
+#pragma once
+
+#include <tessaro/model/Geometry.h>
+
+#include <QPointF>
+
+#include <memory>
+
+namespace stagewright {
+
+class elementNode;
+
+struct ElementDrag {
+    /// Pixels the pointer goes before a press becomes a drag.
+    static constexpr double threshold = 4;
+
+    std::weak_ptr<elementNode> node;
+    QPointF pressInView; // widget pixels
+    QPointF pressInScene;
+    QPointF startPosition; // the node's position at the press
+    tessaro::PointValue storedPosition; // the default device's position at the press
+    bool moving = false;
+};
+
+} // namespace stagewright

@@ -1,0 +1,70 @@
+// Handles: the identities of elements for the editing session. A level's
+// items are stored per kind in a fixed order (ground by its sequence, the
+// other kinds in layer order, repeated copies left out) and loaded in that
+// same order, so a handle remembered at a write-back finds its element again
+// at the next load of the level.
+#include "SceneEditor.h"
+
+#include <stagewright/state/ProjectTab.h>
+
+#include <algorithm>
+
+namespace stagewright {
+
+using tessaro::sceneObjectType;
+
+std::vector<elementNodePtr> sceneEditor::storedOrder(sceneObjectType kind) const
+{
+    if (kind == sceneObjectType::background)
+        return {};
+    std::vector<elementNodePtr> nodes = elementsOf(layerFor(kind));
+    std::erase_if(nodes, [](const elementNodePtr& node) { return node->repeatedNode; });
+    if (kind == sceneObjectType::ground)
+        std::stable_sort(nodes.begin(), nodes.end(), [](const elementNodePtr& a, const elementNodePtr& b) {
+            return a->sequenceId.value_or(0) < b->sequenceId.value_or(0);
+        });
+    return nodes;
+}
+
+void sceneEditor::assignHandles(sceneObjectType kind)
+{
+    if (!m_tab)
+        return;
+    const std::vector<elementNodePtr> nodes = storedOrder(kind);
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        if (!nodes[i]->handle)
+            nodes[i]->handle = m_tab->elementHandles().handleAt(m_tab->levelSelected(), kind, i);
+}
+
+void sceneEditor::rememberHandles(const tessaro::Uuid& levelId)
+{
+    if (!m_tab)
+        return;
+    ElementHandles& handles = m_tab->elementHandles();
+    for (sceneObjectType kind :
+         {sceneObjectType::obstacles, sceneObjectType::character, sceneObjectType::ground, sceneObjectType::checkpoint,
+          sceneObjectType::coin, sceneObjectType::artifact, sceneObjectType::shield}) {
+        std::vector<elementHandle> order;
+        for (const elementNodePtr& node : storedOrder(kind)) {
+            if (!node->handle)
+                node->handle = handles.issue();
+            order.push_back(node->handle);
+        }
+        handles.remember(levelId, kind, std::move(order));
+    }
+}
+
+elementNodePtr sceneEditor::elementWithHandle(elementHandle handle) const
+{
+    if (!handle)
+        return nullptr;
+    for (const tessaro::kit::NodePtr& layer : {m_obstacleNodes, m_characterNodes, m_groundNodes, m_coinNodes,
+                                               m_artifactNodes, m_checkpointNodes, m_shieldsNodes})
+        if (layer)
+            for (const tessaro::kit::NodePtr& child : layer->children())
+                if (auto* element = dynamic_cast<elementNode*>(child.get()); element && element->handle == handle)
+                    return std::static_pointer_cast<elementNode>(child);
+    return nullptr;
+}
+
+} // namespace stagewright

@@ -1,0 +1,148 @@
+#include "LevelCommands.h"
+
+#include "ProjectTab.h"
+
+#include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/LevelFiles.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace stagewright {
+
+namespace {
+
+QString commandText(const char* text)
+{
+    return QCoreApplication::translate("LevelCommands", text);
+}
+
+tessaro::Level freshLevel()
+{
+    return tessaro::newLevel(tessaro::Uuid::create(), tessaro::globalAppConfig().base);
+}
+
+} // namespace
+
+// ---- Add ------------------------------------------------------------------------------
+
+AddLevelCommand::AddLevelCommand(projectTab& tab) : m_tab(&tab), m_level(freshLevel())
+{
+    setText(commandText("Add Level"));
+}
+
+void AddLevelCommand::redo()
+{
+    if (!m_tab)
+        return;
+    m_tab->m_levelConfig.push_back(m_level);
+    emit m_tab->levelConfigChanged();
+    m_tab->refreshLevelList();
+}
+
+void AddLevelCommand::undo()
+{
+    if (!m_tab)
+        return;
+    const std::optional<std::size_t> index = m_tab->levelIndex(*m_level.id);
+    if (!index)
+        return;
+    m_tab->m_levelConfig.erase(m_tab->m_levelConfig.begin() + std::ptrdiff_t(*index));
+    emit m_tab->levelConfigChanged();
+    if (m_tab->levelSelected() == *m_level.id && !m_tab->m_levelConfig.empty())
+        m_tab->switchLevel(m_tab->m_levelConfig.front().id.value_or(tessaro::Uuid::create()));
+    m_tab->refreshLevelList();
+}
+
+// ---- Move -----------------------------------------------------------------------------
+
+MoveLevelCommand::MoveLevelCommand(projectTab& tab, const tessaro::Uuid& levelId, int direction)
+    : m_tab(&tab),
+      m_levelId(levelId),
+      m_direction(direction)
+{
+    setText(commandText("Move Level"));
+}
+
+void MoveLevelCommand::step(int direction)
+{
+    if (!m_tab)
+        return;
+    const std::optional<std::size_t> index = m_tab->levelIndex(m_levelId);
+    if (!index)
+        return;
+    const auto neighbour = std::ptrdiff_t(*index) + direction;
+    std::vector<tessaro::Level>& levels = m_tab->m_levelConfig;
+    if (neighbour < 0 || neighbour >= std::ssize(levels))
+        return;
+    std::swap(levels[*index], levels[std::size_t(neighbour)]);
+    emit m_tab->levelConfigChanged();
+    m_tab->refreshLevelList();
+}
+
+void MoveLevelCommand::redo()
+{
+    step(m_direction);
+}
+
+void MoveLevelCommand::undo()
+{
+    step(-m_direction);
+}
+
+// ---- Delete ---------------------------------------------------------------------------
+
+DeleteLevelCommand::DeleteLevelCommand(projectTab& tab, const tessaro::Uuid& levelId)
+    : m_tab(&tab),
+      m_levelId(levelId),
+      m_selectedBefore(tab.levelSelected())
+{
+    setText(commandText("Delete Level"));
+}
+
+void DeleteLevelCommand::redo()
+{
+    if (!m_tab)
+        return;
+    std::vector<tessaro::Level>& levels = m_tab->m_levelConfig;
+    if (!m_done) {
+        // The level on the canvas holds its truth in the scene until written back.
+        if (m_tab->levelSelected() == m_levelId && m_tab->currentScene())
+            m_tab->currentScene()->writeBack(m_levelId);
+        for (std::size_t i = 0; i < levels.size(); ++i)
+            if (levels[i].id == m_levelId)
+                m_removed.emplace_back(i, levels[i]);
+        m_done = true;
+    }
+    std::erase_if(levels, [&](const tessaro::Level& level) { return level.id == m_levelId; });
+    if (levels.empty()) {
+        if (!m_replacement)
+            m_replacement = freshLevel();
+        levels.push_back(*m_replacement);
+    }
+    emit m_tab->levelConfigChanged();
+    m_tab->switchLevel(levels.front().id.value_or(tessaro::Uuid::create()));
+    m_tab->refreshLevelList();
+    // Asked to delete a level that is not there: the canvas shows the first
+    // level, and there is nothing to undo.
+    if (m_removed.empty())
+        setObsolete(true);
+}
+
+void DeleteLevelCommand::undo()
+{
+    if (!m_tab)
+        return;
+    std::vector<tessaro::Level>& levels = m_tab->m_levelConfig;
+    if (m_replacement)
+        std::erase_if(levels, [&](const tessaro::Level& level) { return level.id == m_replacement->id; });
+    for (const auto& [index, level] : m_removed)
+        levels.insert(levels.begin() + std::ptrdiff_t(std::min(index, levels.size())), level);
+    emit m_tab->levelConfigChanged();
+    m_tab->switchLevel(m_tab->levelIndex(m_selectedBefore) ? m_selectedBefore
+                                                           : levels.front().id.value_or(tessaro::Uuid::create()));
+    m_tab->refreshLevelList();
+}
+
+} // namespace stagewright

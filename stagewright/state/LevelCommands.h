@@ -1,0 +1,62 @@
+// The steps of a project's history that change its list of levels: adding,
+// moving and deleting a level. Each keeps what it needs to go back exactly.
+#pragma once
+
+#include <tessaro/model/LevelRecords.h>
+#include <tessaro/model/Uuid.h>
+
+#include <QPointer>
+#include <QUndoCommand>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace stagewright {
+
+class projectTab;
+
+class AddLevelCommand : public QUndoCommand {
+public:
+    explicit AddLevelCommand(projectTab& tab);
+    void redo() override;
+    void undo() override;
+
+private:
+    QPointer<projectTab> m_tab;
+    tessaro::Level m_level;
+};
+
+class MoveLevelCommand : public QUndoCommand {
+public:
+    /// Moves the level one place back (-1) or on (+1).
+    MoveLevelCommand(projectTab& tab, const tessaro::Uuid& levelId, int direction);
+    void redo() override;
+    void undo() override;
+
+private:
+    void step(int direction);
+
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    int m_direction;
+};
+
+class DeleteLevelCommand : public QUndoCommand {
+public:
+    DeleteLevelCommand(projectTab& tab, const tessaro::Uuid& levelId);
+    void redo() override;
+    void undo() override;
+
+private:
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    tessaro::Uuid m_selectedBefore;
+    /// The levels taken out, with their places, first place first.
+    std::vector<std::pair<std::size_t, tessaro::Level>> m_removed;
+    /// The level that stands in when the last one goes.
+    std::optional<tessaro::Level> m_replacement;
+    bool m_done = false;
+};
+
+} // namespace stagewright

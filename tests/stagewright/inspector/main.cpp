@@ -1,0 +1,20 @@
+// The inspector tests run in a private home: HOME and the XDG folders point
+// into a temporary folder before the application object exists, and drawing
+// uses the offscreen platform.
+#include "support/PrivateHome.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing_support::PrivateHome home;
+    QGuiApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("StageWright"));
+    QCoreApplication::setApplicationName(QStringLiteral("StageWright"));
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
