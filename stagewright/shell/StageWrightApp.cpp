@@ -5,6 +5,7 @@
 #include "Dialogs.h"
 #include "MainWindow.h"
 #include "SampleWorkspace.h"
+#include "WelcomeSheet.h"
 #include "Windows.h"
 
 #include <stagewright/state/PermissionManager.h>
@@ -61,6 +62,7 @@ StageWrightApp::~StageWrightApp()
 void StageWrightApp::show()
 {
     m_mainWindow->show();
+    showWelcomeOnFirstStart(m_mainWindow.get(), m_settings);
 }
 
 } // namespace stagewright
