@@ -12,9 +12,12 @@ function(stagewright_add_test name)
   endif()
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
   # Cases are listed when the tests run, not at build time, so a build never
-  # starts a test program.
+  # starts a test program. Each property takes one value: a list would be cut
+  # at its first item on the way through the discovery script.
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
-    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;STAGEWRIGHT_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+    PROPERTIES
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+      ENVIRONMENT_MODIFICATION "STAGEWRIGHT_SOURCE_DIR=set:${PROJECT_SOURCE_DIR}")
 endfunction()
