@@ -5,10 +5,12 @@
 #include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/kit/Scene.h>
+#include <tessaro/model/ConfigFiles.h>
 
 #include <QResizeEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace stagewright {
@@ -37,6 +39,7 @@ CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) 
     m_view = new CanvasSceneView;
     m_view->setObjectName(QStringLiteral("sceneView"));
     setWidget(m_view);
+    showDebugOptions(tessaro::globalAppConfig().debugOptions);
 
     if (m_tab) {
         connect(m_tab, &projectTab::currentSceneChanged, this, &CanvasView::presentCurrentScene);
@@ -129,6 +132,16 @@ void CanvasView::relayout()
     m_view->setZoom(resizeFill ? zoom : 1.0);
     m_lastSceneSize = m_kitScene ? m_kitScene->size() : QSizeF();
     m_view->setFixedSize(frameSize());
+}
+
+void CanvasView::showDebugOptions(const std::vector<tessaro::DebugOption>& options)
+{
+    const auto chosen = [&options](tessaro::DebugOption option) {
+        return std::find(options.begin(), options.end(), option) != options.end();
+    };
+    m_view->setShowsFPS(chosen(tessaro::DebugOption::showsFPS));
+    m_view->setShowsNodeCount(chosen(tessaro::DebugOption::showsNodeCount));
+    m_view->setShowsPhysics(chosen(tessaro::DebugOption::showsPhysics));
 }
 
 void CanvasView::showEvent(QShowEvent* event)

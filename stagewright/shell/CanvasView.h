@@ -44,6 +44,9 @@ public:
     ~CanvasView() override;
 
     void presentScene(const std::shared_ptr<LevelScene>& scene) override;
+    /// The kit's view shows the frame rate, the node count and the physics
+    /// bodies; the other options have no overlay here.
+    void showDebugOptions(const std::vector<tessaro::DebugOption>& options) override;
 
     projectTab* tab() const { return m_tab; }
     const std::shared_ptr<LevelScene>& shownScene() const { return m_shown; }

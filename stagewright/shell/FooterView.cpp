@@ -48,6 +48,12 @@ FooterView::FooterView(SceneSettings& settings, Commands& commands, QWidget* par
     refresh();
 }
 
+void FooterView::addStatusWidget(QWidget* widget)
+{
+    widget->setParent(this);
+    layout()->addWidget(widget);
+}
+
 void FooterView::refresh()
 {
     const std::shared_ptr<projectTab> tab = m_commands.frontTab();

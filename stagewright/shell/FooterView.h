@@ -18,6 +18,8 @@ public:
 
     QToolButton* levelLink() const { return m_level; }
     QToolButton* workspaceLink() const { return m_workspace; }
+    /// Puts a widget at the right end of the footer.
+    void addStatusWidget(QWidget* widget);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

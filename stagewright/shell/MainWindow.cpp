@@ -2,7 +2,9 @@
 
 #include "CanvasView.h"
 #include "Commands.h"
+#include "DownloadBar.h"
 #include "FooterView.h"
+#include "HelpCommands.h"
 #include "NavigationToolbar.h"
 #include "PlayLevel.h"
 #include "ShellIcons.h"
@@ -187,16 +189,18 @@ void MainWindow::buildMenus()
     m_toolbar->addAction(play);
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
-    QAction* helpWindow = addCommand(help, tr("Tessaro - StageWright Help"), QKeySequence(), nullptr);
-    helpWindow->setEnabled(false);
+    // The help commands wait for `setHelpCommands`.
+    m_helpWindow = addCommand(help, tr("Tessaro - StageWright Help"), QKeySequence::HelpContents, nullptr);
+    m_helpWindow->setEnabled(false);
     help->addSeparator();
-    QAction* pages = addCommand(help, tr("Github Pages"), QKeySequence(), nullptr);
-    pages->setEnabled(false);
-    QMenu* download = help->addMenu(tr("Download"));
-    addCommand(download, tr("Tessaro Api"), QKeySequence(), nullptr)->setEnabled(false);
-    addCommand(download, tr("StageWright Sample Workspace"), QKeySequence(), nullptr)->setEnabled(false);
-    download->menuAction()->setEnabled(false);
-    m_commandsList.append(download->menuAction());
+    m_sourcePage = addCommand(help, tr("Github Pages"), QKeySequence(), nullptr);
+    m_sourcePage->setEnabled(false);
+    m_downloadMenu = help->addMenu(tr("Download"));
+    m_downloadMenu->setObjectName(QStringLiteral("downloadMenu"));
+    for (const ArchiveItem& item : archiveItems())
+        addCommand(m_downloadMenu, item.title, QKeySequence(), nullptr);
+    m_downloadMenu->menuAction()->setEnabled(false);
+    m_commandsList.append(m_downloadMenu->menuAction());
     help->addSeparator();
     QAction* about = addCommand(help, tr("About Tessaro - StageWright"), QKeySequence(), nullptr);
     about->setIcon(shellIcon(Symbol::info));
@@ -205,6 +209,21 @@ void MainWindow::buildMenus()
     // There is no updater on this platform: the command stays, disabled.
     QAction* updates = addCommand(help, tr("Check for Updates…"), QKeySequence(), nullptr);
     updates->setEnabled(false);
+}
+
+void MainWindow::setHelpCommands(HelpCommands& help)
+{
+    connect(m_helpWindow, &QAction::triggered, &help, &HelpCommands::openHelp);
+    connect(m_sourcePage, &QAction::triggered, &help, &HelpCommands::openSourcePage);
+    const QList<QAction*> downloads = m_downloadMenu->actions();
+    for (std::size_t i = 0; i < archiveItems().size() && i < std::size_t(downloads.size()); ++i) {
+        const ArchiveItem item = archiveItems()[i];
+        connect(downloads[qsizetype(i)], &QAction::triggered, &help, [&help, item] { help.download(item); });
+    }
+    for (QAction* action : {m_helpWindow, m_sourcePage, m_downloadMenu->menuAction()})
+        action->setEnabled(true);
+    m_footer->addStatusWidget(
+        new DownloadBar(help.downloader(), [&help](const QString& file) { help.showInFolder(file); }));
 }
 
 QAction* MainWindow::action(const QString& title) const

@@ -18,6 +18,7 @@ namespace stagewright {
 class CanvasView;
 class Commands;
 class FooterView;
+class HelpCommands;
 class InspectorView;
 class NavigationToolbar;
 class SceneSettings;
@@ -34,6 +35,8 @@ public:
     /// The menu command with that title ("Save", "Open Recent...").
     QAction* action(const QString& title) const;
     QMenu* recentMenu() const { return m_recentMenu; }
+    /// Gives the help menu its commands and the footer its download bar.
+    void setHelpCommands(HelpCommands& help);
 
     TabStrip* tabStrip() const { return m_tabStrip; }
     NavigationToolbar* toolbar() const { return m_toolbar; }
@@ -87,6 +90,9 @@ private:
     QAction* m_copy = nullptr;
     QAction* m_paste = nullptr;
     QAction* m_delete = nullptr;
+    QAction* m_helpWindow = nullptr;
+    QAction* m_sourcePage = nullptr;
+    QMenu* m_downloadMenu = nullptr;
 };
 
 } // namespace stagewright

@@ -3,13 +3,17 @@
 #include "Appearance.h"
 #include "Commands.h"
 #include "Dialogs.h"
+#include "Downloader.h"
+#include "HelpCommands.h"
 #include "MainWindow.h"
 #include "ObjectMenuPopup.h"
 #include "SampleWorkspace.h"
+#include "WelcomeSheet.h"
 #include "Windows.h"
 
 #include <stagewright/inspector/EditRouting.h>
 #include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/AppPreferences.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/Workspace.h>
@@ -49,12 +53,16 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
     installEditing(&m_settings);
     sceneEditor::setMenuPresenter(popUpObjectMenu);
     m_appearance = std::make_unique<Appearance>(m_settings);
+    m_preferences = std::make_unique<AppPreferences>(m_settings);
     m_dialogs = std::make_unique<DesktopDialogs>();
     m_windows = std::make_unique<WindowManager>(m_settings);
     m_commands = std::make_unique<Commands>(m_settings, *m_dialogs, m_windows.get());
     m_commands->setFilesToOpen(files);
     m_mainWindow = std::make_unique<MainWindow>(m_settings, *m_commands, m_windows.get());
     m_dialogs->setParent(m_mainWindow.get());
+    m_downloader = std::make_unique<Downloader>();
+    m_help = std::make_unique<HelpCommands>(*m_downloader, m_windows.get());
+    m_mainWindow->setHelpCommands(*m_help);
     connect(m_mainWindow.get(), &MainWindow::closing, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
@@ -62,6 +70,8 @@ StageWrightApp::~StageWrightApp()
 {
     // The windows go before the objects they use.
     m_mainWindow.reset();
+    m_help.reset();
+    m_downloader.reset();
     m_windows.reset();
     m_commands.reset();
 }
@@ -69,6 +79,7 @@ StageWrightApp::~StageWrightApp()
 void StageWrightApp::show()
 {
     m_mainWindow->show();
+    showWelcomeOnFirstStart(m_mainWindow.get(), m_settings);
 }
 
 } // namespace stagewright

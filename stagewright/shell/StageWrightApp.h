@@ -20,9 +20,12 @@ class QApplication;
 
 namespace stagewright {
 
+class AppPreferences;
 class Appearance;
 class Commands;
 class DesktopDialogs;
+class Downloader;
+class HelpCommands;
 class MainWindow;
 class SceneSettings;
 class WindowManager;
@@ -42,6 +45,7 @@ public:
     Commands& commands() { return *m_commands; }
     MainWindow& mainWindow() { return *m_mainWindow; }
     WindowManager& windows() { return *m_windows; }
+    AppPreferences& preferences() { return *m_preferences; }
     /// The sample projects this start put into a new default workspace.
     const QStringList& installedSamples() const { return m_installedSamples; }
 
@@ -54,6 +58,9 @@ private:
     QStringList m_installedSamples;
     SceneSettings& m_settings;
     std::unique_ptr<Appearance> m_appearance;
+    std::unique_ptr<AppPreferences> m_preferences;
+    std::unique_ptr<Downloader> m_downloader;
+    std::unique_ptr<HelpCommands> m_help;
     std::unique_ptr<DesktopDialogs> m_dialogs;
     std::unique_ptr<WindowManager> m_windows;
     std::unique_ptr<Commands> m_commands;

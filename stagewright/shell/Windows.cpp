@@ -1,5 +1,8 @@
 #include "Windows.h"
 
+#include "AboutWindow.h"
+#include "HelpWindow.h"
+
 #include <stagewright/state/SceneSettings.h>
 
 #include <tessaro/model/ConfigFiles.h>
@@ -79,45 +82,6 @@ SettingsWindow::SettingsWindow(SceneSettings& settings, QWidget* parent) : QWidg
     connect(&settings, &SceneSettings::isDarkChanged, m_darkMode,
             [this, &settings] { m_darkMode->setChecked(settings.isDark()); });
     resize(480, 240);
-}
-
-// ---- About ------------------------------------------------------------------------
-
-AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window)
-{
-    setObjectName(WindowId::about);
-    setWindowTitle(tr("About StageWright"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(40, 30, 40, 30);
-    auto* name = new QLabel(tr("Tessaro - StageWright"), this);
-    QFont font = name->font();
-    font.setPointSizeF(font.pointSizeF() * 1.6);
-    font.setBold(true);
-    name->setFont(font);
-    name->setAlignment(Qt::AlignCenter);
-    auto* version = new QLabel(versionLine(), this);
-    version->setObjectName(QStringLiteral("versionLine"));
-    version->setAlignment(Qt::AlignCenter);
-    layout->addWidget(name);
-    layout->addWidget(version);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-QString AboutWindow::versionLine()
-{
-    QString version = QCoreApplication::applicationVersion();
-    if (version.isEmpty())
-        version = QStringLiteral("N/A");
-    return tr("Version %1 (%2)").arg(version, version);
-}
-
-// ---- Help -------------------------------------------------------------------------
-
-HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window)
-{
-    setObjectName(WindowId::help);
-    setWindowTitle(tr("StageWright Help"));
-    resize(640, 480);
 }
 
 // ---- Manager ----------------------------------------------------------------------

@@ -55,22 +55,6 @@ private:
     QCheckBox* m_darkMode = nullptr;
 };
 
-/// "About StageWright".
-class AboutWindow : public QWidget {
-    Q_OBJECT
-public:
-    explicit AboutWindow(QWidget* parent = nullptr);
-    /// "Version " + the short version + " (" + the build version + ")".
-    static QString versionLine();
-};
-
-/// "StageWright Help".
-class HelpWindow : public QWidget {
-    Q_OBJECT
-public:
-    explicit HelpWindow(QWidget* parent = nullptr);
-};
-
 /// Makes the windows on first use and keeps them for the run. A window that
 /// is closed is hidden, so it opens again as it was.
 class WindowManager : public QObject, public WindowDirectory {

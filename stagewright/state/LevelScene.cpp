@@ -5,4 +5,6 @@ namespace stagewright {
 LevelScene::~LevelScene() = default;
 SceneHost::~SceneHost() = default;
 
+void SceneHost::showDebugOptions(const std::vector<tessaro::DebugOption>&) {}
+
 } // namespace stagewright

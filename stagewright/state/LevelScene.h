@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace stagewright {
 
@@ -88,6 +89,9 @@ public:
     /// they stop showing, and a host that goes away clears the host of the
     /// scene it shows.
     virtual void presentScene(const std::shared_ptr<LevelScene>& scene) = 0;
+    /// Shows the debugging overlays named in `options` and hides the others.
+    /// A host without such overlays ignores them.
+    virtual void showDebugOptions(const std::vector<tessaro::DebugOption>& options);
 };
 
 /// Builds the scene of a tab. The tab passed is the one whose levels the scene
