@@ -56,57 +56,24 @@ public:
 /// The three red lines that show how far an obstacle or character acts.
 class distanceNode : public tessaro::kit::Node {};
 
-class elementNode : public tessaro::kit::SpriteNode {
+class elementNode : public tessaro::kit::SpriteNode, public elementData {
 public:
     /// A node of `texture` at `size` (the texture's size when empty), with a
     /// clear colour, anchor (0.5,0.5) and a new UUID text as its name.
     elementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size);
     static std::shared_ptr<elementNode> create(const tessaro::kit::TexturePtr& texture, const QSizeF& size = {});
 
-    // ---- Fields -------------------------------------------------------------------
+    // ---- Fields (the records are those of elementData) -----------------------------
 
-    /// The catalogue record: an Obstacle, a Character or a GenericObject.
-    std::shared_ptr<const catalogueRecord> defaultViewProperties;
-    std::optional<tessaro::Obstacle> obstacleOverrides;
-    std::optional<tessaro::GroundSection> groundSection;
-    /// The element's own device entries; they go back into its record on save.
-    std::optional<std::vector<tessaro::DeviceProperties>> devices;
-    std::optional<tessaro::Character> characterOverrides;
-    std::optional<tessaro::AnimationProperty> animationOverrides;
-    /// The rotation shown: each field from the override record, else from the
-    /// catalogue. Edits go here and into `obstacleOverrides->rotationProperties`,
-    /// which is what a save stores, so the file stays sparse.
-    std::optional<tessaro::RotationProperties> rotationOverrides;
-    std::optional<tessaro::Artifact> artifactOverrides;
-    std::optional<tessaro::Coin> coinOverrides;
-    std::optional<tessaro::Shield> shieldOverrides;
-    std::optional<tessaro::CheckPointLocation> checkPointOverrides;
-    std::optional<tessaro::Uuid> backgroundAssociatedId;
-    std::optional<std::vector<tessaro::GameSound>> soundEffects;
-    std::optional<std::string> imageOverride;
-    std::optional<std::int64_t> sequenceId;
-    std::optional<tessaro::PhysicsProperty> physics;
-    std::optional<tessaro::characterClassType> charClassType;
     bool isSelected = false;
     bool activelySelected = false;
     tessaro::pathDirection snaptoLocation = tessaro::pathDirection::none;
     bool repeatedNode = false;
     QString repeatParentNode;
     bool lockPosition = false;
-    bool property_useGravity = false;
-    std::optional<std::string> property_objectName;
     std::optional<tessaro::sceneObjectType> property_sceneObjectType;
-    std::string property_hidesBehindObject;
-    std::string backgroundImagename;
     std::shared_ptr<distanceNode> distanceGuideNode;
 
-    /// The level item as read, for the fields a save keeps that no other field
-    /// holds (a coin's image, a character item's type text, ...). Absent for
-    /// nodes made by the picker.
-    std::shared_ptr<const levelItemRecord> loadedItem;
-    /// The element cannot be shown (its catalogue entry is missing): the node
-    /// is hidden, has no picture, and a save writes `loadedItem` back as read.
-    bool keptOnly = false;
     /// The element's identity for the session (0 for repeated copies and
     /// nodes outside a tab).
     elementHandle handle = 0;

@@ -14,29 +14,7 @@ ElementRecords elementNode::records() const
 {
     ElementRecords element;
     element.kind = kind();
-    element.defaultViewProperties = defaultViewProperties;
-    element.obstacleOverrides = obstacleOverrides;
-    element.groundSection = groundSection;
-    element.devices = devices;
-    element.characterOverrides = characterOverrides;
-    element.animationOverrides = animationOverrides;
-    element.rotationOverrides = rotationOverrides;
-    element.artifactOverrides = artifactOverrides;
-    element.coinOverrides = coinOverrides;
-    element.shieldOverrides = shieldOverrides;
-    element.checkPointOverrides = checkPointOverrides;
-    element.backgroundAssociatedId = backgroundAssociatedId;
-    element.soundEffects = soundEffects;
-    element.imageOverride = imageOverride;
-    element.sequenceId = sequenceId;
-    element.physics = physics;
-    element.charClassType = charClassType;
-    element.property_useGravity = property_useGravity;
-    element.property_objectName = property_objectName;
-    element.property_hidesBehindObject = property_hidesBehindObject;
-    element.backgroundImagename = backgroundImagename;
-    element.loadedItem = loadedItem;
-    element.keptOnly = keptOnly;
+    static_cast<elementData&>(element) = *this;
 
     element.texture = texture();
     element.size = size();
@@ -57,29 +35,7 @@ void elementNode::restoreRecords(const ElementRecords& element)
 {
     property_sceneObjectType =
         element.kind == sceneObjectType::none ? std::nullopt : std::optional<sceneObjectType>(element.kind);
-    defaultViewProperties = element.defaultViewProperties;
-    obstacleOverrides = element.obstacleOverrides;
-    groundSection = element.groundSection;
-    devices = element.devices;
-    characterOverrides = element.characterOverrides;
-    animationOverrides = element.animationOverrides;
-    rotationOverrides = element.rotationOverrides;
-    artifactOverrides = element.artifactOverrides;
-    coinOverrides = element.coinOverrides;
-    shieldOverrides = element.shieldOverrides;
-    checkPointOverrides = element.checkPointOverrides;
-    backgroundAssociatedId = element.backgroundAssociatedId;
-    soundEffects = element.soundEffects;
-    imageOverride = element.imageOverride;
-    sequenceId = element.sequenceId;
-    physics = element.physics;
-    charClassType = element.charClassType;
-    property_useGravity = element.property_useGravity;
-    property_objectName = element.property_objectName;
-    property_hidesBehindObject = element.property_hidesBehindObject;
-    backgroundImagename = element.backgroundImagename;
-    loadedItem = element.loadedItem;
-    keptOnly = element.keptOnly;
+    static_cast<elementData&>(*this) = element;
 
     setTexture(element.texture);
     setSize(element.size);

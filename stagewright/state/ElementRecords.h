@@ -45,14 +45,21 @@ struct elementBodyMasks {
 /// every load; a handle stays with its element from level to level and back.
 using elementHandle = std::uint64_t;
 
-struct ElementRecords {
-    tessaro::sceneObjectType kind = tessaro::sceneObjectType::none;
+/// What an element of a level holds besides its picture: the catalogue
+/// record it shows, its override records, device entries and sounds. The
+/// canvas node carries these fields, and a save stores them.
+struct elementData {
+    /// The catalogue record: an Obstacle, a Character or a GenericObject.
     std::shared_ptr<const defaultViewRecord> defaultViewProperties;
     std::optional<tessaro::Obstacle> obstacleOverrides;
     std::optional<tessaro::GroundSection> groundSection;
+    /// The element's own device entries; they go back into its record on save.
     std::optional<std::vector<tessaro::DeviceProperties>> devices;
     std::optional<tessaro::Character> characterOverrides;
     std::optional<tessaro::AnimationProperty> animationOverrides;
+    /// The rotation shown: each field from the override record, else from the
+    /// catalogue. Edits go here and into `obstacleOverrides->rotationProperties`,
+    /// which is what a save stores, so the file stays sparse.
     std::optional<tessaro::RotationProperties> rotationOverrides;
     std::optional<tessaro::Artifact> artifactOverrides;
     std::optional<tessaro::Coin> coinOverrides;
@@ -68,8 +75,19 @@ struct ElementRecords {
     std::optional<std::string> property_objectName;
     std::string property_hidesBehindObject;
     std::string backgroundImagename;
+    /// The level item as read, for the fields a save keeps that no other field
+    /// holds (a coin's image, a character item's type text, ...). Absent for
+    /// elements made by the picker.
     std::shared_ptr<const levelItemRecord> loadedItem;
+    /// The element cannot be shown (its catalogue entry is missing): its node
+    /// is hidden, has no picture, and a save writes `loadedItem` back as read.
     bool keptOnly = false;
+
+    bool operator==(const elementData&) const = default;
+};
+
+struct ElementRecords : elementData {
+    tessaro::sceneObjectType kind = tessaro::sceneObjectType::none;
 
     // What the node shows.
     std::shared_ptr<tessaro::kit::Texture> texture;
