@@ -35,9 +35,9 @@ DownloadBar::DownloadBar(Downloader& downloader, std::function<void(const QStrin
     m_dismiss->setText(QStringLiteral("×"));
     m_dismiss->setAutoRaise(true);
     m_dismiss->setToolTip(tr("Hide this message"));
-    for (QWidget* part : {static_cast<QWidget*>(m_message), static_cast<QWidget*>(m_progress),
-                          static_cast<QWidget*>(m_cancel), static_cast<QWidget*>(m_showInFolder),
-                          static_cast<QWidget*>(m_dismiss)})
+    for (QWidget* part :
+         {static_cast<QWidget*>(m_message), static_cast<QWidget*>(m_progress), static_cast<QWidget*>(m_cancel),
+          static_cast<QWidget*>(m_showInFolder), static_cast<QWidget*>(m_dismiss)})
         layout->addWidget(part);
 
     connect(m_cancel, &QPushButton::clicked, &m_downloader, &Downloader::cancel);

@@ -92,7 +92,8 @@ TEST_F(DownloadTest, ArchiveArrivesWholeAndReplacesAnEarlierOne)
     ASSERT_TRUE(fetch(server.url(QStringLiteral("/files/Tessaro.xcframework.zip")).toString()));
     EXPECT_EQ(folderContents(downloads.path()),
               (QMap<QString, QByteArray>{{QStringLiteral("Tessaro.xcframework.zip"), first}}));
-    EXPECT_TRUE(lines.contains("File downloaded to: " + target(QStringLiteral("Tessaro.xcframework.zip")).toStdString()));
+    EXPECT_TRUE(
+        lines.contains("File downloaded to: " + target(QStringLiteral("Tessaro.xcframework.zip")).toStdString()));
     ASSERT_FALSE(progress.isEmpty());
     EXPECT_EQ(progress.last().at(0).toLongLong(), first.size());
     EXPECT_EQ(progress.last().at(1).toLongLong(), first.size());
