@@ -47,8 +47,8 @@ struct LoadedConfig {
     static constexpr auto fields()
     {
         using S = LoadedConfig;
-        return std::tuple{TESSARO_FIELD(darkMode), TESSARO_FIELD(defaultImageType), TESSARO_FIELD(defaultSoundType),
-                          TESSARO_FIELD(defaultImageScale)};
+        return ::tessaro::FieldList{TESSARO_FIELD(darkMode), TESSARO_FIELD(defaultImageType),
+                                    TESSARO_FIELD(defaultSoundType), TESSARO_FIELD(defaultImageScale)};
     }
 };
 
@@ -61,7 +61,7 @@ struct TitleSceneConfig {
     static constexpr auto fields()
     {
         using S = TitleSceneConfig;
-        return std::tuple{TESSARO_FIELD(backgroundSounds), TESSARO_FIELD(titleSceneCharacters)};
+        return ::tessaro::FieldList{TESSARO_FIELD(backgroundSounds), TESSARO_FIELD(titleSceneCharacters)};
     }
 };
 

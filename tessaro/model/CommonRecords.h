@@ -32,12 +32,12 @@ struct DeviceProperties {
     static constexpr auto fields()
     {
         using S = DeviceProperties;
-        return std::tuple{TESSARO_FIELD(altPosition),     TESSARO_FIELD(deviceName),
-                          TESSARO_FIELD(digitSize),       TESSARO_FIELD(distance),
-                          TESSARO_FIELD(offsetEdge),      TESSARO_FIELD(fontSize),
-                          TESSARO_FIELD(offsetHealthBar), TESSARO_FIELD(offset),
-                          TESSARO_FIELD(position),        TESSARO_FIELD(randomPositionRange),
-                          TESSARO_FIELD(selectorSize),    TESSARO_FIELD(size)};
+        return ::tessaro::FieldList{TESSARO_FIELD(altPosition),     TESSARO_FIELD(deviceName),
+                                    TESSARO_FIELD(digitSize),       TESSARO_FIELD(distance),
+                                    TESSARO_FIELD(offsetEdge),      TESSARO_FIELD(fontSize),
+                                    TESSARO_FIELD(offsetHealthBar), TESSARO_FIELD(offset),
+                                    TESSARO_FIELD(position),        TESSARO_FIELD(randomPositionRange),
+                                    TESSARO_FIELD(selectorSize),    TESSARO_FIELD(size)};
     }
 };
 
@@ -50,7 +50,7 @@ struct ExtraProperties {
     static constexpr auto fields()
     {
         using S = ExtraProperties;
-        return std::tuple{TESSARO_FIELD(name), TESSARO_FIELD(value)};
+        return ::tessaro::FieldList{TESSARO_FIELD(name), TESSARO_FIELD(value)};
     }
 };
 
@@ -66,9 +66,9 @@ struct GameSound {
     static constexpr auto fields()
     {
         using S = GameSound;
-        return std::tuple{TESSARO_FIELD(id),       TESSARO_FIELD(type),
-                          TESSARO_FIELD(filename), TESSARO_FIELD(fileExtension),
-                          TESSARO_FIELD(volume),   TESSARO_FIELD(waitForCompletion)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),       TESSARO_FIELD(type),
+                                    TESSARO_FIELD(filename), TESSARO_FIELD(fileExtension),
+                                    TESSARO_FIELD(volume),   TESSARO_FIELD(waitForCompletion)};
     }
 };
 

@@ -9,8 +9,8 @@
 
 #include <optional>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace tessaro {
@@ -28,6 +28,55 @@ Field(const char*, Member Record::*) -> Field<Record, Member>;
 // clang-format off
 #define TESSARO_FIELD(name) ::tessaro::Field{#name, &S::name}
 // clang-format on
+
+namespace detail {
+template <std::size_t I, class F>
+struct FieldSlot {
+    F field;
+};
+template <class Indexes, class... Fs>
+struct FieldSlots;
+template <std::size_t... I, class... Fs>
+struct FieldSlots<std::index_sequence<I...>, Fs...> : FieldSlot<I, Fs>... {
+    constexpr explicit FieldSlots(Fs... fs) : FieldSlot<I, Fs>{fs}... {}
+};
+template <std::size_t I, class F>
+constexpr const F& fieldAt(const FieldSlot<I, F>& slot)
+{
+    return slot.field;
+}
+} // namespace detail
+
+/// The fields of a record in declaration order. A plain list rather than a
+/// std::tuple: every source that includes the records builds these lists, and
+/// the tuple's constrained constructors cost seconds of every compile.
+template <class... Fs>
+struct FieldList : detail::FieldSlots<std::index_sequence_for<Fs...>, Fs...> {
+    static constexpr std::size_t size = sizeof...(Fs);
+
+    constexpr FieldList(Fs... fs) : detail::FieldSlots<std::index_sequence_for<Fs...>, Fs...>(fs...) {}
+
+    template <std::size_t N>
+    constexpr const auto& get() const
+    {
+        return detail::fieldAt<N>(*this);
+    }
+    /// Calls `f(field...)` with every field.
+    template <class F>
+    constexpr void apply(F&& f) const
+    {
+        applyAll(f, std::index_sequence_for<Fs...>{});
+    }
+
+private:
+    template <class F, std::size_t... I>
+    constexpr void applyAll(F& f, std::index_sequence<I...>) const
+    {
+        f(detail::fieldAt<I>(*this)...);
+    }
+};
+template <class... Fs>
+FieldList(Fs...) -> FieldList<Fs...>;
 
 template <class T>
 concept Record = requires
@@ -65,10 +114,10 @@ struct IsVector<std::vector<T>> : std::true_type {
 template <Record R, class F>
 constexpr void forEachField(F&& f)
 {
-    std::apply([&](const auto&... field) { (f(field), ...); }, R::fields());
+    R::fields().apply([&](const auto&... field) { (f(field), ...); });
 }
 
 template <Record R>
-inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(R::fields())>;
+inline constexpr std::size_t fieldCount = decltype(R::fields())::size;
 
 } // namespace tessaro

@@ -19,10 +19,10 @@ struct LevelSettings {
     static constexpr auto fields()
     {
         using S = LevelSettings;
-        return std::tuple{TESSARO_FIELD(id),         TESSARO_FIELD(scrollOrientation),
-                          TESSARO_FIELD(fontColor),  TESSARO_FIELD(sceneOrientation),
-                          TESSARO_FIELD(scaleMode),  TESSARO_FIELD(size),
-                          TESSARO_FIELD(anchorPoint)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),         TESSARO_FIELD(scrollOrientation),
+                                    TESSARO_FIELD(fontColor),  TESSARO_FIELD(sceneOrientation),
+                                    TESSARO_FIELD(scaleMode),  TESSARO_FIELD(size),
+                                    TESSARO_FIELD(anchorPoint)};
     }
 };
 
@@ -35,7 +35,7 @@ struct PinnedRange {
     static constexpr auto fields()
     {
         using S = PinnedRange;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(range)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(range)};
     }
 };
 
@@ -53,9 +53,10 @@ struct BackgroundImage {
     static constexpr auto fields()
     {
         using S = BackgroundImage;
-        return std::tuple{TESSARO_FIELD(id),           TESSARO_FIELD(isVisible),         TESSARO_FIELD(image),
-                          TESSARO_FIELD(speed),        TESSARO_FIELD(scrollOrientation), TESSARO_FIELD(pinned),
-                          TESSARO_FIELD(pinnedRanges), TESSARO_FIELD(zPosition)};
+        return ::tessaro::FieldList{
+            TESSARO_FIELD(id),           TESSARO_FIELD(isVisible),         TESSARO_FIELD(image),
+            TESSARO_FIELD(speed),        TESSARO_FIELD(scrollOrientation), TESSARO_FIELD(pinned),
+            TESSARO_FIELD(pinnedRanges), TESSARO_FIELD(zPosition)};
     }
 };
 
@@ -67,7 +68,7 @@ struct Background {
     static constexpr auto fields()
     {
         using S = Background;
-        return std::tuple{TESSARO_FIELD(backgrounds), TESSARO_FIELD(soundEffects)};
+        return ::tessaro::FieldList{TESSARO_FIELD(backgrounds), TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -91,19 +92,19 @@ struct GroundSection {
     static constexpr auto fields()
     {
         using S = GroundSection;
-        return std::tuple{TESSARO_FIELD(id),
-                          TESSARO_FIELD(isVisible),
-                          TESSARO_FIELD(distance),
-                          TESSARO_FIELD(image),
-                          TESSARO_FIELD(groundType),
-                          TESSARO_FIELD(imageBottomLayer),
-                          TESSARO_FIELD(repeatCount),
-                          TESSARO_FIELD(groundPhysicsAngleType),
-                          TESSARO_FIELD(stack),
-                          TESSARO_FIELD(anchorPoint),
-                          TESSARO_FIELD(zPosition),
-                          TESSARO_FIELD(devices),
-                          TESSARO_FIELD(extraProperties)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),
+                                    TESSARO_FIELD(isVisible),
+                                    TESSARO_FIELD(distance),
+                                    TESSARO_FIELD(image),
+                                    TESSARO_FIELD(groundType),
+                                    TESSARO_FIELD(imageBottomLayer),
+                                    TESSARO_FIELD(repeatCount),
+                                    TESSARO_FIELD(groundPhysicsAngleType),
+                                    TESSARO_FIELD(stack),
+                                    TESSARO_FIELD(anchorPoint),
+                                    TESSARO_FIELD(zPosition),
+                                    TESSARO_FIELD(devices),
+                                    TESSARO_FIELD(extraProperties)};
     }
 };
 
@@ -119,8 +120,8 @@ struct ObstacleLevelItem {
     static constexpr auto fields()
     {
         using S = ObstacleLevelItem;
-        return std::tuple{TESSARO_FIELD(elementName), TESSARO_FIELD(name), TESSARO_FIELD(zPosition),
-                          TESSARO_FIELD(isVisible), TESSARO_FIELD(properties)};
+        return ::tessaro::FieldList{TESSARO_FIELD(elementName), TESSARO_FIELD(name), TESSARO_FIELD(zPosition),
+                                    TESSARO_FIELD(isVisible), TESSARO_FIELD(properties)};
     }
 };
 
@@ -138,9 +139,10 @@ struct CharacterLevelItem {
     static constexpr auto fields()
     {
         using S = CharacterLevelItem;
-        return std::tuple{TESSARO_FIELD(elementName),       TESSARO_FIELD(name),      TESSARO_FIELD(sceneObjectType),
-                          TESSARO_FIELD(charClassType),     TESSARO_FIELD(zPosition), TESSARO_FIELD(isVisible),
-                          TESSARO_FIELD(hidesBehindObject), TESSARO_FIELD(properties)};
+        return ::tessaro::FieldList{TESSARO_FIELD(elementName),       TESSARO_FIELD(name),
+                                    TESSARO_FIELD(sceneObjectType),   TESSARO_FIELD(charClassType),
+                                    TESSARO_FIELD(zPosition),         TESSARO_FIELD(isVisible),
+                                    TESSARO_FIELD(hidesBehindObject), TESSARO_FIELD(properties)};
     }
 };
 
@@ -153,7 +155,7 @@ struct CheckPointLocation {
     static constexpr auto fields()
     {
         using S = CheckPointLocation;
-        return std::tuple{TESSARO_FIELD(isVisible), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices)};
+        return ::tessaro::FieldList{TESSARO_FIELD(isVisible), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices)};
     }
 };
 
@@ -167,8 +169,8 @@ struct CheckPointData {
     static constexpr auto fields()
     {
         using S = CheckPointData;
-        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(animateFromImage), TESSARO_FIELD(soundEffects),
-                          TESSARO_FIELD(locations)};
+        return ::tessaro::FieldList{TESSARO_FIELD(image), TESSARO_FIELD(animateFromImage), TESSARO_FIELD(soundEffects),
+                                    TESSARO_FIELD(locations)};
     }
 };
 
@@ -181,7 +183,7 @@ struct FontInfo {
     static constexpr auto fields()
     {
         using S = FontInfo;
-        return std::tuple{TESSARO_FIELD(fontName), TESSARO_FIELD(fontSize), TESSARO_FIELD(fontColor)};
+        return ::tessaro::FieldList{TESSARO_FIELD(fontName), TESSARO_FIELD(fontSize), TESSARO_FIELD(fontColor)};
     }
 };
 
@@ -197,8 +199,8 @@ struct WindowItem {
     static constexpr auto fields()
     {
         using S = WindowItem;
-        return std::tuple{TESSARO_FIELD(type),     TESSARO_FIELD(image),     TESSARO_FIELD(text),
-                          TESSARO_FIELD(fontInfo), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices)};
+        return ::tessaro::FieldList{TESSARO_FIELD(type),     TESSARO_FIELD(image),     TESSARO_FIELD(text),
+                                    TESSARO_FIELD(fontInfo), TESSARO_FIELD(zPosition), TESSARO_FIELD(devices)};
     }
 };
 
@@ -215,8 +217,8 @@ struct LevelEndData {
     static constexpr auto fields()
     {
         using S = LevelEndData;
-        return std::tuple{TESSARO_FIELD(windowOffset), TESSARO_FIELD(zPosition), TESSARO_FIELD(windowItems),
-                          TESSARO_FIELD(characters),   TESSARO_FIELD(obstacles), TESSARO_FIELD(soundEffects)};
+        return ::tessaro::FieldList{TESSARO_FIELD(windowOffset), TESSARO_FIELD(zPosition), TESSARO_FIELD(windowItems),
+                                    TESSARO_FIELD(characters),   TESSARO_FIELD(obstacles), TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -233,9 +235,9 @@ struct Coin {
     static constexpr auto fields()
     {
         using S = Coin;
-        return std::tuple{TESSARO_FIELD(devices),     TESSARO_FIELD(image), TESSARO_FIELD(isVisible),
-                          TESSARO_FIELD(repeatCount), TESSARO_FIELD(stack), TESSARO_FIELD(useGravity),
-                          TESSARO_FIELD(zPosition)};
+        return ::tessaro::FieldList{TESSARO_FIELD(devices),     TESSARO_FIELD(image), TESSARO_FIELD(isVisible),
+                                    TESSARO_FIELD(repeatCount), TESSARO_FIELD(stack), TESSARO_FIELD(useGravity),
+                                    TESSARO_FIELD(zPosition)};
     }
 };
 
@@ -250,8 +252,8 @@ struct Coins {
     static constexpr auto fields()
     {
         using S = Coins;
-        return std::tuple{TESSARO_FIELD(coins), TESSARO_FIELD(image), TESSARO_FIELD(startCoinNumber),
-                          TESSARO_FIELD(repeatDistance), TESSARO_FIELD(soundEffects)};
+        return ::tessaro::FieldList{TESSARO_FIELD(coins), TESSARO_FIELD(image), TESSARO_FIELD(startCoinNumber),
+                                    TESSARO_FIELD(repeatDistance), TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -266,8 +268,8 @@ struct Shield {
     static constexpr auto fields()
     {
         using S = Shield;
-        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(devices), TESSARO_FIELD(isVisible), TESSARO_FIELD(timed),
-                          TESSARO_FIELD(zPosition)};
+        return ::tessaro::FieldList{TESSARO_FIELD(image), TESSARO_FIELD(devices), TESSARO_FIELD(isVisible),
+                                    TESSARO_FIELD(timed), TESSARO_FIELD(zPosition)};
     }
 };
 
@@ -280,7 +282,7 @@ struct Shields {
     static constexpr auto fields()
     {
         using S = Shields;
-        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(shields), TESSARO_FIELD(soundEffects)};
+        return ::tessaro::FieldList{TESSARO_FIELD(image), TESSARO_FIELD(shields), TESSARO_FIELD(soundEffects)};
     }
 };
 
@@ -296,8 +298,8 @@ struct Artifact {
     static constexpr auto fields()
     {
         using S = Artifact;
-        return std::tuple{TESSARO_FIELD(alpha),     TESSARO_FIELD(devices),         TESSARO_FIELD(image),
-                          TESSARO_FIELD(isVisible), TESSARO_FIELD(objectClassType), TESSARO_FIELD(zPosition)};
+        return ::tessaro::FieldList{TESSARO_FIELD(alpha),     TESSARO_FIELD(devices),         TESSARO_FIELD(image),
+                                    TESSARO_FIELD(isVisible), TESSARO_FIELD(objectClassType), TESSARO_FIELD(zPosition)};
     }
 };
 
@@ -311,8 +313,8 @@ struct Artifacts {
     static constexpr auto fields()
     {
         using S = Artifacts;
-        return std::tuple{TESSARO_FIELD(artifacts), TESSARO_FIELD(image), TESSARO_FIELD(soundEffects),
-                          TESSARO_FIELD(startArtifactNumber)};
+        return ::tessaro::FieldList{TESSARO_FIELD(artifacts), TESSARO_FIELD(image), TESSARO_FIELD(soundEffects),
+                                    TESSARO_FIELD(startArtifactNumber)};
     }
 };
 
@@ -334,10 +336,10 @@ struct Level {
     static constexpr auto fields()
     {
         using S = Level;
-        return std::tuple{TESSARO_FIELD(id),       TESSARO_FIELD(settings),  TESSARO_FIELD(background),
-                          TESSARO_FIELD(ground),   TESSARO_FIELD(obstacles), TESSARO_FIELD(checkpoints),
-                          TESSARO_FIELD(levelEnd), TESSARO_FIELD(phaseEnd),  TESSARO_FIELD(characters),
-                          TESSARO_FIELD(coins),    TESSARO_FIELD(shields),   TESSARO_FIELD(artifacts)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),       TESSARO_FIELD(settings),  TESSARO_FIELD(background),
+                                    TESSARO_FIELD(ground),   TESSARO_FIELD(obstacles), TESSARO_FIELD(checkpoints),
+                                    TESSARO_FIELD(levelEnd), TESSARO_FIELD(phaseEnd),  TESSARO_FIELD(characters),
+                                    TESSARO_FIELD(coins),    TESSARO_FIELD(shields),   TESSARO_FIELD(artifacts)};
     }
 };
 

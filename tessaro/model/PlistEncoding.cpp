@@ -281,7 +281,7 @@ constexpr auto sortedFieldOrder()
     constexpr auto fields = R::fields();
     std::array<std::string_view, fieldCount<R>> keys{};
     std::size_t i = 0;
-    std::apply([&](const auto&... field) { ((keys[i++] = field.key), ...); }, fields);
+    fields.apply([&](const auto&... field) { ((keys[i++] = field.key), ...); });
     std::array<std::size_t, fieldCount<R>> order{};
     for (std::size_t j = 0; j < order.size(); ++j)
         order[j] = j;
@@ -301,7 +301,7 @@ void encodeFieldsSorted(W& w, const R& record, std::index_sequence<I...>)
             encodeValue(w, presentValue(member));
         }
     };
-    (encodeField(std::get<order[I]>(fields)), ...);
+    (encodeField(fields.template get<order[I]>()), ...);
 }
 
 template <class W, Record R>

@@ -18,7 +18,8 @@ struct CollisionDetection {
     static constexpr auto fields()
     {
         using S = CollisionDetection;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(category), TESSARO_FIELD(contact), TESSARO_FIELD(collision)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(category), TESSARO_FIELD(contact),
+                                    TESSARO_FIELD(collision)};
     }
 };
 
@@ -35,8 +36,8 @@ struct Actions {
     static constexpr auto fields()
     {
         using S = Actions;
-        return std::tuple{TESSARO_FIELD(initial), TESSARO_FIELD(idle), TESSARO_FIELD(move),
-                          TESSARO_FIELD(attack),  TESSARO_FIELD(toss), TESSARO_FIELD(death)};
+        return ::tessaro::FieldList{TESSARO_FIELD(initial), TESSARO_FIELD(idle), TESSARO_FIELD(move),
+                                    TESSARO_FIELD(attack),  TESSARO_FIELD(toss), TESSARO_FIELD(death)};
     }
 };
 
@@ -54,8 +55,9 @@ struct WaitPerAnimationFrame {
     static constexpr auto fields()
     {
         using S = WaitPerAnimationFrame;
-        return std::tuple{TESSARO_FIELD(id),     TESSARO_FIELD(initial), TESSARO_FIELD(idle),    TESSARO_FIELD(move),
-                          TESSARO_FIELD(attack), TESSARO_FIELD(toss),    TESSARO_FIELD(cycleEnd)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),      TESSARO_FIELD(initial), TESSARO_FIELD(idle),
+                                    TESSARO_FIELD(move),    TESSARO_FIELD(attack),  TESSARO_FIELD(toss),
+                                    TESSARO_FIELD(cycleEnd)};
     }
 };
 
@@ -76,12 +78,12 @@ struct Delays {
     static constexpr auto fields()
     {
         using S = Delays;
-        return std::tuple{TESSARO_FIELD(id),           TESSARO_FIELD(fade),
-                          TESSARO_FIELD(initial),      TESSARO_FIELD(idle),
-                          TESSARO_FIELD(movement),     TESSARO_FIELD(cycleEnd),
-                          TESSARO_FIELD(fadeRange),    TESSARO_FIELD(initialRange),
-                          TESSARO_FIELD(idleRange),    TESSARO_FIELD(movementRange),
-                          TESSARO_FIELD(cycleEndRange)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),           TESSARO_FIELD(fade),
+                                    TESSARO_FIELD(initial),      TESSARO_FIELD(idle),
+                                    TESSARO_FIELD(movement),     TESSARO_FIELD(cycleEnd),
+                                    TESSARO_FIELD(fadeRange),    TESSARO_FIELD(initialRange),
+                                    TESSARO_FIELD(idleRange),    TESSARO_FIELD(movementRange),
+                                    TESSARO_FIELD(cycleEndRange)};
     }
 };
 
@@ -99,9 +101,9 @@ struct TargetDistances {
     static constexpr auto fields()
     {
         using S = TargetDistances;
-        return std::tuple{TESSARO_FIELD(id),       TESSARO_FIELD(maximumRange), TESSARO_FIELD(near),
-                          TESSARO_FIELD(move),     TESSARO_FIELD(attack),       TESSARO_FIELD(toss),
-                          TESSARO_FIELD(moveSpeed)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),       TESSARO_FIELD(maximumRange), TESSARO_FIELD(near),
+                                    TESSARO_FIELD(move),     TESSARO_FIELD(attack),       TESSARO_FIELD(toss),
+                                    TESSARO_FIELD(moveSpeed)};
     }
 };
 
@@ -118,8 +120,8 @@ struct EdgePhysics {
     static constexpr auto fields()
     {
         using S = EdgePhysics;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(startPoint), TESSARO_FIELD(endPoint),
-                          TESSARO_FIELD(framesAffected)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(startPoint),
+                                    TESSARO_FIELD(endPoint), TESSARO_FIELD(framesAffected)};
     }
 };
 
@@ -134,8 +136,8 @@ struct RadiusPhysics {
     static constexpr auto fields()
     {
         using S = RadiusPhysics;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(radius), TESSARO_FIELD(center),
-                          TESSARO_FIELD(framesAffected)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(radius),
+                                    TESSARO_FIELD(center), TESSARO_FIELD(framesAffected)};
     }
 };
 
@@ -150,8 +152,8 @@ struct RectanglePhysics {
     static constexpr auto fields()
     {
         using S = RectanglePhysics;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(size), TESSARO_FIELD(center),
-                          TESSARO_FIELD(framesAffected)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(size),
+                                    TESSARO_FIELD(center), TESSARO_FIELD(framesAffected)};
     }
 };
 
@@ -165,7 +167,7 @@ struct Point {
     static constexpr auto fields()
     {
         using S = Point;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(point)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(point)};
     }
 };
 
@@ -180,8 +182,8 @@ struct PolyPhysics {
     static constexpr auto fields()
     {
         using S = PolyPhysics;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(direction), TESSARO_FIELD(points),
-                          TESSARO_FIELD(framesAffected)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(action), TESSARO_FIELD(direction),
+                                    TESSARO_FIELD(points), TESSARO_FIELD(framesAffected)};
     }
 };
 
@@ -197,8 +199,8 @@ struct PhysicsProperty {
     static constexpr auto fields()
     {
         using S = PhysicsProperty;
-        return std::tuple{TESSARO_FIELD(id), TESSARO_FIELD(edges), TESSARO_FIELD(radiuses), TESSARO_FIELD(rectangles),
-                          TESSARO_FIELD(polygons)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id), TESSARO_FIELD(edges), TESSARO_FIELD(radiuses),
+                                    TESSARO_FIELD(rectangles), TESSARO_FIELD(polygons)};
     }
 };
 
@@ -221,18 +223,18 @@ struct CycleEndProperties {
     static constexpr auto fields()
     {
         using S = CycleEndProperties;
-        return std::tuple{TESSARO_FIELD(id),
-                          TESSARO_FIELD(obstacleAffected),
-                          TESSARO_FIELD(fadeObstacle),
-                          TESSARO_FIELD(atlasName),
-                          TESSARO_FIELD(objectClassType),
-                          TESSARO_FIELD(collisionMasks),
-                          TESSARO_FIELD(removeFromParentAtEnd),
-                          TESSARO_FIELD(animationDuration),
-                          TESSARO_FIELD(callbackFunction),
-                          TESSARO_FIELD(zPosition),
-                          TESSARO_FIELD(devices),
-                          TESSARO_FIELD(physics)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),
+                                    TESSARO_FIELD(obstacleAffected),
+                                    TESSARO_FIELD(fadeObstacle),
+                                    TESSARO_FIELD(atlasName),
+                                    TESSARO_FIELD(objectClassType),
+                                    TESSARO_FIELD(collisionMasks),
+                                    TESSARO_FIELD(removeFromParentAtEnd),
+                                    TESSARO_FIELD(animationDuration),
+                                    TESSARO_FIELD(callbackFunction),
+                                    TESSARO_FIELD(zPosition),
+                                    TESSARO_FIELD(devices),
+                                    TESSARO_FIELD(physics)};
     }
 };
 
@@ -257,21 +259,21 @@ struct AnimationProperty {
     static constexpr auto fields()
     {
         using S = AnimationProperty;
-        return std::tuple{TESSARO_FIELD(id),
-                          TESSARO_FIELD(frequency),
-                          TESSARO_FIELD(moveDirection),
-                          TESSARO_FIELD(flipImage),
-                          TESSARO_FIELD(velocity),
-                          TESSARO_FIELD(animationFrameStart),
-                          TESSARO_FIELD(changePhysics),
-                          TESSARO_FIELD(noPhysicsFirstFrame),
-                          TESSARO_FIELD(noPhysicsLastFrame),
-                          TESSARO_FIELD(horizontalFlip),
-                          TESSARO_FIELD(verticalFlip),
-                          TESSARO_FIELD(waitPerAnimationFrame),
-                          TESSARO_FIELD(delays),
-                          TESSARO_FIELD(cycleEndProperties),
-                          TESSARO_FIELD(physics)};
+        return ::tessaro::FieldList{TESSARO_FIELD(id),
+                                    TESSARO_FIELD(frequency),
+                                    TESSARO_FIELD(moveDirection),
+                                    TESSARO_FIELD(flipImage),
+                                    TESSARO_FIELD(velocity),
+                                    TESSARO_FIELD(animationFrameStart),
+                                    TESSARO_FIELD(changePhysics),
+                                    TESSARO_FIELD(noPhysicsFirstFrame),
+                                    TESSARO_FIELD(noPhysicsLastFrame),
+                                    TESSARO_FIELD(horizontalFlip),
+                                    TESSARO_FIELD(verticalFlip),
+                                    TESSARO_FIELD(waitPerAnimationFrame),
+                                    TESSARO_FIELD(delays),
+                                    TESSARO_FIELD(cycleEndProperties),
+                                    TESSARO_FIELD(physics)};
     }
 };
 
@@ -288,9 +290,10 @@ struct RotationProperties {
     static constexpr auto fields()
     {
         using S = RotationProperties;
-        return std::tuple{TESSARO_FIELD(rotation),    TESSARO_FIELD(rotateForever), TESSARO_FIELD(rotateDuration),
-                          TESSARO_FIELD(rotationPin), TESSARO_FIELD(rotateType),    TESSARO_FIELD(rotateDelay),
-                          TESSARO_FIELD(rotateCount)};
+        return ::tessaro::FieldList{TESSARO_FIELD(rotation),       TESSARO_FIELD(rotateForever),
+                                    TESSARO_FIELD(rotateDuration), TESSARO_FIELD(rotationPin),
+                                    TESSARO_FIELD(rotateType),     TESSARO_FIELD(rotateDelay),
+                                    TESSARO_FIELD(rotateCount)};
     }
 };
 
@@ -303,7 +306,7 @@ struct VelocityRangeProperties {
     static constexpr auto fields()
     {
         using S = VelocityRangeProperties;
-        return std::tuple{TESSARO_FIELD(range), TESSARO_FIELD(velocity)};
+        return ::tessaro::FieldList{TESSARO_FIELD(range), TESSARO_FIELD(velocity)};
     }
 };
 
@@ -321,9 +324,10 @@ struct ProjectileProperties {
     static constexpr auto fields()
     {
         using S = ProjectileProperties;
-        return std::tuple{TESSARO_FIELD(image),   TESSARO_FIELD(imageDirection), TESSARO_FIELD(objectClassType),
-                          TESSARO_FIELD(type),    TESSARO_FIELD(zPosition),      TESSARO_FIELD(devices),
-                          TESSARO_FIELD(physics), TESSARO_FIELD(velocityRanges)};
+        return ::tessaro::FieldList{TESSARO_FIELD(image),           TESSARO_FIELD(imageDirection),
+                                    TESSARO_FIELD(objectClassType), TESSARO_FIELD(type),
+                                    TESSARO_FIELD(zPosition),       TESSARO_FIELD(devices),
+                                    TESSARO_FIELD(physics),         TESSARO_FIELD(velocityRanges)};
     }
 };
 
@@ -338,8 +342,8 @@ struct SiblingProperties {
     static constexpr auto fields()
     {
         using S = SiblingProperties;
-        return std::tuple{TESSARO_FIELD(image), TESSARO_FIELD(zPosition), TESSARO_FIELD(siblingType),
-                          TESSARO_FIELD(devices)};
+        return ::tessaro::FieldList{TESSARO_FIELD(image), TESSARO_FIELD(zPosition), TESSARO_FIELD(siblingType),
+                                    TESSARO_FIELD(devices)};
     }
 };
 
