@@ -1,5 +1,7 @@
-// The state tests run in a private home: HOME and the XDG folders point into a
-// temporary folder before the application object exists.
+// The main of the test programs that need Qt's GUI classes but no windows:
+// they run in a private home (HOME and the XDG folders point into a temporary
+// folder before the application object exists) and draw on the offscreen
+// platform.
 #include "support/PrivateHome.h"
 
 #include <gtest/gtest.h>
