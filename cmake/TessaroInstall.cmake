@@ -17,6 +17,11 @@ function(tessaro_install_library target part)
   set_property(TARGET ${target} PROPERTY INTERFACE_INCLUDE_DIRECTORIES
     "$<BUILD_INTERFACE:${build_includes}>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${part})
+  if(STAGEWRIGHT_SANITIZE)
+    # A static library built with the sanitizers needs their runtime in
+    # whatever links it, the game included.
+    target_link_options(${target} INTERFACE -fsanitize=address,undefined)
+  endif()
   install(TARGETS ${target} EXPORT TessaroTargets COMPONENT Tessaro
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
