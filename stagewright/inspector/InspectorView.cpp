@@ -5,6 +5,7 @@
 #include "DevicePane.h"
 #include "InspectorHead.h"
 #include "PrimaryPane.h"
+#include "SoundEditors.h"
 
 #include <stagewright/state/SceneSettings.h>
 
@@ -150,6 +151,8 @@ void InspectorView::layPanes()
         addPane(new deviceSpecificPropertyView(binding), tr("Device"));
     if (kind == K::character || kind == K::obstacles)
         addPane(new animationPropertyView(binding), tr("Animation"));
+    if (kind != K::ground)
+        m_tabs->addTab(scrolled(new GameSoundObjectEditorView(m_settings)), tr("Sounds"));
     for (int i = 0; i < m_tabs->count(); ++i)
         if (m_tabs->tabText(i) == keptTab)
             m_tabs->setCurrentIndex(i);

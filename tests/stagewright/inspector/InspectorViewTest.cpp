@@ -75,7 +75,7 @@ TEST_F(InspectorViewTest, EachKindShowsItsTabsAndTheRowsThatApplyToIt)
 
     pick(K::obstacles);
     EXPECT_TRUE(view->showsSelection());
-    EXPECT_EQ(view->tabTitles(), (QStringList{"Primary", "Device", "Animation"}));
+    EXPECT_EQ(view->tabTitles(), (QStringList{"Primary", "Device", "Animation", "Sounds"}));
     const std::set<std::string> obstacle{
         "observedname",      "isVisible",      "image",       "objectClassType", "zPosition",
         "allowedTimesToHit", "alpha",          "usePhysics",  "useGravity",      "category",
@@ -85,7 +85,7 @@ TEST_F(InspectorViewTest, EachKindShowsItsTabsAndTheRowsThatApplyToIt)
     EXPECT_EQ(rowsOf("primaryPropertyListView"), obstacle);
 
     pick(K::character);
-    EXPECT_EQ(view->tabTitles(), (QStringList{"Primary", "Device", "Animation"}));
+    EXPECT_EQ(view->tabTitles(), (QStringList{"Primary", "Device", "Animation", "Sounds"}));
     const std::set<std::string> character{
         "observedname", "isVisible",         "image",       "charClassType", "objectClassType",
         "zPosition",    "allowedTimesToHit", "useGravity",  "category",      "collision",
@@ -100,13 +100,13 @@ TEST_F(InspectorViewTest, EachKindShowsItsTabsAndTheRowsThatApplyToIt)
     EXPECT_EQ(rowsOf("primaryPropertyListView"), ground);
 
     pick(K::coin);
-    EXPECT_EQ(view->tabTitles(), (QStringList{"Primary", "Device"}));
+    EXPECT_EQ(view->tabTitles(), (QStringList{"Primary", "Device", "Sounds"}));
     EXPECT_EQ(rowsOf("primaryPropertyListView"),
               (std::set<std::string>{"observedname", "isVisible", "image", "zPosition", "useGravity", "repeatCount",
                                      "stack"}));
 
     pick(K::background);
-    EXPECT_EQ(view->tabTitles(), (QStringList{"Background"}));
+    EXPECT_EQ(view->tabTitles(), (QStringList{"Background", "Sounds"}));
     EXPECT_EQ(
         rowsOf("backgroundPropertyListView"),
         (std::set<std::string>{"image", "isVisible", "backgroundScrollOrientation", "pinned", "speed", "zPosition"}));
