@@ -164,4 +164,10 @@ bool NumberGroup::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
+StepperWidget::~StepperWidget()
+{
+    for (NumberGroup* group : findChildren<NumberGroup*>())
+        group->disconnect(this);
+}
+
 } // namespace stagewright::detail

@@ -83,4 +83,12 @@ private:
     StepperButton* m_plus = nullptr;
 };
 
+/// The base of the steppers. Hiding a field on the way out ends its editing;
+/// the groups stop reporting to the stepper before it goes.
+class StepperWidget : public QWidget {
+public:
+    using QWidget::QWidget;
+    ~StepperWidget() override;
+};
+
 } // namespace stagewright::detail

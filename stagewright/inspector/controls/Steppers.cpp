@@ -57,7 +57,7 @@ QLabel* addWord(QBoxLayout* layout, QWidget* stepper, const QString& word)
 LabelledCGFloatStepper::LabelledCGFloatStepper(const QString& title, const QString& description, RangeValue range,
                                                double step, std::optional<int> roundedPlaces, const Style& style,
                                                QWidget* parent)
-    : QWidget(parent),
+    : StepperWidget(parent),
       m_range(range),
       m_step(step),
       m_places(stepper::placesOf(roundedPlaces))
@@ -110,7 +110,7 @@ void LabelledCGFloatStepper::refresh()
 
 LabelledIntStepper::LabelledIntStepper(const QString& title, const QString& description, std::int64_t lower,
                                        std::int64_t upper, std::int64_t step, const Style& style, QWidget* parent)
-    : QWidget(parent),
+    : StepperWidget(parent),
       m_lower(lower),
       m_upper(upper),
       m_step(step)
@@ -158,7 +158,7 @@ void LabelledIntStepper::refresh()
 
 LabelledRangeStepper::LabelledRangeStepper(const QString& title, const QString& description, RangeValue range,
                                            stepperPrecision precision, const Style& style, QWidget* parent)
-    : QWidget(parent),
+    : StepperWidget(parent),
       m_range(range),
       m_precision(precision)
 {
@@ -236,7 +236,7 @@ void LabelledRangeStepper::refresh()
 
 LabelledVectorStepper::LabelledVectorStepper(const QString& title, const QString& description, const Style& style,
                                              QWidget* parent)
-    : QWidget(parent)
+    : StepperWidget(parent)
 {
     QHBoxLayout* row = stepperRow(this, title, description, style);
     m_dx = addGroup(row, this, tr("dx"), "dx", style);
@@ -297,7 +297,7 @@ void LabelledVectorStepper::refresh()
 LabelledSizeStepper::LabelledSizeStepper(const QString& title, const QString& description, bool shortLabel,
                                          bool showMaintainAspectRatio, double aspectRatio, const Style& style,
                                          QWidget* parent)
-    : QWidget(parent),
+    : StepperWidget(parent),
       m_showMaintainAspectRatio(showMaintainAspectRatio),
       m_aspectRatio(aspectRatio == 0 ? 1 : aspectRatio)
 {
@@ -382,7 +382,7 @@ void LabelledSizeStepper::refresh()
 
 LabelledPointStepper::LabelledPointStepper(const QString& title, const QString& description, double step,
                                            RangeValue range, bool disableEditing, const Style& style, QWidget* parent)
-    : QWidget(parent),
+    : StepperWidget(parent),
       m_step(step),
       m_range(range)
 {
@@ -450,7 +450,7 @@ void LabelledPointStepper::refresh()
 LabelledPointRangeStepper::LabelledPointRangeStepper(const QString& title, const QString& description,
                                                      const QString& value, double step, RangeValue range,
                                                      bool disableEditing, const Style& style, QWidget* parent)
-    : QWidget(parent),
+    : StepperWidget(parent),
       m_step(step),
       m_range(range)
 {

@@ -4,6 +4,7 @@
 // button, or a typed number), one signal per change.
 #pragma once
 
+#include "StepperParts.h"
 #include "StepperRules.h"
 #include "StepperStyle.h"
 
@@ -18,16 +19,13 @@ class QCheckBox;
 
 namespace stagewright {
 
-namespace detail {
-class NumberGroup;
-}
-
 /// How the range stepper shows its numbers.
 enum class stepperPrecision { Int, CGFloat };
 
-/// A float between the ends of `range`, shown at `roundedPlaces` places (1 when
-/// absent); the buttons stop at the ends, a typed value outside is put back.
-class LabelledCGFloatStepper : public QWidget {
+/// A float within `range`, shown at `roundedPlaces` places (1 when absent).
+/// A button acts while the value is inside its end, so one step may pass the
+/// end; a typed value outside the range is put back.
+class LabelledCGFloatStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledCGFloatStepper(const QString& title, const QString& description, tessaro::RangeValue range, double step,
@@ -50,7 +48,7 @@ private:
 };
 
 /// A whole number; the range limits only the buttons.
-class LabelledIntStepper : public QWidget {
+class LabelledIntStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledIntStepper(const QString& title, const QString& description, std::int64_t lower, std::int64_t upper,
@@ -73,7 +71,7 @@ private:
 
 /// A lower and an upper bound, "lower to upper", step 1. Escape in the upper
 /// field sets upper to lower.
-class LabelledRangeStepper : public QWidget {
+class LabelledRangeStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledRangeStepper(const QString& title, const QString& description, tessaro::RangeValue range,
@@ -99,7 +97,7 @@ private:
 };
 
 /// A vector, "dx" and "dy", step 1, no limits.
-class LabelledVectorStepper : public QWidget {
+class LabelledVectorStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledVectorStepper(const QString& title, const QString& description, const Style& style = {},
@@ -120,7 +118,7 @@ private:
 
 /// A size, "width" and "height" ("w" and "h" with `shortLabel`), step 1, and
 /// the toggle "Maintain aspect ratio" when `showMaintainAspectRatio` is set.
-class LabelledSizeStepper : public QWidget {
+class LabelledSizeStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledSizeStepper(const QString& title, const QString& description, bool shortLabel, bool showMaintainAspectRatio,
@@ -148,7 +146,7 @@ private:
 };
 
 /// A point, "x" and "y"; `range` limits the buttons of both coordinates.
-class LabelledPointStepper : public QWidget {
+class LabelledPointStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledPointStepper(const QString& title, const QString& description, double step, tessaro::RangeValue range,
@@ -170,7 +168,7 @@ private:
 };
 
 /// The random-position text "{<xl...xu>,<yl...yu>}" as four bounds.
-class LabelledPointRangeStepper : public QWidget {
+class LabelledPointRangeStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledPointRangeStepper(const QString& title, const QString& description, const QString& value, double step,

@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <limits>
+#include <memory>
 
 namespace stagewright {
 namespace {
@@ -76,6 +77,20 @@ TEST(Steppers, FloatStepperStepsPastTheEndAndPutsBackTypedValuesOutside)
     EXPECT_FALSE(numbers->minusButton()->isEnabled());
     // The same number again is no change.
     type(numbers, QStringLiteral("0"));
+    EXPECT_EQ(changed.count(), 0);
+}
+
+TEST(Steppers, ClosingWhileTypingReportsNothing)
+{
+    auto stepper = std::make_unique<LabelledCGFloatStepper>(QString(), QString(), tessaro::RangeValue{0, 1}, 0.1);
+    show(*stepper);
+    QSignalSpy changed(stepper.get(), &LabelledCGFloatStepper::valueChanged);
+    NumberGroup* numbers = group(*stepper, "value");
+    numbers->field()->setFocus();
+    numbers->field()->selectAll();
+    QTest::keyClicks(numbers->field(), QStringLiteral("0.5"));
+    // Going away hides the field, which ends its editing.
+    stepper.reset();
     EXPECT_EQ(changed.count(), 0);
 }
 
