@@ -50,6 +50,14 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
         });
     }
 
+    if (object.type == tessaro::sceneObjectType::ground && m_binding.settings) {
+        auto* order =
+            new QPushButton(QIcon::fromTheme(QStringLiteral("view-sort-ascending")), tr("Ground\nSort Order"));
+        order->setObjectName(QStringLiteral("groundOrderButton"));
+        layout->addWidget(order);
+        connect(order, &QPushButton::clicked, this, [this] { m_binding.settings->setGroundInspectorPresented(true); });
+    }
+
     m_actions = new QToolButton;
     m_actions->setObjectName(QStringLiteral("actionsMenu"));
     m_actions->setText(tr("Actions"));

@@ -11,6 +11,7 @@
 #include "WelcomeSheet.h"
 #include "Windows.h"
 
+#include <stagewright/editors/GroundReorderView.h>
 #include <stagewright/inspector/EditRouting.h>
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/AppPreferences.h>
@@ -60,6 +61,7 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
     m_commands->setFilesToOpen(files);
     m_mainWindow = std::make_unique<MainWindow>(m_settings, *m_commands, m_windows.get());
     m_dialogs->setParent(m_mainWindow.get());
+    installGroundReorder(m_settings, m_mainWindow.get());
     m_downloader = std::make_unique<Downloader>();
     m_help = std::make_unique<HelpCommands>(*m_downloader, m_windows.get());
     m_mainWindow->setHelpCommands(*m_help);

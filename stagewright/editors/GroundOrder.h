@@ -1,0 +1,53 @@
+// The order of a level's ground: the rows of the order pane, made from the
+// ground nodes of the canvas, and the step of the history that lays the
+// sections in a new order. The order reaches the file through the write-back.
+#pragma once
+
+#include <stagewright/state/ElementRecords.h>
+#include <stagewright/state/StateTypes.h>
+
+#include <tessaro/model/Uuid.h>
+
+#include <QUndoCommand>
+
+#include <vector>
+
+namespace stagewright {
+
+class SceneSettings;
+class elementNode;
+class projectTab;
+class sceneEditor;
+
+/// The row of one ground node.
+groundOrderItem groundOrderItemOf(const elementNode& node);
+/// The rows of the ground of `scene`, in the order of its nodes.
+std::vector<groundOrderItem> groundOrderItemsOf(const sceneEditor& scene);
+/// Fills the settings' rows from the front tab's canvas.
+void collectGroundOrderItems(SceneSettings& settings);
+
+/// `items` after a drag of the rows at `from` (ascending) to before row `to`.
+std::vector<groundOrderItem> movedItems(std::vector<groundOrderItem> items, std::vector<int> from, int to);
+
+/// "Update": the sections of the shown level in the order of `items`, as
+/// one step of the tab's history; the ground is laid again.
+void applyGroundOrder(projectTab& tab, const std::vector<groundOrderItem>& items);
+
+/// The order of the ground sections as a step of the history. The sections
+/// are known by their handles, which survive the laying of the ground.
+class GroundOrderCommand : public QUndoCommand {
+public:
+    GroundOrderCommand(projectTab& tab, std::vector<elementHandle> before, std::vector<elementHandle> after);
+    void redo() override;
+    void undo() override;
+
+private:
+    void lay(const std::vector<elementHandle>& order);
+
+    projectTab* m_tab;
+    tessaro::Uuid m_levelId;
+    std::vector<elementHandle> m_before;
+    std::vector<elementHandle> m_after;
+};
+
+} // namespace stagewright
