@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "LevelPopover.h"
 #include "ShellIcons.h"
+#include "StatisticsView.h"
 
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -68,7 +69,10 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
 
     addSeparator();
     m_statistics = addButton(QStringLiteral("statisticsButton"), tr("Statistics"), shellIcon(Symbol::statistics));
-    m_statistics->setEnabled(false);
+    connect(m_statistics, &QToolButton::clicked, this, [this] {
+        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
+            statisticsView::present(*tab, window());
+    });
 
     connect(&m_commands, &Commands::stateChanged, this, &NavigationToolbar::refresh);
     refresh();
@@ -104,6 +108,7 @@ void NavigationToolbar::refresh()
     m_scenes->setEnabled(hasTab);
     m_scaling->setEnabled(hasTab);
     m_hideBackground->setEnabled(hasTab);
+    m_statistics->setEnabled(hasTab);
     if (!tab)
         return;
     const tessaro::SizeValue size = tab->selectedSceneSize();
