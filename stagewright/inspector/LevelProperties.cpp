@@ -21,9 +21,10 @@ struct pointText {
 };
 
 /// Calls `f` with the field that `selector` names in the kind's sub-record of
-/// `level`; false when there is no such field (the sub-record is absent).
+/// `level`; false when there is no such field (the sub-record is absent). The
+/// repeat distance is handed as a point, or as its text when `asStored`.
 template <class LevelT, class F>
-bool withField(LevelT& level, K kind, int selector, F&& f)
+bool withField(LevelT& level, K kind, int selector, bool asStored, F&& f)
 {
     const auto give = [&](auto&& field) {
         f(field);
@@ -45,7 +46,7 @@ bool withField(LevelT& level, K kind, int selector, F&& f)
         if (level.coins && selector == levelField::image)
             return give(level.coins->image);
         if (level.coins && selector == levelField::repeatDistance)
-            return give(pointText{level.coins->repeatDistance});
+            return asStored ? give(level.coins->repeatDistance) : give(pointText{level.coins->repeatDistance});
         return sounds(level.coins);
     case K::shield:
         if (level.shields && selector == levelField::image)
@@ -123,14 +124,28 @@ bool write(pointText<std::optional<std::string>> field, const std::optional<leve
 std::optional<std::optional<levelPropertyValue>> levelProperty(const tessaro::Level& level, K kind, int selector)
 {
     std::optional<std::optional<levelPropertyValue>> result;
-    withField(level, kind, selector, [&](const auto& field) { result = read(field); });
+    withField(level, kind, selector, false, [&](const auto& field) { result = read(field); });
     return result;
 }
 
 bool writeLevelProperty(tessaro::Level& level, K kind, int selector, const std::optional<levelPropertyValue>& value)
 {
     bool written = false;
-    withField(level, kind, selector, [&](auto&& field) { written = write(field, value); });
+    withField(level, kind, selector, false, [&](auto&& field) { written = write(field, value); });
+    return written;
+}
+
+std::optional<std::optional<levelPropertyValue>> storedLevelProperty(const tessaro::Level& level, K kind, int selector)
+{
+    std::optional<std::optional<levelPropertyValue>> result;
+    withField(level, kind, selector, true, [&](const auto& field) { result = read(field); });
+    return result;
+}
+
+bool restoreLevelProperty(tessaro::Level& level, K kind, int selector, const std::optional<levelPropertyValue>& stored)
+{
+    bool written = false;
+    withField(level, kind, selector, true, [&](auto&& field) { written = write(field, stored); });
     return written;
 }
 

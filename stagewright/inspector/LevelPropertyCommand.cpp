@@ -46,19 +46,25 @@ LevelPropertyCommand::LevelPropertyCommand(projectTab& tab, const tessaro::Uuid&
 void LevelPropertyCommand::redo()
 {
     if (m_done) {
-        show(m_value);
+        show(m_after);
         return;
     }
     tessaro::Level* level = m_tab ? m_tab->findLevel(m_levelId) : nullptr;
-    const auto field = level ? levelProperty(*level, m_kind, m_selector) : std::nullopt;
-    // An absent sub-record, or a value of another type: nothing to write.
-    if (!field || *field == m_value || !writeLevelProperty(*level, m_kind, m_selector, m_value)) {
+    const auto shown = level ? levelProperty(*level, m_kind, m_selector) : std::nullopt;
+    // An absent sub-record, a value it already holds, or a value of another
+    // type: nothing to write.
+    if (!shown || *shown == m_value) {
         setObsolete(true);
         return;
     }
-    m_before = *field;
+    m_before = *storedLevelProperty(*level, m_kind, m_selector);
+    if (!writeLevelProperty(*level, m_kind, m_selector, m_value)) {
+        setObsolete(true);
+        return;
+    }
+    m_after = *storedLevelProperty(*level, m_kind, m_selector);
     m_done = true;
-    show(m_value);
+    show(m_after);
 }
 
 void LevelPropertyCommand::undo()
@@ -67,12 +73,12 @@ void LevelPropertyCommand::undo()
         show(m_before);
 }
 
-void LevelPropertyCommand::show(const std::optional<levelPropertyValue>& value)
+void LevelPropertyCommand::show(const std::optional<levelPropertyValue>& stored)
 {
     tessaro::Level* level = m_tab ? m_tab->findLevel(m_levelId) : nullptr;
     if (!level)
         return;
-    writeLevelProperty(*level, m_kind, m_selector, value);
+    restoreLevelProperty(*level, m_kind, m_selector, stored);
     m_tab->notifyLevelConfigChanged();
     // The canvas draws the checkpoints' and shields' pictures and the coins'
     // repeat distance from the level record: the shown level lays those
@@ -103,7 +109,8 @@ bool LevelPropertyCommand::mergeWith(const QUndoCommand* other)
         (soundCount(m_value) != soundCount(later->m_value) || soundCount(m_value) != soundCount(m_before)))
         return false;
     m_value = later->m_value;
-    setObsolete(m_before == m_value);
+    m_after = later->m_after;
+    setObsolete(m_before == m_after);
     return true;
 }
 

@@ -1,7 +1,8 @@
 // The step of a project's history that changes one of the level's own
 // properties (an image, a number, the coins' repeat distance, a sound list).
-// It keeps the field as it was, absence included, and puts it back; the rest
-// of the sub-record is the scene's to write back and stays as it is.
+// It keeps the field as stored before and after, absence and text included,
+// and puts either back; the rest of the sub-record is the scene's to write
+// back and stays as it is.
 #pragma once
 
 #include "LevelProperties.h"
@@ -32,7 +33,7 @@ public:
     bool mergeWith(const QUndoCommand* other) override;
 
 private:
-    void show(const std::optional<levelPropertyValue>& value);
+    void show(const std::optional<levelPropertyValue>& stored);
     bool joins() const;
 
     QPointer<projectTab> m_tab;
@@ -40,8 +41,9 @@ private:
     tessaro::sceneObjectType m_kind;
     int m_selector;
     levelPropertyValue m_value;
-    /// The field before the first redo, none when it was absent.
+    /// The field as stored before and after the change, none where absent.
     std::optional<levelPropertyValue> m_before;
+    std::optional<levelPropertyValue> m_after;
     bool m_done = false;
 };
 
