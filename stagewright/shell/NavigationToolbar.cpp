@@ -2,6 +2,8 @@
 
 #include "Commands.h"
 #include "LevelPopover.h"
+#include "LevelPropertiesView.h"
+#include "SceneSizeSelectionView.h"
 #include "ShellIcons.h"
 #include "StatisticsView.h"
 
@@ -36,9 +38,15 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
 
     m_sceneSize = addButton(QStringLiteral("sceneSizeButton"), tr("Scene Size: "), shellIcon(Symbol::sceneSize));
     m_sceneSize->setToolTip(tr("Scene size"));
-    m_sceneSize->setEnabled(false);
+    connect(m_sceneSize, &QToolButton::clicked, this, [this] {
+        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
+            sceneSizeSelectionView::present(*tab, window());
+    });
     m_properties = addButton(QStringLiteral("propertiesButton"), tr("Properties"), shellIcon(Symbol::properties));
-    m_properties->setEnabled(false);
+    connect(m_properties, &QToolButton::clicked, this, [this] {
+        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
+            levelPropertiesView::present(*tab, m_settings, window());
+    });
     m_library = addButton(QStringLiteral("libraryButton"), tr("Library"), shellIcon(Symbol::library));
     m_library->setToolTip(tr("Object Library"));
     connect(m_library, &QToolButton::clicked, &m_commands, &Commands::showLibrary);
@@ -108,6 +116,8 @@ void NavigationToolbar::refresh()
     m_scenes->setEnabled(hasTab);
     m_scaling->setEnabled(hasTab);
     m_hideBackground->setEnabled(hasTab);
+    m_sceneSize->setEnabled(hasTab);
+    m_properties->setEnabled(hasTab);
     m_statistics->setEnabled(hasTab);
     if (!tab)
         return;
