@@ -165,6 +165,11 @@ public:
     void addRepeatedCopies(const elementNodePtr& owner);
     /// `repeatDistance` of the coins of the tab's selected level, (0,0) when absent.
     tessaro::PointValue coinRepeatDistance() const;
+    /// Shows a change of the level's own values that elements of `kind` draw:
+    /// coins lay their rows again at the repeat distance; checkpoints and
+    /// shields are placed again with the level's picture, each keeping its
+    /// handle, order and selection. Other kinds draw none.
+    void showLevelLook(tessaro::sceneObjectType kind);
 
     // ---- Write-back collectors (the values writeBack stores) ----------------------------------
     tessaro::LevelSettings collectSettings(const tessaro::Level* level) const;

@@ -2,8 +2,11 @@
 
 #include "Commands.h"
 #include "LevelPopover.h"
+#include "LevelPropertiesView.h"
 #include "NodeListPopover.h"
+#include "SceneSizeSelectionView.h"
 #include "ShellIcons.h"
+#include "StatisticsView.h"
 
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -36,9 +39,15 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
 
     m_sceneSize = addButton(QStringLiteral("sceneSizeButton"), tr("Scene Size: "), shellIcon(Symbol::sceneSize));
     m_sceneSize->setToolTip(tr("Scene size"));
-    m_sceneSize->setEnabled(false);
+    connect(m_sceneSize, &QToolButton::clicked, this, [this] {
+        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
+            sceneSizeSelectionView::present(*tab, window());
+    });
     m_properties = addButton(QStringLiteral("propertiesButton"), tr("Properties"), shellIcon(Symbol::properties));
-    m_properties->setEnabled(false);
+    connect(m_properties, &QToolButton::clicked, this, [this] {
+        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
+            levelPropertiesView::present(*tab, m_settings, window());
+    });
     m_library = addButton(QStringLiteral("libraryButton"), tr("Library"), shellIcon(Symbol::library));
     m_library->setToolTip(tr("Object Library"));
     connect(m_library, &QToolButton::clicked, &m_commands, &Commands::showLibrary);
@@ -70,7 +79,10 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
 
     addSeparator();
     m_statistics = addButton(QStringLiteral("statisticsButton"), tr("Statistics"), shellIcon(Symbol::statistics));
-    m_statistics->setEnabled(false);
+    connect(m_statistics, &QToolButton::clicked, this, [this] {
+        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
+            statisticsView::present(*tab, window());
+    });
 
     connect(&m_commands, &Commands::stateChanged, this, &NavigationToolbar::refresh);
     refresh();
@@ -107,6 +119,9 @@ void NavigationToolbar::refresh()
     m_nodeList->setEnabled(hasTab);
     m_scaling->setEnabled(hasTab);
     m_hideBackground->setEnabled(hasTab);
+    m_sceneSize->setEnabled(hasTab);
+    m_properties->setEnabled(hasTab);
+    m_statistics->setEnabled(hasTab);
     if (!tab)
         return;
     const tessaro::SizeValue size = tab->selectedSceneSize();

@@ -1,0 +1,95 @@
+// The level's own properties: the images, numbers and sounds of its coin,
+// shield, artifact, checkpoint, background and end records, as the seven tabs
+// of the level properties sheet show and change them. Each change is one step
+// of the tab's history that writes one field of one sub-record of the level.
+#pragma once
+
+#include <tessaro/model/Enumerations.h>
+#include <tessaro/model/Geometry.h>
+#include <tessaro/model/LevelRecords.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace stagewright {
+
+class projectTab;
+
+/// The field selectors of `updateLevelProperty`.
+namespace levelField {
+inline constexpr int startArtifactNumber = 0;
+inline constexpr int startCoinNumber = 1;
+inline constexpr int soundEffects = 3;
+inline constexpr int image = 4;
+inline constexpr int repeatDistance = 5; // a point, stored as point text
+inline constexpr int animateFromImage = 6;
+} // namespace levelField
+
+/// A value of a level field: a number, an image name, a point or a sound list.
+using levelPropertyValue =
+    std::variant<std::int64_t, std::string, tessaro::PointValue, std::vector<tessaro::GameSound>>;
+
+/// The field `selector` names in the sub-record of `kind`, as `level` holds
+/// it: none when the sub-record is absent or has no such field; inside, none
+/// when the field itself is absent.
+std::optional<std::optional<levelPropertyValue>> levelProperty(const tessaro::Level& level,
+                                                               tessaro::sceneObjectType kind, int selector);
+/// Writes that field; an empty value takes an optional field out again. False,
+/// with the level unchanged, when the sub-record is absent, it has no such
+/// field, or the value is of another type than the field.
+bool writeLevelProperty(tessaro::Level& level, tessaro::sceneObjectType kind, int selector,
+                        const std::optional<levelPropertyValue>& value);
+
+/// The field as the record stores it, for putting it back exactly: like
+/// `levelProperty`, but the repeat distance is its text as written.
+std::optional<std::optional<levelPropertyValue>> storedLevelProperty(const tessaro::Level& level,
+                                                                     tessaro::sceneObjectType kind, int selector);
+/// Puts back a field as `storedLevelProperty` gave it.
+bool restoreLevelProperty(tessaro::Level& level, tessaro::sceneObjectType kind, int selector,
+                          const std::optional<levelPropertyValue>& stored);
+
+/// Writes one field of the selected level (the first level when no level has
+/// the selected id) as one step of the tab's history. A write that cannot be
+/// made leaves no step.
+void updateLevelProperty(projectTab& tab, tessaro::sceneObjectType kind, int selector, levelPropertyValue value);
+
+/// What one tab of the sheet shows of a level, with the values it shows
+/// where the level has none.
+struct levelTabValues {
+    std::vector<tessaro::GameSound> sounds;
+    std::string imageName = "placeholder";
+    std::int64_t animateFromImage = 0;
+    std::int64_t startCoinNumber = 0;
+    tessaro::PointValue repeatDistance;
+    std::int64_t startArtifactNumber = 0;
+};
+levelTabValues levelTabValuesOf(const tessaro::Level& level, tessaro::sceneObjectType kind);
+
+/// One tab of the sheet, in the order the sheet shows them.
+struct levelPropertiesTab {
+    const char* title;
+    const char* icon; // symbol name
+    tessaro::sceneObjectType kind;
+};
+const std::vector<levelPropertiesTab>& levelPropertiesTabs();
+
+/// The control of a row of a tab's "Properties" section.
+enum class levelPropertyControl { image, integer, point };
+
+/// One row of a tab's "Properties" section: its label, its control with the
+/// ends of its buttons (for a point, both coordinates from `lower` up), and
+/// the field it writes.
+struct levelPropertyRow {
+    const char* title;
+    levelPropertyControl control;
+    std::int64_t lower = 0;
+    std::int64_t upper = 0;
+    int selector = 0;
+};
+/// The rows of a tab, top to bottom; none for the tabs that hold sounds only.
+std::vector<levelPropertyRow> levelPropertyRows(tessaro::sceneObjectType kind);
+
+} // namespace stagewright

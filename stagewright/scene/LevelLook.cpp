@@ -1,0 +1,77 @@
+// Showing a change of the level's own values. Most elements draw only their
+// own records; coins, checkpoints and shields also draw something of the
+// level's: the coins' repeat distance, the checkpoints' catalogue entry and
+// the shields' picture.
+#include "SceneEditor.h"
+
+#include <stagewright/state/ProjectTab.h>
+
+namespace stagewright {
+
+using tessaro::sceneObjectType;
+
+namespace {
+
+/// Places every element of `layer` again from its written-back item, one
+/// item per node in layer order, keeping handles and the selection.
+template <class Item, class Place>
+void placeAgain(sceneEditor& scene, const tessaro::kit::NodePtr& layer, const std::vector<Item>& items, Place place)
+{
+    const std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(layer);
+    if (nodes.size() != items.size())
+        return;
+    const elementNodePtr selected = scene.selectedNode();
+    elementNodePtr reselect;
+    for (const elementNodePtr& node : nodes)
+        scene.removeNode(*node);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const elementNodePtr node = place(items[i]);
+        if (!node)
+            continue;
+        node->handle = nodes[i]->handle;
+        if (nodes[i] == selected)
+            reselect = node;
+    }
+    if (reselect) {
+        scene.deselect();
+        scene.clearGlow();
+        scene.selectNode(reselect);
+    }
+}
+
+} // namespace
+
+void sceneEditor::showLevelLook(sceneObjectType kind)
+{
+    const tessaro::Level* level = m_tab ? tabLevel(m_tab->levelSelected()) : nullptr;
+    if (!level)
+        return;
+    switch (kind) {
+    case sceneObjectType::coin:
+        for (const elementNodePtr& node : elementsOf(m_coinNodes))
+            if (!node->keptOnly)
+                node->placeFromDevices();
+        break;
+    case sceneObjectType::checkpoint: {
+        if (!level->checkpoints)
+            return;
+        const std::string image = level->checkpoints->image;
+        const tessaro::CheckPointData items = collectCheckpoints(level);
+        placeAgain(*this, m_checkpointNodes, items.locations.value_or(std::vector<tessaro::CheckPointLocation>{}),
+                   [&](const tessaro::CheckPointLocation& item) { return placeCheckpoint(item, image); });
+        break;
+    }
+    case sceneObjectType::shield: {
+        if (!level->shields)
+            return;
+        const std::string image = level->shields->image.value_or(std::string());
+        const tessaro::Shields items = collectShields(level);
+        placeAgain(*this, m_shieldsNodes, items.shields.value_or(std::vector<tessaro::Shield>{}),
+                   [&](const tessaro::Shield& item) { return placeShield(item, image); });
+        break;
+    }
+    default: break;
+    }
+}
+
+} // namespace stagewright

@@ -1,0 +1,30 @@
+// The sheet "Statistics": how many scenes the front project has, and how
+// many obstacles, coins, artifacts, checkpoints, enemies and friendlies the
+// shown scene and all scenes hold, as their records last stored them.
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+
+namespace stagewright {
+
+class projectTab;
+
+class statisticsView : public QDialog {
+    Q_OBJECT
+public:
+    explicit statisticsView(const projectTab& tab, QWidget* parent = nullptr);
+    /// Opens the sheet over `parent`; it deletes itself when closed.
+    static statisticsView* present(const projectTab& tab, QWidget* parent);
+
+    /// The number shown in a row: "Scenes in Level", or a row of the group
+    /// of the shown scene (`allLevels` false) or of all scenes.
+    QString scenesText() const;
+    QString countText(bool allLevels, const QString& row) const;
+
+private:
+    QLabel* m_scenes = nullptr;
+};
+
+} // namespace stagewright

@@ -1,0 +1,42 @@
+// The numbers of the statistics sheet: how many elements of a kind the levels
+// of a project hold. They are counted in the level records, so the shown
+// level counts what its last write-back stored.
+#pragma once
+
+#include <tessaro/model/LevelRecords.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace stagewright {
+
+class projectTab;
+
+/// What `countElements` counts; the numbers are the selectors the sheet uses.
+namespace elementCount {
+inline constexpr int backgrounds = 0; // images of the background
+inline constexpr int ground = 1; // ground sections
+inline constexpr int obstacles = 2;
+inline constexpr int enemies = 3; // characters of class enemy
+inline constexpr int friendlies = 4; // characters of class friendly
+inline constexpr int coins = 5; // each coin counts its repeat count, 1 without one
+inline constexpr int shields = 6;
+inline constexpr int artifacts = 7;
+inline constexpr int checkpoints = 8;
+} // namespace elementCount
+
+/// The number of elements `selector` names in one level; 0 for an unknown selector.
+std::int64_t countElements(const tessaro::Level& level, int selector);
+/// The sum over the tab's levels, or over its selected level alone when
+/// `allLevels` is false (0 when no level has the selected id).
+std::int64_t countElements(const projectTab& tab, int selector, bool allLevels);
+
+/// One row of a group of the statistics sheet.
+struct statisticsRow {
+    const char* title;
+    int selector;
+};
+/// "Obstacles", "Coins", "Artifacts", "Checkpoints", "Enemies", "Friendlies".
+const std::vector<statisticsRow>& statisticsRows();
+
+} // namespace stagewright
