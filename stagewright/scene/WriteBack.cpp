@@ -313,6 +313,19 @@ tessaro::CheckPointData sceneEditor::collectCheckpoints(const tessaro::Level* le
         list.push_back(std::move(location));
     }
     checkpoints.locations = std::move(list);
+    // One catalogue entry draws all checkpoints of a level. A level that had
+    // none takes the entry of the first one added, or a reload could not
+    // show them.
+    if (checkpoints.image.empty())
+        for (const elementNodePtr& node : elementsOf(m_checkpointNodes)) {
+            const auto* object = node->keptOnly || !node->defaultViewProperties
+                ? nullptr
+                : std::get_if<tessaro::GenericObject>(node->defaultViewProperties.get());
+            if (object && object->elementName) {
+                checkpoints.image = *object->elementName;
+                break;
+            }
+        }
     return checkpoints;
 }
 

@@ -148,6 +148,17 @@ TEST_F(ObjectLibraryTest, ClickAddsOneSelectedElementThatUndoRemovesAndRedoResto
     history.undo();
     EXPECT_EQ(countOf(scene(), sceneObjectType::ground), sections);
     EXPECT_EQ(saved().ground->size(), sections);
+
+    // The first checkpoint of a level names the picture of them all, so a
+    // reload shows it.
+    tessaro::Level bare = everyKind();
+    bare.checkpoints.reset();
+    show({bare});
+    ASSERT_TRUE(addLibraryElement(&front(), sceneObjectType::checkpoint, "Flag"));
+    const tessaro::Level stored = saved();
+    ASSERT_TRUE(stored.checkpoints);
+    EXPECT_EQ(stored.checkpoints->image, "Flag");
+    EXPECT_EQ(stored.checkpoints->locations->size(), 1u);
 }
 
 TEST_F(ObjectLibraryTest, BackgroundTabAppendsABackground)
