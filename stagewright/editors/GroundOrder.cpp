@@ -108,7 +108,10 @@ void applyGroundOrder(projectTab& tab, const std::vector<groundOrderItem>& items
 
 GroundOrderCommand::GroundOrderCommand(projectTab& tab, std::vector<elementHandle> before,
                                        std::vector<elementHandle> after)
-    : m_tab(&tab), m_levelId(tab.levelSelected()), m_before(std::move(before)), m_after(std::move(after))
+    : m_tab(&tab),
+      m_levelId(tab.levelSelected()),
+      m_before(std::move(before)),
+      m_after(std::move(after))
 {
     setText(QCoreApplication::translate("GroundOrderCommand", "Sort Ground"));
     // The same order again is no step.

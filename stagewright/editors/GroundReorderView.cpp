@@ -32,14 +32,17 @@ QString groundOrderRowText(const groundOrderItem& item)
 }
 
 groundReorderView::groundReorderView(SceneSettings& settings, QWidget* parent)
-    : QDialog(parent), m_settings(settings), m_sets(settings.groundOrderItems())
+    : QDialog(parent),
+      m_settings(settings),
+      m_sets(settings.groundOrderItems())
 {
     setObjectName(QStringLiteral("groundReorderView"));
     setWindowTitle(tr("Ground Sort Order"));
     resize(420, 520);
     auto* layout = new QVBoxLayout(this);
     auto* buttons = new QHBoxLayout;
-    auto* updateButton = new QPushButton(QIcon::fromTheme(QStringLiteral("view-sort-ascending")), tr("Update\nSort order"));
+    auto* updateButton =
+        new QPushButton(QIcon::fromTheme(QStringLiteral("view-sort-ascending")), tr("Update\nSort order"));
     updateButton->setObjectName(QStringLiteral("updateButton"));
     auto* cancelButton = new QPushButton(QIcon::fromTheme(QStringLiteral("window-close")), tr("Cancel"));
     for (QPushButton* button : {updateButton, cancelButton})
