@@ -103,7 +103,8 @@ std::vector<physicsElement> loadPhysicsElements(const std::optional<tessaro::Phy
 
 void appendPhysicsRecord(const physicsElement& element, tessaro::PhysicsProperty& record)
 {
-    const auto into = [](auto& list) -> auto& {
+    const auto into = [](auto& list) -> auto&
+    {
         if (!list)
             list.emplace();
         return *list;
