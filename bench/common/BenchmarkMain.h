@@ -8,11 +8,13 @@
 
 namespace tessaro::bench {
 
-inline int runQtBenchmarks(int argc, char** argv)
+/// `Application` is QApplication for benchmarks of widgets.
+template <class Application = QGuiApplication>
+int runQtBenchmarks(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    Application app(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

@@ -2,12 +2,16 @@
 // 500 coins, 100 ground sections), each edit through the history as the
 // editor makes it:
 // - a click on an obstacle until its selection is published;
+// - a selection until the inspector's primary and device panes show it;
 // - an edit of the primary list and of the device pane;
 // - an edit that lays the ground again;
 // - paste, and its undo and redo;
 // - 1,000 nudges that are 1,000 steps, then 1,000 undos, over and over: the
 //   memory the process holds must not grow beyond the history's.
+#include <stagewright/inspector/DevicePane.h>
 #include <stagewright/inspector/EditRouting.h>
+#include <stagewright/inspector/InspectorHead.h>
+#include <stagewright/inspector/PrimaryPane.h>
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/ElementClipboard.h>
 #include <stagewright/state/ProjectTab.h>
@@ -17,6 +21,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 
@@ -96,6 +101,24 @@ void BM_ClickToSelection(benchmark::State& state)
         state.SkipWithError("the click selected something else");
 }
 BENCHMARK(BM_ClickToSelection)->Unit(benchmark::kMillisecond)->MinTime(2);
+
+void BM_SelectionToPanes(benchmark::State& state)
+{
+    Editing& e = editing();
+    const std::vector<elementNodePtr> obstacles = e.scene->storedOrder(sceneObjectType::obstacles);
+    const rowBinding binding{&e.tab(), nullptr, modelType::Primary, false};
+    std::size_t next = 0;
+    for (auto _ : state) {
+        // Another element each time, as a designer clicks through a level.
+        e.select(obstacles[next++ % obstacles.size()]);
+        InspectorHead head(binding);
+        primaryPropertyListView primary(binding);
+        deviceSpecificPropertyView device(binding);
+        primary.adjustSize();
+        benchmark::DoNotOptimize(device.sizeHint());
+    }
+}
+BENCHMARK(BM_SelectionToPanes)->Unit(benchmark::kMillisecond)->MinTime(2);
 
 void BM_ApplyPrimary(benchmark::State& state)
 {
@@ -189,5 +212,5 @@ BENCHMARK(BM_ThousandNudgesThenUndos)->Unit(benchmark::kMillisecond)->Iterations
 
 int main(int argc, char** argv)
 {
-    return tessaro::bench::runQtBenchmarks(argc, argv);
+    return tessaro::bench::runQtBenchmarks<QApplication>(argc, argv);
 }

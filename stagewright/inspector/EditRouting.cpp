@@ -3,6 +3,7 @@
 #include "ApplyCommon.h"
 #include "ApplyOperations.h"
 #include "EditCommands.h"
+#include "ModelFields.h"
 #include "SelectionPublishing.h"
 
 #include <stagewright/scene/SceneEditor.h>
@@ -37,6 +38,13 @@ EditRouting::EditRouting(projectTab& tab, ElementClipboard* clipboard) : m_tab(t
 sceneEditor* EditRouting::scene() const
 {
     return sceneEditorOf(m_tab.currentScene()).get();
+}
+
+void EditRouting::editRow(modelType model, publishedElementList element, const propertyValue& value)
+{
+    const propertyValue oldValue = modelValue(m_tab, model, element);
+    setModelValue(m_tab, model, element, value);
+    apply(model, element, value, oldValue);
 }
 
 void EditRouting::apply(modelType model, publishedElementList element, const propertyValue& value,

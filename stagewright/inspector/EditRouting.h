@@ -23,6 +23,9 @@ public:
     explicit EditRouting(projectTab& tab, ElementClipboard* clipboard = nullptr);
 
     // ---- Inspector rows -------------------------------------------------------------
+    /// A row's change: its model shows `value` at once, then the edit of the
+    /// model runs as one step of the history.
+    void editRow(modelType model, publishedElementList element, const propertyValue& value);
     /// A row's change, to the operation of its model.
     void apply(modelType model, publishedElementList element, const propertyValue& value,
                const propertyValue& oldValue = {});

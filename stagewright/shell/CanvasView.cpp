@@ -2,11 +2,13 @@
 
 #include "Commands.h"
 
+#include <stagewright/inspector/ObjectLibrary.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/kit/Scene.h>
 #include <tessaro/model/ConfigFiles.h>
 
+#include <QDropEvent>
 #include <QResizeEvent>
 #include <QWheelEvent>
 
@@ -39,6 +41,8 @@ CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) 
     m_view = new CanvasSceneView;
     m_view->setObjectName(QStringLiteral("sceneView"));
     setWidget(m_view);
+    m_view->setAcceptDrops(true);
+    m_view->installEventFilter(this);
     showDebugOptions(tessaro::globalAppConfig().debugOptions);
 
     if (m_tab) {
@@ -142,6 +146,40 @@ void CanvasView::showDebugOptions(const std::vector<tessaro::DebugOption>& optio
     m_view->setShowsFPS(chosen(tessaro::DebugOption::showsFPS));
     m_view->setShowsNodeCount(chosen(tessaro::DebugOption::showsNodeCount));
     m_view->setShowsPhysics(chosen(tessaro::DebugOption::showsPhysics));
+}
+
+bool CanvasView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_view)
+        return QScrollArea::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove: {
+        auto* drag = static_cast<QDropEvent*>(event);
+        if (m_kitScene && drag->mimeData() && libraryElementFrom(*drag->mimeData())) {
+            drag->setDropAction(Qt::CopyAction);
+            drag->accept();
+        } else {
+            drag->ignore();
+        }
+        return true;
+    }
+    case QEvent::Drop: {
+        auto* drop = static_cast<QDropEvent*>(event);
+        const auto element = drop->mimeData() ? libraryElementFrom(*drop->mimeData()) : std::nullopt;
+        if (!element || !m_kitScene) {
+            drop->ignore();
+            return true;
+        }
+        // The point of the scene under the pointer, as a click there finds it.
+        const QPointF at = m_view->convertPointToScene(drop->position());
+        addLibraryElement(m_tab, element->first, element->second, at);
+        drop->setDropAction(Qt::CopyAction);
+        drop->accept();
+        return true;
+    }
+    default: return QScrollArea::eventFilter(watched, event);
+    }
 }
 
 void CanvasView::showEvent(QShowEvent* event)

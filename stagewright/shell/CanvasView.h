@@ -61,6 +61,8 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    /// Takes cells of the object library dropped on the scene's view.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void presentCurrentScene();

@@ -3,6 +3,7 @@
 #include "PlayLevel.h"
 
 #include <stagewright/inspector/EditRouting.h>
+#include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -364,6 +365,23 @@ void Commands::showLibrary()
 {
     if (m_windows && !m_windows->isWindowOpen(WindowId::objectLibrary))
         m_windows->openWindow(WindowId::objectLibrary);
+}
+
+void Commands::selectListedNode(const QString& tag)
+{
+    const std::shared_ptr<projectTab> tab = frontTab();
+    const sceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
+    if (!scene)
+        return;
+    m_settings.setNodeListItemSelected(tag);
+    scene->selectNodeNamed(tag);
+}
+
+void Commands::scrollScene(tessaro::PointValue position)
+{
+    const std::shared_ptr<projectTab> tab = frontTab();
+    if (const sceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr)
+        scene->moveScene(publishedElementList::scenePosition, position);
 }
 
 void Commands::playLevel()

@@ -108,6 +108,11 @@ public:
     void setBackgroundHidden(bool hidden);
     /// Opens the object library when it is not open.
     void showLibrary();
+    /// Selects the element of a "Select a Node" entry on the front tab's
+    /// canvas, scrolled into view when it is out of it.
+    void selectListedNode(const QString& tag);
+    /// Scrolls the front tab's canvas so that `position` is at its centre.
+    void scrollScene(tessaro::PointValue position);
     /// Runs the front tab's level, unsaved edits included, in the game.
     void playLevel();
 

@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "LevelPopover.h"
+#include "NodeListPopover.h"
 #include "ShellIcons.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -42,7 +43,8 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
     m_library->setToolTip(tr("Object Library"));
     connect(m_library, &QToolButton::clicked, &m_commands, &Commands::showLibrary);
     m_nodeList = addButton(QStringLiteral("nodeListButton"), tr("Node List"), shellIcon(Symbol::nodeList));
-    m_nodeList->setEnabled(false);
+    m_nodeListPopover = new NodeListPopover(settings, commands, this);
+    connect(m_nodeList, &QToolButton::clicked, this, [this] { m_nodeListPopover->popup(m_nodeList); });
 
     addSeparator();
     auto* scalingBox = new QWidget(this);
@@ -102,6 +104,7 @@ void NavigationToolbar::refresh()
     const std::shared_ptr<projectTab> tab = m_commands.frontTab();
     const bool hasTab = tab != nullptr;
     m_scenes->setEnabled(hasTab);
+    m_nodeList->setEnabled(hasTab);
     m_scaling->setEnabled(hasTab);
     m_hideBackground->setEnabled(hasTab);
     if (!tab)

@@ -13,6 +13,7 @@ namespace stagewright {
 
 class Commands;
 class LevelPopover;
+class NodeListPopover;
 class SceneSettings;
 
 class NavigationToolbar : public QToolBar {
@@ -29,6 +30,7 @@ public:
     QComboBox* scalingPicker() const { return m_scaling; }
     QCheckBox* hideBackgroundSwitch() const { return m_hideBackground; }
     LevelPopover* levelPopover() const { return m_popover; }
+    NodeListPopover* nodeListPopover() const { return m_nodeListPopover; }
 
     /// The help text of "Hide Background?".
     static QString hideBackgroundHelp();
@@ -42,6 +44,7 @@ private:
     SceneSettings& m_settings;
     Commands& m_commands;
     LevelPopover* m_popover = nullptr;
+    NodeListPopover* m_nodeListPopover = nullptr;
     QToolButton* m_scenes = nullptr;
     QToolButton* m_sceneSize = nullptr;
     QToolButton* m_properties = nullptr;

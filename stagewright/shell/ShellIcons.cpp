@@ -16,8 +16,9 @@ namespace {
 class SymbolEngine : public QIconEngine {
 public:
     explicit SymbolEngine(Symbol symbol) : m_symbol(symbol) {}
+    explicit SymbolEngine(SymbolDrawing drawing) : m_symbol(Symbol::info), m_drawing(std::move(drawing)) {}
 
-    QIconEngine* clone() const override { return new SymbolEngine(m_symbol); }
+    QIconEngine* clone() const override { return new SymbolEngine(*this); }
     QString key() const override { return QStringLiteral("stagewright-symbol"); }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
@@ -51,7 +52,10 @@ public:
         QPen pen(ink, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
         painter->setPen(pen);
         painter->setBrush(Qt::NoBrush);
-        draw(*painter, ink, palette, mode);
+        if (m_drawing)
+            m_drawing(*painter, ink, palette);
+        else
+            draw(*painter, ink, palette, mode);
         painter->restore();
     }
 
@@ -218,6 +222,7 @@ private:
     }
 
     Symbol m_symbol;
+    SymbolDrawing m_drawing;
 };
 
 } // namespace
@@ -244,6 +249,11 @@ QString themeIconName(Symbol symbol)
 QIcon drawnIcon(Symbol symbol)
 {
     return QIcon(new SymbolEngine(symbol));
+}
+
+QIcon drawnIcon(SymbolDrawing drawing)
+{
+    return QIcon(new SymbolEngine(std::move(drawing)));
 }
 
 QIcon shellIcon(Symbol symbol)

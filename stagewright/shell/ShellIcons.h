@@ -5,6 +5,12 @@
 
 #include <QIcon>
 
+#include <functional>
+
+class QColor;
+class QPainter;
+class QPalette;
+
 namespace stagewright {
 
 enum class Symbol {
@@ -36,5 +42,10 @@ QString themeIconName(Symbol symbol);
 QIcon shellIcon(Symbol symbol);
 /// The drawn icon alone.
 QIcon drawnIcon(Symbol symbol);
+
+/// Draws a symbol into a 24 by 24 box; the painter's pen is already the ink.
+using SymbolDrawing = std::function<void(QPainter& painter, const QColor& ink, const QPalette& palette)>;
+/// An icon that `drawing` draws at paint time, in the palette's colours.
+QIcon drawnIcon(SymbolDrawing drawing);
 
 } // namespace stagewright

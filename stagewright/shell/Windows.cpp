@@ -2,10 +2,9 @@
 
 #include "AboutWindow.h"
 #include "HelpWindow.h"
+#include "ObjectLibraryWindow.h"
 
 #include <stagewright/state/SceneSettings.h>
-
-#include <tessaro/model/ConfigFiles.h>
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -13,54 +12,11 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QTabWidget>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace stagewright {
 
 WindowDirectory::~WindowDirectory() = default;
-
-// ---- Object library -------------------------------------------------------------
-
-ObjectLibraryWindow::ObjectLibraryWindow(QWidget* parent) : QWidget(parent, Qt::Window)
-{
-    setObjectName(WindowId::objectLibrary);
-    setWindowTitle(tr("Object Library"));
-    setMinimumSize(700, 300);
-    setMaximumWidth(1200);
-    resize(700, 420);
-    auto* layout = new QVBoxLayout(this);
-    auto* tree = new QTreeWidget(this);
-    tree->setObjectName(QStringLiteral("catalogueTree"));
-    tree->setHeaderLabels({tr("Element"), tr("Kind"), tr("Image")});
-    tree->setRootIsDecorated(true);
-    layout->addWidget(tree);
-}
-
-void ObjectLibraryWindow::showEvent(QShowEvent* event)
-{
-    reload();
-    QWidget::showEvent(event);
-}
-
-void ObjectLibraryWindow::reload()
-{
-    auto* tree = findChild<QTreeWidget*>(QStringLiteral("catalogueTree"));
-    tree->clear();
-    const auto group = [&](const QString& title, const auto& records) {
-        auto* top = new QTreeWidgetItem(tree, {title});
-        for (const auto& record : records) {
-            const QString kind = record.sceneObjectType ? QString::fromStdString(*record.sceneObjectType) : QString();
-            const QString image = record.image ? QString::fromStdString(*record.image) : QString();
-            new QTreeWidgetItem(top, {QString::fromStdString(record.elementName.value_or(std::string())), kind, image});
-        }
-        top->setExpanded(true);
-    };
-    group(tr("Obstacles"), tessaro::obstacleCatalogue());
-    group(tr("Characters"), tessaro::characterCatalogue());
-    group(tr("Objects"), tessaro::objectCatalogue());
-    tree->resizeColumnToContents(0);
-}
 
 // ---- Settings ---------------------------------------------------------------------
 
@@ -103,7 +59,7 @@ QWidget* WindowManager::make(const QString& id)
 {
     QWidget* window = nullptr;
     if (id == WindowId::objectLibrary)
-        window = new ObjectLibraryWindow;
+        window = new ObjectLibraryWindow(m_settings);
     else if (id == WindowId::settings)
         window = new SettingsWindow(m_settings);
     else if (id == WindowId::about)

@@ -32,18 +32,6 @@ public:
     virtual bool isWindowOpen(const QString& id) const = 0;
 };
 
-/// "Object Library": the elements of the workspace's catalogues.
-class ObjectLibraryWindow : public QWidget {
-    Q_OBJECT
-public:
-    explicit ObjectLibraryWindow(QWidget* parent = nullptr);
-    /// Lists the catalogues as they are loaded now.
-    void reload();
-
-protected:
-    void showEvent(QShowEvent* event) override;
-};
-
 /// The settings window; its first tab holds the appearance.
 class SettingsWindow : public QWidget {
     Q_OBJECT

@@ -8,10 +8,12 @@
 #include <tessaro/model/ConfigFiles.h>
 
 #include <QColor>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QRandomGenerator>
+#include <QSet>
 
 #include <cmath>
 
@@ -71,6 +73,17 @@ QString accessLocation(const QString& path)
     return workspace.isEmpty() ? QFileInfo(path).absolutePath() : workspace;
 }
 
+/// The files of the application's images, listed once: they are compiled in,
+/// and the lists of the library ask for thousands of names.
+const QSet<QString>& applicationImageFiles()
+{
+    static const QSet<QString> files = [] {
+        const QStringList names = QDir(applicationImagesRoot()).entryList(QDir::Files);
+        return QSet<QString>(names.begin(), names.end());
+    }();
+    return files;
+}
+
 QString pickFromList(const QString& name)
 {
     if (!name.contains(QLatin1Char(',')))
@@ -101,11 +114,10 @@ QString applicationImagePath(const QString& name)
 {
     if (!isPlainFileName(name))
         return QString();
-    const QString root = applicationImagesRoot();
     for (const char* extension : {"png", "jpg", "jpeg", "gif", "svg"}) {
-        const QString path = root + name + QLatin1Char('.') + QLatin1String(extension);
-        if (QFileInfo::exists(path))
-            return path;
+        const QString file = name + QLatin1Char('.') + QLatin1String(extension);
+        if (applicationImageFiles().contains(file))
+            return applicationImagesRoot() + file;
     }
     return QString();
 }

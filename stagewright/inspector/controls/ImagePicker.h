@@ -5,14 +5,27 @@
 
 #include <stagewright/state/StateTypes.h>
 
+#include <QCache>
+#include <QHash>
 #include <QImage>
 #include <QLabel>
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
 #include <vector>
 
+class QFrame;
+class QGridLayout;
+class QPushButton;
+
 namespace stagewright {
+
+/// The images of `kind` among `items` (the workspace's image list), in order.
+std::vector<fileItem> imagesOfKind(const std::vector<fileItem>& items, tessaro::sceneObjectType kind);
+/// How many columns of cells at least `minimum` wide, `spacing` apart, fit
+/// into `width`; at least one.
+int gridColumns(int width, int minimum = 60, int spacing = 4);
 
 /// Pictures of files scaled into a box, decoded on worker threads and cached
 /// by path, size and modification time. A failure prints the line
@@ -24,6 +37,21 @@ public:
     /// The cached picture, or a null image while it is being decoded; `ready`
     /// is called on the main thread with the picture once it is there.
     QImage request(const QString& path, QSize box, QObject* receiver, std::function<void(const QImage&)> ready);
+    /// Decodes under way.
+    int pending() const { return int(m_waiting.size()); }
+    /// Forgets every picture.
+    void clear();
+
+private:
+    struct waiter {
+        QPointer<QObject> receiver;
+        bool hasReceiver = false;
+        std::function<void(const QImage&)> ready;
+    };
+    void deliver(const QString& key, const QImage& image);
+
+    QCache<QString, QImage> m_cache{64 * 1024 * 1024};
+    QHash<QString, std::vector<waiter>> m_waiting;
 };
 
 /// A picture of one file, kept within `box`, filled in when decoded.
@@ -32,6 +60,16 @@ class ImagePreview : public QLabel {
 public:
     explicit ImagePreview(QSize box, QWidget* parent = nullptr);
     void setPath(const QString& path);
+    const QString& path() const { return m_path; }
+    /// The picture shown; null while it is decoded or when it failed.
+    QImage image() const { return m_image; }
+
+private:
+    void show(const QImage& image);
+
+    QSize m_box;
+    QString m_path;
+    QImage m_image;
 };
 
 /// The image row's control: the name as a button and the popup grid.
@@ -45,8 +83,20 @@ public:
     void setValue(const QString& name);
     /// Opens the popup grid (for the keyboard and for tests).
     void showPopover();
+    bool isPopover() const;
 signals:
+    /// The user clicked the image `name` in the grid.
     void imageChosen(const QString& name);
+
+private:
+    void rebuildGrid();
+    void choose(const QString& name);
+
+    std::vector<fileItem> m_items;
+    QString m_value;
+    QPushButton* m_button = nullptr;
+    QFrame* m_popover = nullptr;
+    QWidget* m_grid = nullptr;
 };
 
 } // namespace stagewright

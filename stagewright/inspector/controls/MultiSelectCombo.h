@@ -7,6 +7,11 @@
 #include <QStringList>
 #include <QWidget>
 
+class QFrame;
+class QLabel;
+class QListWidget;
+class QPushButton;
+
 namespace stagewright {
 
 /// The list after a click on `value`.
@@ -20,8 +25,24 @@ public:
     void setValues(const QStringList& values);
     /// Opens the popup list (for the keyboard and for tests).
     void showPopover();
+    bool isPopover() const;
+    /// The popup list, made when it is first opened.
+    QListWidget* popoverList() const { return m_list; }
 signals:
+    /// The user clicked an item of the list.
     void valuesChanged(const QStringList& values);
+
+private:
+    void click(const QString& item);
+    void refresh();
+
+    QStringList m_items;
+    QStringList m_values;
+    QPushButton* m_row = nullptr;
+    QLabel* m_text = nullptr;
+    QLabel* m_count = nullptr;
+    QFrame* m_popover = nullptr;
+    QListWidget* m_list = nullptr;
 };
 
 } // namespace stagewright

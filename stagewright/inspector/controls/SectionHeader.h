@@ -2,7 +2,13 @@
 // side, "Hide" while open and "Show" while closed. A click flips it.
 #pragma once
 
+#include <QIcon>
 #include <QWidget>
+
+class QFrame;
+class QLabel;
+class QPushButton;
+class QToolButton;
 
 namespace stagewright {
 
@@ -12,9 +18,23 @@ public:
     SectionHeader(const QString& title, bool isOn, const QString& onLabel = tr("Hide"),
                   const QString& offLabel = tr("Show"), bool hidingLabel = false, QWidget* parent = nullptr);
     bool isOn() const;
+    /// Shows a state the model holds; reports nothing.
     void setOn(bool on);
+    /// A picture beside the label; a null icon takes it away.
+    void setToggleImage(const QIcon& image);
 signals:
+    /// The user clicked the header.
     void toggled(bool on);
+
+private:
+    void refresh();
+
+    bool m_isOn;
+    QString m_onLabel;
+    QString m_offLabel;
+    QPushButton* m_button = nullptr;
+    QLabel* m_state = nullptr;
+    QLabel* m_image = nullptr;
 };
 
 /// A 20 by 20 information button whose click shows `info`, read as Markdown.
@@ -23,6 +43,13 @@ class infoTipView : public QWidget {
 public:
     explicit infoTipView(const QString& info, QWidget* parent = nullptr);
     bool isPopover() const;
+    /// Opens the text (for the keyboard and for tests).
+    void showPopover();
+
+private:
+    QString m_info;
+    QToolButton* m_button = nullptr;
+    QFrame* m_popover = nullptr;
 };
 
 } // namespace stagewright

@@ -4,6 +4,7 @@
 // button, or a typed number), one signal per change.
 #pragma once
 
+#include "StepperRules.h"
 #include "StepperStyle.h"
 
 #include <tessaro/model/Geometry.h>
@@ -13,7 +14,13 @@
 #include <cstdint>
 #include <optional>
 
+class QCheckBox;
+
 namespace stagewright {
+
+namespace detail {
+class NumberGroup;
+}
 
 /// How the range stepper shows its numbers.
 enum class stepperPrecision { Int, CGFloat };
@@ -29,6 +36,17 @@ public:
     void setValue(double value);
 signals:
     void valueChanged(double value);
+
+private:
+    void change(double next);
+    void take(const QString& text);
+    void refresh();
+
+    tessaro::RangeValue m_range;
+    double m_step;
+    int m_places;
+    double m_value = 0;
+    detail::NumberGroup* m_group = nullptr;
 };
 
 /// A whole number; the range limits only the buttons.
@@ -41,6 +59,16 @@ public:
     void setValue(std::int64_t value);
 signals:
     void valueChanged(std::int64_t value);
+
+private:
+    void change(std::int64_t next);
+    void refresh();
+
+    std::int64_t m_lower;
+    std::int64_t m_upper;
+    std::int64_t m_step;
+    std::int64_t m_value = 0;
+    detail::NumberGroup* m_group = nullptr;
 };
 
 /// A lower and an upper bound, "lower to upper", step 1. Escape in the upper
@@ -56,6 +84,18 @@ public:
 signals:
     void lowerChanged(double lower);
     void upperChanged(double upper);
+
+private:
+    void press(stepper::rangeButton button);
+    void change(tessaro::RangeValue next);
+    QString text(double value) const;
+    void refresh();
+
+    tessaro::RangeValue m_range;
+    stepperPrecision m_precision;
+    tessaro::RangeValue m_bounds;
+    detail::NumberGroup* m_lowerGroup = nullptr;
+    detail::NumberGroup* m_upperGroup = nullptr;
 };
 
 /// A vector, "dx" and "dy", step 1, no limits.
@@ -68,6 +108,14 @@ public:
     void setValue(tessaro::PointValue value);
 signals:
     void valueChanged(tessaro::PointValue value);
+
+private:
+    void change(tessaro::PointValue next);
+    void refresh();
+
+    tessaro::PointValue m_value;
+    detail::NumberGroup* m_dx = nullptr;
+    detail::NumberGroup* m_dy = nullptr;
 };
 
 /// A size, "width" and "height" ("w" and "h" with `shortLabel`), step 1, and
@@ -83,6 +131,20 @@ public:
     double aspectRatio() const;
 signals:
     void valueChanged(tessaro::SizeValue value);
+
+private:
+    void change(tessaro::SizeValue next);
+    void toggle(bool on);
+    bool keepsRatio() const { return m_showMaintainAspectRatio && m_toggleIsOn; }
+    void refresh();
+
+    bool m_showMaintainAspectRatio;
+    bool m_toggleIsOn = false;
+    double m_aspectRatio;
+    tessaro::SizeValue m_value;
+    detail::NumberGroup* m_width = nullptr;
+    detail::NumberGroup* m_height = nullptr;
+    QCheckBox* m_toggle = nullptr;
 };
 
 /// A point, "x" and "y"; `range` limits the buttons of both coordinates.
@@ -95,6 +157,16 @@ public:
     void setValue(tessaro::PointValue value);
 signals:
     void valueChanged(tessaro::PointValue value);
+
+private:
+    void change(tessaro::PointValue next);
+    void refresh();
+
+    double m_step;
+    tessaro::RangeValue m_range;
+    tessaro::PointValue m_value;
+    detail::NumberGroup* m_x = nullptr;
+    detail::NumberGroup* m_y = nullptr;
 };
 
 /// The random-position text "{<xl...xu>,<yl...yu>}" as four bounds.
@@ -108,6 +180,18 @@ public:
     void setValue(const QString& value);
 signals:
     void valueChanged(const QString& value);
+
+private:
+    enum class bound { xLower, xUpper, yLower, yUpper };
+    double& boundValue(bound which);
+    void change(bound which, double next);
+    void refresh();
+
+    double m_step;
+    tessaro::RangeValue m_range;
+    QString m_text;
+    stepper::pointRange m_bounds;
+    detail::NumberGroup* m_groups[4] = {};
 };
 
 } // namespace stagewright

@@ -173,7 +173,7 @@ TEST_F(ToolbarTest, LibraryOpensOnceAndCloseLevelDismissesIt)
     EXPECT_FALSE(windows->isWindowOpen(WindowId::objectLibrary));
     // The sheets that come later are there, and not yet enabled.
     for (QToolButton* later : {window->toolbar()->sceneSizeButton(), window->toolbar()->propertiesButton(),
-                               window->toolbar()->nodeListButton(), window->toolbar()->statisticsButton()})
+                               window->toolbar()->statisticsButton()})
         EXPECT_FALSE(later->isEnabled()) << later->text().toStdString();
     EXPECT_EQ(window->toolbar()->sceneSizeButton()->text(), QStringLiteral("Scene Size: 874 x 402"));
 }

@@ -1,0 +1,60 @@
+// The steps of a project's history that add an element of a catalogue from
+// the object library. The first redo adds the element as the scene adds a
+// new one and keeps what it made; later redos put back exactly that element,
+// under the same handle, so steps after it find it again.
+#pragma once
+
+#include <stagewright/scene/SceneEditor.h>
+
+#include <tessaro/model/Geometry.h>
+
+#include <QPointer>
+#include <QUndoCommand>
+
+#include <optional>
+#include <string>
+
+namespace stagewright {
+
+class projectTab;
+
+/// An element of the catalogue of `kind` added to the level shown, where the
+/// scene places a new element or, with `position`, stored at that position
+/// for the default device. The element is selected.
+class AddElementCommand : public QUndoCommand {
+public:
+    AddElementCommand(projectTab& tab, tessaro::sceneObjectType kind, std::string elementName,
+                      std::optional<tessaro::PointValue> position = std::nullopt);
+    void redo() override;
+    void undo() override;
+
+private:
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    tessaro::sceneObjectType m_kind;
+    std::string m_elementName;
+    std::optional<tessaro::PointValue> m_position;
+    /// The element as the first redo made it, and its place in its layer.
+    std::optional<sceneEditor::ElementInPlace> m_added;
+};
+
+/// An image of a background of the object catalogue appended to the level's
+/// background list. The new background is selected.
+class AddBackgroundCommand : public QUndoCommand {
+public:
+    AddBackgroundCommand(projectTab& tab, const sceneEditor& scene, std::string elementName);
+    void redo() override;
+    void undo() override;
+
+private:
+    void show(const std::optional<tessaro::Background>& list);
+
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    std::string m_elementName;
+    std::optional<tessaro::Background> m_before;
+    std::optional<std::optional<tessaro::Background>> m_after;
+    std::optional<tessaro::Uuid> m_addedId;
+};
+
+} // namespace stagewright

@@ -1,0 +1,130 @@
+#include "AnimationPane.h"
+
+#include "BaseElementSheet.h"
+#include "EditRouting.h"
+#include "PropertySection.h"
+
+#include <stagewright/state/ProjectTab.h>
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace stagewright {
+
+using P = publishedElementList;
+
+namespace {
+
+/// The rows of the cycle-end sheet, refreshed with it.
+class CycleEndRows : public RowPane {
+public:
+    explicit CycleEndRows(const rowBinding& binding) : RowPane(binding)
+    {
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        for (const rowSpec& row : cycleEndRows())
+            layout->addWidget(makeRow(row, modelType::AnimationCycleEnd));
+        layout->addStretch();
+    }
+};
+
+} // namespace
+
+animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent) : RowPane(std::move(binding), parent)
+{
+    setObjectName(QStringLiteral("animationPropertyView"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    if (!m_binding.tab)
+        return;
+    const selectedObjectModel& object = m_binding.tab->selectedObject();
+
+    auto* base = new PropertySection(tr("Element base animation properties"));
+    base->addReflectionRows(object.defaultViewProperties ? baseAnimationTable(*object.defaultViewProperties)
+                                                         : tessaro::ReflectionTable{});
+    layout->addWidget(base);
+
+    auto* cycleEnd = new QPushButton(tr("Cycle\nEnd"));
+    cycleEnd->setObjectName(QStringLiteral("cycleEndButton"));
+    layout->addWidget(cycleEnd, 0, Qt::AlignLeft);
+    connect(cycleEnd, &QPushButton::clicked, this, [this] {
+        auto* sheet = new animationCycleEndView(m_binding, this);
+        sheet->setAttribute(Qt::WA_DeleteOnClose);
+        sheet->open();
+    });
+
+    for (const sectionSpec& spec : animationSections()) {
+        auto* section = new PropertySection(tr(spec.title));
+        for (const rowSpec& row : spec.rows)
+            section->addRow(makeRow(row, modelType::Animation));
+        layout->addWidget(section);
+    }
+    layout->addStretch();
+    refresh();
+}
+
+animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent)
+    : QDialog(parent),
+      m_binding(std::move(binding))
+{
+    setObjectName(QStringLiteral("animationCycleEndView"));
+    setWindowTitle(tr("Cycle End"));
+    setWindowModality(Qt::WindowModal);
+    resize(500, 600);
+    auto* layout = new QVBoxLayout(this);
+    auto* buttons = new QHBoxLayout;
+    auto* add = new QPushButton(tr("Add"));
+    auto* remove = new QPushButton(tr("Delete"));
+    auto* close = new QPushButton(tr("Close"));
+    buttons->addWidget(add);
+    buttons->addWidget(remove);
+    buttons->addStretch();
+    buttons->addWidget(close);
+    layout->addLayout(buttons);
+    connect(add, &QPushButton::clicked, this, [this] { edit(P::End_list_add, true); });
+    connect(remove, &QPushButton::clicked, this, [this] { edit(P::End_list_delete, true); });
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+
+    auto* pick = new QHBoxLayout;
+    pick->addWidget(new QLabel(tr("Cycle end list")));
+    m_list = new QComboBox;
+    pick->addWidget(m_list, 1);
+    layout->addLayout(pick);
+    connect(m_list, &QComboBox::activated, this,
+            [this](int index) { edit(P::End_SelectedId, m_list->itemText(index).toStdString()); });
+
+    m_rows = new CycleEndRows(m_binding);
+    layout->addWidget(m_rows, 1);
+    if (m_binding.tab)
+        connect(m_binding.tab, &projectTab::selectedAnimationObjectChanged, this, &animationCycleEndView::refresh);
+    refresh();
+}
+
+void animationCycleEndView::edit(publishedElementList element, const propertyValue& value)
+{
+    if (m_binding.tab)
+        EditRouting(*m_binding.tab).editRow(modelType::AnimationCycleEnd, element, value);
+    refresh();
+}
+
+void animationCycleEndView::refresh()
+{
+    if (!m_binding.tab)
+        return;
+    const selectedAnimationModel& model = m_binding.tab->selectedAnimationObject();
+    {
+        const QSignalBlocker quiet(m_list);
+        m_list->clear();
+        for (const std::string& id : model.End_List)
+            m_list->addItem(QString::fromStdString(id));
+        m_list->setCurrentIndex(m_list->findText(QString::fromStdString(model.End_SelectedId)));
+    }
+    m_rows->setEnabled(!model.End_SelectedId.empty());
+    m_rows->refresh();
+}
+
+} // namespace stagewright

@@ -1,0 +1,36 @@
+// The "Animation" tab of obstacles and characters: the catalogue's animation,
+// read-only, the sections of the element's own animation values, and the
+// sheet of its cycle ends.
+#pragma once
+
+#include "PropertyRows.h"
+
+#include <QDialog>
+
+class QComboBox;
+
+namespace stagewright {
+
+class animationPropertyView : public RowPane {
+    Q_OBJECT
+public:
+    explicit animationPropertyView(rowBinding binding, QWidget* parent = nullptr);
+};
+
+/// The cycle ends of the element's animation: a list to pick one, buttons to
+/// add and delete, and the values of the picked one.
+class animationCycleEndView : public QDialog {
+    Q_OBJECT
+public:
+    explicit animationCycleEndView(rowBinding binding, QWidget* parent = nullptr);
+    void refresh();
+
+private:
+    void edit(publishedElementList element, const propertyValue& value);
+
+    rowBinding m_binding;
+    QComboBox* m_list = nullptr;
+    RowPane* m_rows = nullptr;
+};
+
+} // namespace stagewright

@@ -1,0 +1,25 @@
+// The catalogue record behind a selected element, read-only: the record, its
+// animation, rotation, device entries and physics shapes as tables.
+#pragma once
+
+#include <stagewright/state/SelectionModels.h>
+
+#include <tessaro/model/Reflection.h>
+
+#include <QDialog>
+
+#include <optional>
+
+namespace stagewright {
+
+/// The animation of a catalogue record as a table; an empty table when the
+/// record has none.
+tessaro::ReflectionTable baseAnimationTable(const defaultViewRecord& record);
+
+class baseElementPropertiesView : public QDialog {
+    Q_OBJECT
+public:
+    explicit baseElementPropertiesView(const defaultViewRecord& record, QWidget* parent = nullptr);
+};
+
+} // namespace stagewright

@@ -1,0 +1,96 @@
+#include "InspectorHead.h"
+
+#include "BaseElementSheet.h"
+#include "EditRouting.h"
+#include "controls/ImagePicker.h"
+
+#include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SceneSettings.h>
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace stagewright {
+
+QString selectionImagePath(const SceneSettings* settings, const std::string& image, tessaro::sceneObjectType kind)
+{
+    if (!settings || image.empty())
+        return {};
+    const QString name = QString::fromStdString(image);
+    for (const fileItem& item : settings->imageList())
+        if (item.sceneObjectType == kind && item.name == name)
+            return item.path();
+    return {};
+}
+
+InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding))
+{
+    setObjectName(QStringLiteral("inspectorHead"));
+    auto* layout = new QHBoxLayout(this);
+    m_preview = new ImagePreview(QSize(96, 96));
+    m_preview->setObjectName(QStringLiteral("selectionPreview"));
+    layout->addWidget(m_preview);
+    layout->addStretch();
+    if (!m_binding.tab)
+        return;
+
+    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    if (object.defaultViewProperties) {
+        auto* base = new QPushButton(QIcon::fromTheme(QStringLiteral("document-properties")), tr("Base\nProperties"));
+        base->setObjectName(QStringLiteral("baseButton"));
+        layout->addWidget(base);
+        connect(base, &QPushButton::clicked, this, [this] {
+            if (!m_binding.tab || !m_binding.tab->selectedObject().defaultViewProperties)
+                return;
+            auto* sheet = new baseElementPropertiesView(*m_binding.tab->selectedObject().defaultViewProperties, this);
+            sheet->setAttribute(Qt::WA_DeleteOnClose);
+            sheet->open();
+        });
+    }
+
+    m_actions = new QToolButton;
+    m_actions->setObjectName(QStringLiteral("actionsMenu"));
+    m_actions->setText(tr("Actions"));
+    m_actions->setIcon(QIcon::fromTheme(QStringLiteral("document-edit")));
+    m_actions->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_actions->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(m_actions);
+    ElementClipboard* clipboard = m_binding.settings ? &m_binding.settings->clipboard() : nullptr;
+    const auto route = [this, clipboard](void (EditRouting::*command)()) {
+        return [this, clipboard, command] {
+            if (m_binding.tab) {
+                EditRouting routing(*m_binding.tab, clipboard);
+                (routing.*command)();
+            }
+        };
+    };
+    menu->addAction(QIcon::fromTheme(QStringLiteral("edit-cut")), tr("Cut"), this, route(&EditRouting::cut));
+    menu->addAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy"), this, route(&EditRouting::copy));
+    QAction* paste =
+        menu->addAction(QIcon::fromTheme(QStringLiteral("edit-paste")), tr("Paste"), this, route(&EditRouting::paste));
+    menu->addAction(QIcon::fromTheme(QStringLiteral("edit-delete")), tr("Delete"), this,
+                    route(&EditRouting::deleteSelection));
+    connect(menu, &QMenu::aboutToShow, this, [this, paste, clipboard] {
+        paste->setEnabled(m_binding.tab && EditRouting(*m_binding.tab, clipboard).canPaste());
+    });
+    m_actions->setMenu(menu);
+    layout->addWidget(m_actions);
+    refresh();
+}
+
+void InspectorHead::refresh()
+{
+    if (!m_binding.tab)
+        return;
+    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    // Without an image of its own the element shows its catalogue record's.
+    std::string image = object.image;
+    if (image.empty() && object.defaultViewProperties)
+        image = std::visit([](const auto& record) { return record.image.value_or(std::string()); },
+                           *object.defaultViewProperties);
+    m_preview->setPath(selectionImagePath(m_binding.settings, image, object.type));
+}
+
+} // namespace stagewright

@@ -1,0 +1,21 @@
+// The "Primary" tab: the view-only values of the catalogue record, then the
+// element's own sections, each row only where it applies to the kind.
+#pragma once
+
+#include "PropertyRows.h"
+
+class QLabel;
+
+namespace stagewright {
+
+class primaryPropertyListView : public RowPane {
+    Q_OBJECT
+public:
+    explicit primaryPropertyListView(rowBinding binding, QWidget* parent = nullptr);
+    void refresh() override;
+
+private:
+    std::vector<QLabel*> m_viewOnly;
+};
+
+} // namespace stagewright

@@ -1,0 +1,369 @@
+#include "PropertyRows.h"
+
+#include "EditRouting.h"
+#include "ModelFields.h"
+#include "PropertyRules.h"
+#include "controls/ImagePicker.h"
+#include "controls/MultiSelectCombo.h"
+#include "controls/Steppers.h"
+
+#include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SceneSettings.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace stagewright {
+
+using P = publishedElementList;
+
+PropertyRow::PropertyRow(const rowSpec& spec, rowBinding binding, QWidget* parent)
+    : QWidget(parent),
+      m_spec(spec),
+      m_binding(std::move(binding))
+{
+    setObjectName(QStringLiteral("row_") + QString::fromUtf8(tessaro::caseText(spec.property)));
+    m_layout = new QHBoxLayout(this);
+    m_layout->setContentsMargins(0, 2, 0, 2);
+    m_label = new QLabel(tr(spec.label), this);
+    QFont bold = m_label->font();
+    bold.setBold(true);
+    m_label->setFont(bold);
+    m_label->setFixedWidth(150);
+    m_label->setWordWrap(true);
+    m_label->setToolTip(tr(spec.help));
+    m_layout->addWidget(m_label);
+}
+
+propertyValue PropertyRow::shown(publishedElementList property) const
+{
+    return m_binding.tab ? modelValue(*m_binding.tab, m_binding.model, property) : propertyValue{};
+}
+
+void PropertyRow::edited(publishedElementList property, const propertyValue& value)
+{
+    if (!m_binding.tab)
+        return;
+    EditRouting routing(*m_binding.tab, m_binding.settings ? &m_binding.settings->clipboard() : nullptr);
+    if (m_binding.background) {
+        setModelValue(*m_binding.tab, m_binding.model, property, value);
+        routing.applyBackgroundProperty(property, value);
+    } else {
+        routing.editRow(m_binding.model, property, value);
+    }
+}
+
+void PropertyRow::setControl(QWidget* control)
+{
+    control->setToolTip(tr(m_spec.help));
+    m_layout->addWidget(control, 1);
+}
+
+namespace {
+
+template <class T>
+T valueOr(const propertyValue& value, T fallback)
+{
+    if (const T* v = std::get_if<T>(&value))
+        return *v;
+    return fallback;
+}
+
+class floatRowViewHelper : public PropertyRow {
+public:
+    floatRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper = new LabelledCGFloatStepper({}, {}, {spec.lower, spec.upper}, spec.step, spec.places);
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledCGFloatStepper::valueChanged, this, [this](double v) { edited(v); });
+    }
+    void refresh() override { m_stepper->setValue(numberOf(shown()).value_or(0)); }
+
+private:
+    LabelledCGFloatStepper* m_stepper;
+};
+
+class intRowViewHelper : public PropertyRow {
+public:
+    intRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper =
+            new LabelledIntStepper({}, {}, std::int64_t(spec.lower), std::int64_t(spec.upper), std::int64_t(spec.step));
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledIntStepper::valueChanged, this, [this](std::int64_t v) { edited(v); });
+    }
+    void refresh() override { m_stepper->setValue(integerOf(shown()).value_or(0)); }
+
+private:
+    LabelledIntStepper* m_stepper;
+};
+
+class rangeRowViewHelper : public PropertyRow {
+public:
+    rangeRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper = new LabelledRangeStepper({}, {}, {0, greatest}, stepperPrecision::CGFloat);
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledRangeStepper::lowerChanged, this, [this](double v) { edited(v); });
+        connect(m_stepper, &LabelledRangeStepper::upperChanged, this,
+                [this](double v) { edited(m_spec.propertyUpper, v); });
+    }
+    void refresh() override
+    {
+        m_stepper->setBounds(numberOf(shown()).value_or(0), numberOf(shown(m_spec.propertyUpper)).value_or(0));
+    }
+
+private:
+    LabelledRangeStepper* m_stepper;
+};
+
+class pointRowViewHelper : public PropertyRow {
+public:
+    pointRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper = new LabelledPointStepper({}, {}, spec.step, {spec.lower, spec.upper});
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledPointStepper::valueChanged, this, [this](tessaro::PointValue v) { edited(v); });
+    }
+    void refresh() override { m_stepper->setValue(valueOr(shown(), tessaro::PointValue{})); }
+
+private:
+    LabelledPointStepper* m_stepper;
+};
+
+class sizeRowViewHelper : public PropertyRow {
+public:
+    sizeRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper = new LabelledSizeStepper({}, {}, false, spec.aspectToggle);
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledSizeStepper::valueChanged, this, [this](tessaro::SizeValue v) { edited(v); });
+    }
+    void refresh() override { m_stepper->setValue(valueOr(shown(), tessaro::SizeValue{})); }
+
+private:
+    LabelledSizeStepper* m_stepper;
+};
+
+class vectorRowViewHelper : public PropertyRow {
+public:
+    vectorRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper = new LabelledVectorStepper({}, {});
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledVectorStepper::valueChanged, this, [this](tessaro::PointValue v) { edited(v); });
+    }
+    void refresh() override { m_stepper->setValue(valueOr(shown(), tessaro::PointValue{})); }
+
+private:
+    LabelledVectorStepper* m_stepper;
+};
+
+class toggleRowViewHelper : public PropertyRow {
+public:
+    toggleRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_switch = new QCheckBox;
+        setControl(m_switch);
+        connect(m_switch, &QCheckBox::toggled, this, [this](bool on) { edited(on); });
+    }
+    void refresh() override
+    {
+        const QSignalBlocker quiet(m_switch);
+        m_switch->setChecked(flagOf(shown()).value_or(false));
+    }
+
+private:
+    QCheckBox* m_switch;
+};
+
+class textfieldRowViewHelper : public PropertyRow {
+public:
+    textfieldRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_field = new QLineEdit;
+        m_field->setPlaceholderText(QString::fromUtf8(spec.placeholder));
+        setControl(m_field);
+        connect(m_field, &QLineEdit::textEdited, this, [this](const QString& text) { edited(text.toStdString()); });
+    }
+    void refresh() override
+    {
+        const QString text = QString::fromStdString(textOf(shown()).value_or(std::string()));
+        if (m_field->text() != text) {
+            const QSignalBlocker quiet(m_field);
+            m_field->setText(text);
+        }
+    }
+
+private:
+    QLineEdit* m_field;
+};
+
+/// The picker's list for the front tab's selection.
+pickerContent contentOf(const rowSpec& spec, const rowBinding& binding)
+{
+    const sceneEditor* scene = binding.tab ? sceneEditorOf(binding.tab->currentScene()).get() : nullptr;
+    return binding.tab ? getPickerContent(spec.picker, *binding.tab, scene, binding.settings) : pickerContent{};
+}
+
+class pickerRowViewHelper : public PropertyRow {
+public:
+    pickerRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_menu = new QComboBox;
+        for (const pickerSection& section : contentOf(spec, binding).sections)
+            for (const pickerItem& item : section.items)
+                m_menu->addItem(item.text, item.tag);
+        setControl(m_menu);
+        connect(m_menu, &QComboBox::activated, this,
+                [this](int index) { edited(m_menu->itemData(index).toString().toStdString()); });
+    }
+    void refresh() override
+    {
+        const QSignalBlocker quiet(m_menu);
+        m_menu->setCurrentIndex(m_menu->findData(QString::fromStdString(textOf(shown()).value_or(std::string()))));
+    }
+
+private:
+    QComboBox* m_menu;
+};
+
+class multiPickerRowViewHelper : public PropertyRow {
+public:
+    multiPickerRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        QStringList items;
+        for (const pickerSection& section : contentOf(spec, binding).sections)
+            for (const pickerItem& item : section.items)
+                items << item.tag;
+        m_combo = new customMultiSelectCombo({}, items);
+        setControl(m_combo);
+        connect(m_combo, &customMultiSelectCombo::valuesChanged, this, [this](const QStringList& values) {
+            std::vector<std::string> list;
+            for (const QString& value : values)
+                list.push_back(value.toStdString());
+            edited(list);
+        });
+    }
+    void refresh() override
+    {
+        QStringList values;
+        for (const std::string& value : listOf(shown()).value_or(std::vector<std::string>{}))
+            values << QString::fromStdString(value);
+        m_combo->setValues(values);
+    }
+
+private:
+    customMultiSelectCombo* m_combo;
+};
+
+class imageRowViewHelper : public PropertyRow {
+public:
+    imageRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_picker = new CustomImagePickerView;
+        setControl(m_picker);
+        connect(m_picker, &CustomImagePickerView::imageChosen, this,
+                [this](const QString& name) { edited(name.toStdString()); });
+    }
+    void refresh() override
+    {
+        // Only the images of the folder of the element's kind are offered.
+        std::vector<fileItem> items;
+        if (m_binding.settings && m_binding.tab)
+            for (const fileItem& item : m_binding.settings->imageList())
+                if (item.sceneObjectType == m_binding.tab->selectedObject().type)
+                    items.push_back(item);
+        m_picker->setItems(std::move(items));
+        m_picker->setValue(QString::fromStdString(textOf(shown()).value_or(std::string())));
+    }
+
+private:
+    CustomImagePickerView* m_picker;
+};
+
+class pointRangeRowViewHelper : public PropertyRow {
+public:
+    pointRangeRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_stepper = new LabelledPointRangeStepper({}, {}, {}, spec.step, {spec.lower, spec.upper});
+        setControl(m_stepper);
+        connect(m_stepper, &LabelledPointRangeStepper::valueChanged, this,
+                [this](const QString& text) { edited(text.toStdString()); });
+    }
+    void refresh() override { m_stepper->setValue(QString::fromStdString(textOf(shown()).value_or(std::string()))); }
+
+private:
+    LabelledPointRangeStepper* m_stepper;
+};
+
+/// A view-only value: the catalogue's text of the field.
+class labelRowViewHelper : public PropertyRow {
+public:
+    labelRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    {
+        m_value = new QLabel;
+        m_value->setForegroundRole(QPalette::PlaceholderText);
+        m_value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        setControl(m_value);
+    }
+    void refresh() override
+    {
+        const std::string text = m_binding.tab
+            ? baseFieldText(baseField::elementName, m_binding.tab->selectedObject().defaultViewProperties)
+            : std::string();
+        m_value->setText(QString::fromStdString(text));
+    }
+
+private:
+    QLabel* m_value;
+};
+
+} // namespace
+
+PropertyRow* makePropertyRow(const rowSpec& spec, const rowBinding& binding, QWidget* parent)
+{
+    PropertyRow* row = nullptr;
+    switch (spec.control) {
+    case rowControl::Float: row = new floatRowViewHelper(spec, binding); break;
+    case rowControl::Int: row = new intRowViewHelper(spec, binding); break;
+    case rowControl::Range: row = new rangeRowViewHelper(spec, binding); break;
+    case rowControl::Point: row = new pointRowViewHelper(spec, binding); break;
+    case rowControl::Size: row = new sizeRowViewHelper(spec, binding); break;
+    case rowControl::Vector: row = new vectorRowViewHelper(spec, binding); break;
+    case rowControl::Toggle: row = new toggleRowViewHelper(spec, binding); break;
+    case rowControl::Text: row = new textfieldRowViewHelper(spec, binding); break;
+    case rowControl::Picker: row = new pickerRowViewHelper(spec, binding); break;
+    case rowControl::MultiPicker: row = new multiPickerRowViewHelper(spec, binding); break;
+    case rowControl::Image: row = new imageRowViewHelper(spec, binding); break;
+    case rowControl::PointRange: row = new pointRangeRowViewHelper(spec, binding); break;
+    case rowControl::Label: row = new labelRowViewHelper(spec, binding); break;
+    }
+    row->setParent(parent);
+    row->refresh();
+    return row;
+}
+
+RowPane::RowPane(rowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding)) {}
+
+void RowPane::refresh()
+{
+    for (PropertyRow* row : m_rows)
+        row->refresh();
+}
+
+PropertyRow* RowPane::makeRow(const rowSpec& spec, modelType model)
+{
+    rowBinding binding = m_binding;
+    binding.model = model;
+    PropertyRow* row = makePropertyRow(spec, binding);
+    m_rows.push_back(row);
+    return row;
+}
+
+} // namespace stagewright

@@ -1,0 +1,77 @@
+// The rows of the inspector's panes as a table: each row names the field it
+// edits, its label, its help text, its control and the control's limits. The
+// panes draw the table; adding a row is one line here.
+#pragma once
+
+#include "PickerContent.h"
+
+#include <stagewright/state/SelectionModels.h>
+
+#include <tessaro/model/Enumerations.h>
+
+#include <vector>
+
+namespace stagewright {
+
+/// The control of a row, one per kind of value.
+enum class rowControl {
+    Float,
+    Int,
+    Range,
+    Point,
+    Size,
+    Vector,
+    Toggle,
+    Text,
+    Picker,
+    MultiPicker,
+    Image,
+    PointRange,
+    Label // a view-only text
+};
+
+/// The greatest finite number, the open upper end of several steppers.
+inline constexpr double greatest = 1.7976931348623157e+308;
+
+struct rowSpec {
+    publishedElementList property;
+    const char* label;
+    rowControl control;
+    const char* help = "";
+    double lower = 0;
+    double upper = 0;
+    double step = 1;
+    int places = 1;
+    pickerType picker = pickerType::None;
+    /// A range row's second field; a text row's placeholder is its label.
+    publishedElementList propertyUpper = property;
+    const char* placeholder = "";
+    /// A size row offers "Maintain aspect ratio".
+    bool aspectToggle = false;
+};
+
+struct sectionSpec {
+    const char* title;
+    /// The kinds whose pane has the section; empty for every kind.
+    std::vector<tessaro::sceneObjectType> kinds;
+    std::vector<rowSpec> rows;
+};
+
+/// The editable sections of the primary pane, in drawing order.
+const std::vector<sectionSpec>& primarySections();
+/// The sections of the animation pane.
+const std::vector<sectionSpec>& animationSections();
+/// The rows of the cycle-end sheet.
+const std::vector<rowSpec>& cycleEndRows();
+/// The rows of the background pane above its pinned ranges.
+const std::vector<rowSpec>& backgroundRows();
+
+/// The value row of a field of the device pane.
+rowSpec deviceRow(publishedElementList field, const char* label);
+
+/// Whether `section` is drawn for an element of `kind`.
+bool sectionApplies(const sectionSpec& section, tessaro::sceneObjectType kind);
+/// The rows of `section` that are drawn for `kind`.
+std::vector<rowSpec> rowsFor(const sectionSpec& section, tessaro::sceneObjectType kind);
+
+} // namespace stagewright

@@ -1,0 +1,96 @@
+// The sounds tab's edits as steps of the tab's history. The list goes to its
+// receiver: an obstacle's or a character's own sounds, or the shared list of
+// the level record of the selected kind (the coins, the shields, ...). Adding
+// and deleting a sound write through as well, each one step, so a sound added
+// is never lost to a later selection.
+#pragma once
+
+#include "EditCommands.h"
+#include "SoundList.h"
+
+#include <QPointer>
+#include <QUndoCommand>
+
+#include <optional>
+#include <vector>
+
+namespace stagewright {
+
+class projectTab;
+
+/// Held volume steppers join into one step while they follow each other.
+namespace soundMergeId {
+inline constexpr int volume = 3000;
+}
+
+/// What one sound edit did, for the step's name and for joining.
+struct soundEdit {
+    enum class kind { add, remove, field };
+    kind what = kind::field;
+    std::size_t index = 0;
+    soundField field = soundField::filename;
+    bool operator==(const soundEdit&) const = default;
+};
+
+/// The sounds of an obstacle or a character.
+class ElementSoundsCommand : public ElementEditCommand {
+public:
+    ElementSoundsCommand(projectTab& tab, const elementNode& node, std::vector<tessaro::GameSound> sounds,
+                         soundEdit edit);
+    int id() const override;
+    bool mergeWith(const QUndoCommand* other) override;
+
+protected:
+    void apply(sceneEditor& scene, elementNode& node) override;
+
+private:
+    std::vector<tessaro::GameSound> m_sounds;
+    soundEdit m_edit;
+};
+
+/// The shared sounds of one record of a level.
+class LevelSoundsCommand : public QUndoCommand {
+public:
+    LevelSoundsCommand(projectTab& tab, soundPropertyType type, std::vector<tessaro::GameSound> sounds, soundEdit edit);
+    void redo() override;
+    void undo() override;
+    int id() const override;
+    bool mergeWith(const QUndoCommand* other) override;
+
+private:
+    void show(const std::optional<std::vector<tessaro::GameSound>>& sounds);
+
+    QPointer<projectTab> m_tab;
+    tessaro::Uuid m_levelId;
+    soundPropertyType m_type;
+    soundEdit m_edit;
+    std::optional<std::vector<tessaro::GameSound>> m_before;
+    std::optional<std::vector<tessaro::GameSound>> m_after;
+};
+
+/// The front door of the sounds tab: the list it shows for the selection of
+/// `tab`, and each edit of it as one step of the tab's history.
+class SoundEditRouting {
+public:
+    SoundEditRouting(projectTab& tab, soundPropertyType type);
+
+    /// The list the editor shows: the selection's own sounds for `object`,
+    /// else the shared list of the shown level's record.
+    std::vector<tessaro::GameSound> sounds() const;
+    /// Whether edits reach a receiver: an obstacle or a character for
+    /// `object`, else a shown level that has the record.
+    bool canWrite() const;
+
+    // Each returns false when nothing was written (no step).
+    bool add();
+    bool remove(std::size_t index);
+    bool change(std::size_t index, soundField field, const soundFieldValue& value);
+
+private:
+    bool push(std::vector<tessaro::GameSound> sounds, const soundEdit& edit);
+
+    projectTab& m_tab;
+    soundPropertyType m_type;
+};
+
+} // namespace stagewright
