@@ -25,8 +25,17 @@ using tessaro::Uuid;
 namespace {
 
 /// The fields of a row whose steps join while the same field is typed.
-enum rowField { actionField = 1, framesField, startField, endField, directionField, pointField, radiusField,
-                sizeField, centerField };
+enum rowField {
+    actionField = 1,
+    framesField,
+    startField,
+    endField,
+    directionField,
+    pointField,
+    radiusField,
+    sizeField,
+    centerField
+};
 
 QSizeF qtSize(tessaro::SizeValue size)
 {
@@ -53,8 +62,7 @@ std::optional<tessaro::PhysicsProperty> physicsOf(const defaultViewRecord& recor
 
 tessaro::SizeValue deviceSizeOf(const defaultViewRecord& record)
 {
-    return std::visit([](const auto& r) { return tessaro::deviceValue<tessaro::fieldList::size>(r.devices); },
-                      record);
+    return std::visit([](const auto& r) { return tessaro::deviceValue<tessaro::fieldList::size>(r.devices); }, record);
 }
 
 std::string imageOf(const defaultViewRecord& record)
@@ -85,7 +93,10 @@ double physicsPickerNumber(const QString& text)
 
 imagePhysicsSession::imagePhysicsSession(physicsEditMode mode, projectTab* tab, WorkspaceCatalogues* catalogues,
                                          QObject* parent)
-    : QObject(parent), m_mode(mode), m_tab(tab), m_catalogues(catalogues)
+    : QObject(parent),
+      m_mode(mode),
+      m_tab(tab),
+      m_catalogues(catalogues)
 {
 }
 

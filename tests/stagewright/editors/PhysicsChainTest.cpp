@@ -46,8 +46,7 @@ struct Canvas {
             event.viewLocation = pixel;
             event.sceneLocation = toScene.map(pixel);
             event.buttons = Qt::LeftButton;
-            scene->dispatchMouseEvent(i == 0 ? Kind::Down : (i + 1 == pixels.size() ? Kind::Up : Kind::Dragged),
-                                      event);
+            scene->dispatchMouseEvent(i == 0 ? Kind::Down : (i + 1 == pixels.size() ? Kind::Up : Kind::Dragged), event);
             ++i;
         }
     }
@@ -57,7 +56,8 @@ struct Canvas {
 
 /// A game scene without gravity that tells whether a small probe touches a body.
 struct Game : tessaro::kit::PhysicsContactDelegate {
-    std::shared_ptr<tessaro::AppSharedSceneBase> scene = std::make_shared<tessaro::AppSharedSceneBase>(QSizeF(874, 402));
+    std::shared_ptr<tessaro::AppSharedSceneBase> scene =
+        std::make_shared<tessaro::AppSharedSceneBase>(QSizeF(874, 402));
     double time = 0;
     tessaro::kit::PhysicsBody* probeBody = nullptr;
     bool touched = false;

@@ -343,7 +343,8 @@ TEST_F(PhysicsSessionTest, BaseShapesAreSavedIntoTheirOwnWorkspaceOnly)
     drag(*session, {0, 0}, {12, 0});
     ASSERT_TRUE(session->applyPhysics());
     EXPECT_TRUE(front().isProjectDirty()) << "the step is in the project's history";
-    const auto stored = tessaro::loadConfig<tessaro::configType::obstacles>(assets.toStdString(), "ObstacleList", "plist");
+    const auto stored =
+        tessaro::loadConfig<tessaro::configType::obstacles>(assets.toStdString(), "ObstacleList", "plist");
     ASSERT_EQ(stored.size(), 1u);
     ASSERT_TRUE(stored.front().physics && stored.front().physics->radiuses);
     EXPECT_EQ(stored.front().physics->radiuses->front().radius, 12);
