@@ -135,16 +135,15 @@ navBarViewType::navBarViewType(imagePhysicsSession& session, QWidget* parent) : 
     layout->addWidget(m_readOut);
     layout->addStretch();
 
-    m_properties = commandButton(tr("Properties"), QStringLiteral("view-right-pane"),
-                                 QStyle::SP_FileDialogDetailedView, tr("Show or hide the shapes' properties."), this);
+    m_properties = commandButton(tr("Properties"), QStringLiteral("view-right-pane"), QStyle::SP_FileDialogDetailedView,
+                                 tr("Show or hide the shapes' properties."), this);
     m_properties->setObjectName(QStringLiteral("propertiesButton"));
     m_properties->setCheckable(true);
     connect(m_properties, &QToolButton::clicked, this,
             [this] { m_session.setInspectorPresented(!m_session.isInspectorPresented()); });
     layout->addWidget(m_properties);
-    auto* apply = commandButton(m_session.editBaseElement() ? tr("Save") : tr("Apply"),
-                                QStringLiteral("document-save"), QStyle::SP_DialogSaveButton,
-                                tr("Apply the changes and close the window."), this);
+    auto* apply = commandButton(m_session.editBaseElement() ? tr("Save") : tr("Apply"), QStringLiteral("document-save"),
+                                QStyle::SP_DialogSaveButton, tr("Apply the changes and close the window."), this);
     apply->setObjectName(QStringLiteral("applyButton"));
     connect(apply, &QToolButton::clicked, this, &navBarViewType::applyRequested);
     layout->addWidget(apply);
@@ -214,8 +213,8 @@ void navBarViewType::toggleToolPopover()
         rows->setContentsMargins(4, 4, 4, 4);
         rows->setSpacing(0);
         for (const insertItem& item : insertItems()) {
-            auto* row = new QPushButton(insertIcon(item.type, palette().color(QPalette::ButtonText)), item.name,
-                                        m_popover);
+            auto* row =
+                new QPushButton(insertIcon(item.type, palette().color(QPalette::ButtonText)), item.name, m_popover);
             row->setObjectName(item.name);
             row->setFlat(true);
             row->setIconSize(QSize(24, 24));

@@ -71,7 +71,9 @@ QString physicsTypeLabel(physicsType type)
 
 physicsListView::physicsListView(imagePhysicsSession& session, const physicsElement& element, bool expanded,
                                  QWidget* parent)
-    : QFrame(parent), m_session(session), m_id(element.id)
+    : QFrame(parent),
+      m_session(session),
+      m_id(element.id)
 {
     setObjectName(QStringLiteral("shapeRow"));
     setFrameShape(QFrame::StyledPanel);

@@ -46,8 +46,8 @@ QWidget* thumbnail(imagePhysicsSession& session, int index, QWidget* parent)
     picture->setIconSize(QSize(thumbnailSide - 10, thumbnailSide - 10));
     picture->setToolTip(session.imageList().at(index));
     if (const std::optional<QImage> image = loadThumbnail(session.imageList().at(index)))
-        picture->setIcon(QIcon(QPixmap::fromImage(
-            image->scaled(picture->iconSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation))));
+        picture->setIcon(QIcon(
+            QPixmap::fromImage(image->scaled(picture->iconSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation))));
     else
         picture->setText(QString::number(index));
     QObject::connect(picture, &QToolButton::clicked, cell, [&session, index] { session.selectImage(index); });

@@ -90,8 +90,7 @@ TEST_F(PhysicsSheetTest, ToolsAreChosenAtFullScaleAndShapesDrawnWithTheMouse)
 
     // A drag on the picture draws a rectangle about its centre.
     tessaro::kit::SceneView* view = sheet->canvas()->sceneView();
-    const QPoint centre =
-        view->convertPointFromScene(sheet->canvas()->scene().scenePoint({0, 0})).toPoint();
+    const QPoint centre = view->convertPointFromScene(sheet->canvas()->scene().scenePoint({0, 0})).toPoint();
     QTest::mousePress(view, Qt::LeftButton, {}, centre + QPoint(2, 2));
     QTest::mouseMove(view, centre + QPoint(9, -6));
     QMouseEvent drag(QEvent::MouseMove, centre + QPoint(16, -12), view->mapToGlobal(centre + QPoint(16, -12)),
