@@ -2,6 +2,7 @@
 
 #include "BaseElementSheet.h"
 #include "EditRouting.h"
+#include "PhysicsEditorHook.h"
 #include "PropertySection.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -79,15 +80,22 @@ animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent
     auto* buttons = new QHBoxLayout;
     auto* add = new QPushButton(tr("Add"));
     auto* remove = new QPushButton(tr("Delete"));
+    auto* physics = new QPushButton(tr("Animation\nPhysics"));
+    physics->setObjectName(QStringLiteral("cycleEndPhysicsButton"));
     auto* close = new QPushButton(tr("Close"));
     buttons->addWidget(add);
     buttons->addWidget(remove);
+    buttons->addWidget(physics);
     buttons->addStretch();
     buttons->addWidget(close);
     layout->addLayout(buttons);
     connect(add, &QPushButton::clicked, this, [this] { edit(P::End_list_add, true); });
     connect(remove, &QPushButton::clicked, this, [this] { edit(P::End_list_delete, true); });
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    connect(physics, &QPushButton::clicked, this, [this] {
+        if (m_binding.tab && !m_binding.tab->selectedAnimationObject().End_SelectedId.empty())
+            openPhysicsEditor(this, *m_binding.tab, m_binding.settings, physicsEditMode::animation);
+    });
 
     auto* pick = new QHBoxLayout;
     pick->addWidget(new QLabel(tr("Cycle end list")));

@@ -53,8 +53,7 @@ bool storesNothing(publishedElementList element)
     case P::target_attack:
     case P::target_move:
     case P::target_toss:
-    case P::target_moveSpeed:
-    case P::End_physics: return true;
+    case P::target_moveSpeed: return true;
     default: return false;
     }
 }
@@ -205,6 +204,13 @@ void applyCycleEndProperty(sceneEditor& scene, publishedElementList element, con
     case P::End_removeFromParentAtEnd: entry.removeFromParentAtEnd = flagOf(value).value_or(false); break;
     case P::End_animationDuration: entry.animationDuration = numberOf(value).value_or(0); break;
     case P::End_zPosition: entry.zPosition = numberOf(value).value_or(0); break;
+    case P::End_physics:
+        // The physics editor's shapes for the entry's animation.
+        if (const auto* physics = std::get_if<tessaro::PhysicsProperty>(&value)) {
+            entry.physics = *physics;
+            model.End_physics = *physics;
+        }
+        break;
     case P::End_size: {
         const tessaro::SizeValue size = sizeOf(value).value_or(tessaro::SizeValue{});
         if (!entry.devices)

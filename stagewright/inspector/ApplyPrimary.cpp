@@ -211,17 +211,25 @@ void applyImage(projectTab& tab, elementNode& node, const std::string& image)
     replaceGlow(node);
 }
 
+/// The shapes of the physics editor become the element's own: obstacles and
+/// characters keep them in their override record, and the node shows them as
+/// the shapes in force.
 void applyPhysics(elementNode& node, const tessaro::PhysicsProperty& physics)
 {
-    if (node.kind() != sceneObjectType::obstacles || !node.obstacleOverrides)
-        return;
-    tessaro::boxed<tessaro::PhysicsProperty>& stored = node.obstacleOverrides->physics;
+    tessaro::boxed<tessaro::PhysicsProperty>* stored = nullptr;
+    if (node.kind() == sceneObjectType::obstacles && node.obstacleOverrides)
+        stored = &node.obstacleOverrides->physics;
+    else if (node.kind() == sceneObjectType::character && node.characterOverrides)
+        stored = &node.characterOverrides->physics;
     if (!stored)
-        stored = tessaro::PhysicsProperty{};
-    copyList(physics, *stored, &tessaro::PhysicsProperty::edges);
-    copyList(physics, *stored, &tessaro::PhysicsProperty::radiuses);
-    copyList(physics, *stored, &tessaro::PhysicsProperty::rectangles);
-    copyList(physics, *stored, &tessaro::PhysicsProperty::polygons);
+        return;
+    if (!*stored)
+        *stored = tessaro::PhysicsProperty{};
+    copyList(physics, **stored, &tessaro::PhysicsProperty::edges);
+    copyList(physics, **stored, &tessaro::PhysicsProperty::radiuses);
+    copyList(physics, **stored, &tessaro::PhysicsProperty::rectangles);
+    copyList(physics, **stored, &tessaro::PhysicsProperty::polygons);
+    node.physics = **stored;
 }
 
 void applyGravity(elementNode& node, bool gravity)

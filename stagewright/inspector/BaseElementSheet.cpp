@@ -85,6 +85,9 @@ baseElementPropertiesView::baseElementPropertiesView(const defaultViewRecord& re
     scroll->setWidget(content);
     layout->addWidget(scroll);
     auto* buttons = new QDialogButtonBox;
+    QPushButton* physics = buttons->addButton(tr("Physics"), QDialogButtonBox::ActionRole);
+    physics->setObjectName(QStringLiteral("basePhysicsButton"));
+    connect(physics, &QPushButton::clicked, this, &baseElementPropertiesView::physicsRequested);
     buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);

@@ -20,6 +20,9 @@ class baseElementPropertiesView : public QDialog {
     Q_OBJECT
 public:
     explicit baseElementPropertiesView(const defaultViewRecord& record, QWidget* parent = nullptr);
+signals:
+    /// "Physics": the shapes of the catalogue record are to be edited.
+    void physicsRequested();
 };
 
 } // namespace stagewright

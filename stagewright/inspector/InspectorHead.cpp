@@ -2,6 +2,7 @@
 
 #include "BaseElementSheet.h"
 #include "EditRouting.h"
+#include "PhysicsEditorHook.h"
 #include "controls/ImagePicker.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -37,6 +38,17 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
         return;
 
     const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const bool shaped =
+        object.type == tessaro::sceneObjectType::obstacles || object.type == tessaro::sceneObjectType::character;
+    if (shaped) {
+        auto* physics = new QPushButton(QIcon::fromTheme(QStringLiteral("draw-polygon")), tr("Physics"));
+        physics->setObjectName(QStringLiteral("physicsButton"));
+        layout->addWidget(physics);
+        connect(physics, &QPushButton::clicked, this, [this] {
+            if (m_binding.tab)
+                openPhysicsEditor(this, *m_binding.tab, m_binding.settings, physicsEditMode::element);
+        });
+    }
     if (object.defaultViewProperties) {
         auto* base = new QPushButton(QIcon::fromTheme(QStringLiteral("document-properties")), tr("Base\nProperties"));
         base->setObjectName(QStringLiteral("baseButton"));
@@ -45,6 +57,10 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
             if (!m_binding.tab || !m_binding.tab->selectedObject().defaultViewProperties)
                 return;
             auto* sheet = new baseElementPropertiesView(*m_binding.tab->selectedObject().defaultViewProperties, this);
+            connect(sheet, &baseElementPropertiesView::physicsRequested, this, [this, sheet] {
+                if (m_binding.tab)
+                    openPhysicsEditor(sheet, *m_binding.tab, m_binding.settings, physicsEditMode::base);
+            });
             sheet->setAttribute(Qt::WA_DeleteOnClose);
             sheet->open();
         });

@@ -142,6 +142,8 @@ void showKindFields(selectedObjectModel& model, const elementNode& node, const s
     case sceneObjectType::character:
         model.charClassType = node.charClassType.value_or(tessaro::characterClassType::friendly);
         model.isVisible = true;
+        if (node.physics)
+            model.physics = *node.physics;
         if (node.characterOverrides) {
             model.objectClassType = classes(node.characterOverrides->objectClassType);
             showMasks(model, node.characterOverrides->collisionMasks);

@@ -12,6 +12,7 @@
 #include "Windows.h"
 
 #include <stagewright/editors/GroundReorderView.h>
+#include <stagewright/editors/ImagePhysicsView.h>
 #include <stagewright/inspector/EditRouting.h>
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/AppPreferences.h>
@@ -52,6 +53,7 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
     // sizes become steps of the history, and overlapping elements are
     // offered in a pop-up menu.
     installEditing(&m_settings);
+    installPhysicsEditor();
     sceneEditor::setMenuPresenter(popUpObjectMenu);
     m_appearance = std::make_unique<Appearance>(m_settings);
     m_preferences = std::make_unique<AppPreferences>(m_settings);

@@ -10,6 +10,9 @@ namespace stagewright {
 
 namespace {
 
+constexpr tessaro::configType catalogueTypes[] = {tessaro::configType::objects, tessaro::configType::characters,
+                                                  tessaro::configType::obstacles};
+
 const char* catalogueFileName(tessaro::configType type)
 {
     switch (type) {
@@ -30,6 +33,8 @@ void WorkspaceCatalogues::load(const QString& workspace)
 {
     m_gate.withAccess(workspace, [&] { tessaro::loadCatalogues(assetsFolder(workspace).toStdString()); });
     m_workspace = workspace;
+    for (const tessaro::configType type : catalogueTypes)
+        remember(type);
 }
 
 bool WorkspaceCatalogues::save(tessaro::configType type)
@@ -43,7 +48,41 @@ bool WorkspaceCatalogues::save(tessaro::configType type)
     m_gate.withAccess(m_workspace, [&] {
         written = tessaro::saveConfig(name, "plist", assetsFolder(m_workspace).toStdString(), type);
     });
+    if (written)
+        remember(type);
     return written;
+}
+
+bool WorkspaceCatalogues::isChanged(tessaro::configType type) const
+{
+    switch (type) {
+    case tessaro::configType::objects: return tessaro::objectCatalogue() != m_storedObjects;
+    case tessaro::configType::characters: return tessaro::characterCatalogue() != m_storedCharacters;
+    case tessaro::configType::obstacles: return tessaro::obstacleCatalogue() != m_storedObstacles;
+    case tessaro::configType::app:
+    case tessaro::configType::level: break;
+    }
+    return false;
+}
+
+bool WorkspaceCatalogues::saveChanged()
+{
+    bool allWritten = true;
+    for (const tessaro::configType type : catalogueTypes)
+        if (isChanged(type))
+            allWritten = save(type) && allWritten;
+    return allWritten;
+}
+
+void WorkspaceCatalogues::remember(tessaro::configType type)
+{
+    switch (type) {
+    case tessaro::configType::objects: m_storedObjects = tessaro::objectCatalogue(); break;
+    case tessaro::configType::characters: m_storedCharacters = tessaro::characterCatalogue(); break;
+    case tessaro::configType::obstacles: m_storedObstacles = tessaro::obstacleCatalogue(); break;
+    case tessaro::configType::app:
+    case tessaro::configType::level: break;
+    }
 }
 
 } // namespace stagewright
