@@ -5,6 +5,7 @@
 
 #include <stagewright/inspector/InspectorView.h>
 #include <stagewright/inspector/ModelFields.h>
+#include <stagewright/inspector/PhysicsEditorHook.h>
 #include <stagewright/inspector/PropertyRows.h>
 #include <stagewright/inspector/PropertyRules.h>
 #include <stagewright/inspector/controls/Steppers.h>
@@ -189,6 +190,28 @@ TEST_F(InspectorViewTest, TheDevicePaneAddsAndDeletesAnOverrideOfTheShownDevice)
     QCoreApplication::processEvents();
     EXPECT_FALSE(findDevice(*selected(), tessaro::deviceName::iPad));
     EXPECT_EQ(sizeButton()->text(), QString::fromUtf8(addOverrideLabel(tessaro::deviceName::iPad)));
+}
+
+TEST_F(InspectorViewTest, HeadButtonsOpenTheSideEditorsOfTheKind)
+{
+    std::vector<physicsEditMode> opened;
+    setPhysicsEditorOpener(
+        [&](QWidget*, projectTab&, SceneSettings*, physicsEditMode mode) { opened.push_back(mode); });
+
+    pick(K::obstacles);
+    auto* physics = view->findChild<QPushButton*>("physicsButton");
+    ASSERT_TRUE(physics);
+    physics->click();
+    EXPECT_EQ(opened, std::vector{physicsEditMode::element});
+    EXPECT_FALSE(view->findChild<QPushButton*>("groundOrderButton"));
+
+    pick(K::ground);
+    EXPECT_FALSE(view->findChild<QPushButton*>("physicsButton"));
+    auto* order = view->findChild<QPushButton*>("groundOrderButton");
+    ASSERT_TRUE(order);
+    order->click();
+    EXPECT_TRUE(settings->isGroundInspectorPresented());
+    setPhysicsEditorOpener({});
 }
 
 TEST_F(InspectorViewTest, EveryRowOfTheTablesIsBoundToAFieldOfItsModel)
