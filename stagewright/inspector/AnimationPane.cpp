@@ -27,7 +27,7 @@ public:
     {
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
-        for (const rowSpec& row : cycleEndRows())
+        for (const rowEntry& row : cycleEndRows())
             layout->addWidget(makeRow(row, modelType::AnimationCycleEnd));
         layout->addStretch();
     }
@@ -58,9 +58,9 @@ animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent
         sheet->open();
     });
 
-    for (const sectionSpec& spec : animationSections()) {
-        auto* section = new PropertySection(tr(spec.title));
-        for (const rowSpec& row : spec.rows)
+    for (const sectionEntry& entry : animationSections()) {
+        auto* section = new PropertySection(tr(entry.title));
+        for (const rowEntry& row : entry.rows)
             section->addRow(makeRow(row, modelType::Animation));
         layout->addWidget(section);
     }

@@ -51,7 +51,7 @@ backgroundPropertyListView::backgroundPropertyListView(rowBinding binding, QWidg
     });
 
     auto* section = new PropertySection(tr("Pinned Ranges"));
-    for (const rowSpec& row : backgroundRows())
+    for (const rowEntry& row : backgroundRows())
         section->addRow(makeRow(row, modelType::Primary));
     auto* rangesBox = new QWidget;
     m_ranges = new QVBoxLayout(rangesBox);

@@ -24,11 +24,11 @@ primaryPropertyListView::primaryPropertyListView(rowBinding binding, QWidget* pa
     layout->addWidget(viewOnly);
     const tessaro::sceneObjectType kind =
         m_binding.tab ? m_binding.tab->selectedObject().type : tessaro::sceneObjectType::none;
-    for (const sectionSpec& spec : primarySections()) {
-        if (!sectionApplies(spec, kind))
+    for (const sectionEntry& entry : primarySections()) {
+        if (!sectionApplies(entry, kind))
             continue;
-        auto* section = new PropertySection(tr(spec.title));
-        for (const rowSpec& row : rowsFor(spec, kind))
+        auto* section = new PropertySection(tr(entry.title));
+        for (const rowEntry& row : rowsFor(entry, kind))
             section->addRow(makeRow(row, modelType::Primary));
         layout->addWidget(section);
     }

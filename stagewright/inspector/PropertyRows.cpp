@@ -22,21 +22,21 @@ namespace stagewright {
 
 using P = publishedElementList;
 
-PropertyRow::PropertyRow(const rowSpec& spec, rowBinding binding, QWidget* parent)
+PropertyRow::PropertyRow(const rowEntry& entry, rowBinding binding, QWidget* parent)
     : QWidget(parent),
-      m_spec(spec),
+      m_entry(entry),
       m_binding(std::move(binding))
 {
-    setObjectName(QStringLiteral("row_") + QString::fromUtf8(tessaro::caseText(spec.property)));
+    setObjectName(QStringLiteral("row_") + QString::fromUtf8(tessaro::caseText(entry.property)));
     m_layout = new QHBoxLayout(this);
     m_layout->setContentsMargins(0, 2, 0, 2);
-    m_label = new QLabel(tr(spec.label), this);
+    m_label = new QLabel(tr(entry.label), this);
     QFont bold = m_label->font();
     bold.setBold(true);
     m_label->setFont(bold);
     m_label->setFixedWidth(150);
     m_label->setWordWrap(true);
-    m_label->setToolTip(tr(spec.help));
+    m_label->setToolTip(tr(entry.help));
     m_layout->addWidget(m_label);
 }
 
@@ -60,7 +60,7 @@ void PropertyRow::edited(publishedElementList property, const propertyValue& val
 
 void PropertyRow::setControl(QWidget* control)
 {
-    control->setToolTip(tr(m_spec.help));
+    control->setToolTip(tr(m_entry.help));
     m_layout->addWidget(control, 1);
 }
 
@@ -76,9 +76,9 @@ T valueOr(const propertyValue& value, T fallback)
 
 class floatRowViewHelper : public PropertyRow {
 public:
-    floatRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    floatRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper = new LabelledCGFloatStepper({}, {}, {spec.lower, spec.upper}, spec.step, spec.places);
+        m_stepper = new LabelledCGFloatStepper({}, {}, {entry.lower, entry.upper}, entry.step, entry.places);
         setControl(m_stepper);
         connect(m_stepper, &LabelledCGFloatStepper::valueChanged, this, [this](double v) { edited(v); });
     }
@@ -90,10 +90,10 @@ private:
 
 class intRowViewHelper : public PropertyRow {
 public:
-    intRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    intRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper =
-            new LabelledIntStepper({}, {}, std::int64_t(spec.lower), std::int64_t(spec.upper), std::int64_t(spec.step));
+        m_stepper = new LabelledIntStepper({}, {}, std::int64_t(entry.lower), std::int64_t(entry.upper),
+                                           std::int64_t(entry.step));
         setControl(m_stepper);
         connect(m_stepper, &LabelledIntStepper::valueChanged, this, [this](std::int64_t v) { edited(v); });
     }
@@ -105,17 +105,17 @@ private:
 
 class rangeRowViewHelper : public PropertyRow {
 public:
-    rangeRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    rangeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledRangeStepper({}, {}, {0, greatest}, stepperPrecision::CGFloat);
         setControl(m_stepper);
         connect(m_stepper, &LabelledRangeStepper::lowerChanged, this, [this](double v) { edited(v); });
         connect(m_stepper, &LabelledRangeStepper::upperChanged, this,
-                [this](double v) { edited(m_spec.propertyUpper, v); });
+                [this](double v) { edited(m_entry.propertyUpper, v); });
     }
     void refresh() override
     {
-        m_stepper->setBounds(numberOf(shown()).value_or(0), numberOf(shown(m_spec.propertyUpper)).value_or(0));
+        m_stepper->setBounds(numberOf(shown()).value_or(0), numberOf(shown(m_entry.propertyUpper)).value_or(0));
     }
 
 private:
@@ -124,9 +124,9 @@ private:
 
 class pointRowViewHelper : public PropertyRow {
 public:
-    pointRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    pointRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper = new LabelledPointStepper({}, {}, spec.step, {spec.lower, spec.upper});
+        m_stepper = new LabelledPointStepper({}, {}, entry.step, {entry.lower, entry.upper});
         setControl(m_stepper);
         connect(m_stepper, &LabelledPointStepper::valueChanged, this, [this](tessaro::PointValue v) { edited(v); });
     }
@@ -138,9 +138,9 @@ private:
 
 class sizeRowViewHelper : public PropertyRow {
 public:
-    sizeRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    sizeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper = new LabelledSizeStepper({}, {}, false, spec.aspectToggle);
+        m_stepper = new LabelledSizeStepper({}, {}, false, entry.aspectToggle);
         setControl(m_stepper);
         connect(m_stepper, &LabelledSizeStepper::valueChanged, this, [this](tessaro::SizeValue v) { edited(v); });
     }
@@ -152,7 +152,7 @@ private:
 
 class vectorRowViewHelper : public PropertyRow {
 public:
-    vectorRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    vectorRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledVectorStepper({}, {});
         setControl(m_stepper);
@@ -166,7 +166,7 @@ private:
 
 class toggleRowViewHelper : public PropertyRow {
 public:
-    toggleRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    toggleRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_switch = new QCheckBox;
         setControl(m_switch);
@@ -184,10 +184,10 @@ private:
 
 class textfieldRowViewHelper : public PropertyRow {
 public:
-    textfieldRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    textfieldRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_field = new QLineEdit;
-        m_field->setPlaceholderText(QString::fromUtf8(spec.placeholder));
+        m_field->setPlaceholderText(QString::fromUtf8(entry.placeholder));
         setControl(m_field);
         connect(m_field, &QLineEdit::textEdited, this, [this](const QString& text) { edited(text.toStdString()); });
     }
@@ -205,18 +205,18 @@ private:
 };
 
 /// The picker's list for the front tab's selection.
-pickerContent contentOf(const rowSpec& spec, const rowBinding& binding)
+pickerContent contentOf(const rowEntry& entry, const rowBinding& binding)
 {
     const sceneEditor* scene = binding.tab ? sceneEditorOf(binding.tab->currentScene()).get() : nullptr;
-    return binding.tab ? getPickerContent(spec.picker, *binding.tab, scene, binding.settings) : pickerContent{};
+    return binding.tab ? getPickerContent(entry.picker, *binding.tab, scene, binding.settings) : pickerContent{};
 }
 
 class pickerRowViewHelper : public PropertyRow {
 public:
-    pickerRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    pickerRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_menu = new QComboBox;
-        for (const pickerSection& section : contentOf(spec, binding).sections)
+        for (const pickerSection& section : contentOf(entry, binding).sections)
             for (const pickerItem& item : section.items)
                 m_menu->addItem(item.text, item.tag);
         setControl(m_menu);
@@ -235,10 +235,10 @@ private:
 
 class multiPickerRowViewHelper : public PropertyRow {
 public:
-    multiPickerRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    multiPickerRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         QStringList items;
-        for (const pickerSection& section : contentOf(spec, binding).sections)
+        for (const pickerSection& section : contentOf(entry, binding).sections)
             for (const pickerItem& item : section.items)
                 items << item.tag;
         m_combo = new customMultiSelectCombo({}, items);
@@ -264,7 +264,7 @@ private:
 
 class imageRowViewHelper : public PropertyRow {
 public:
-    imageRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    imageRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_picker = new CustomImagePickerView;
         setControl(m_picker);
@@ -289,9 +289,9 @@ private:
 
 class pointRangeRowViewHelper : public PropertyRow {
 public:
-    pointRangeRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    pointRangeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper = new LabelledPointRangeStepper({}, {}, {}, spec.step, {spec.lower, spec.upper});
+        m_stepper = new LabelledPointRangeStepper({}, {}, {}, entry.step, {entry.lower, entry.upper});
         setControl(m_stepper);
         connect(m_stepper, &LabelledPointRangeStepper::valueChanged, this,
                 [this](const QString& text) { edited(text.toStdString()); });
@@ -305,7 +305,7 @@ private:
 /// A view-only value: the catalogue's text of the field.
 class labelRowViewHelper : public PropertyRow {
 public:
-    labelRowViewHelper(const rowSpec& spec, const rowBinding& binding) : PropertyRow(spec, binding)
+    labelRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
         m_value = new QLabel;
         m_value->setForegroundRole(QPalette::PlaceholderText);
@@ -326,23 +326,23 @@ private:
 
 } // namespace
 
-PropertyRow* makePropertyRow(const rowSpec& spec, const rowBinding& binding, QWidget* parent)
+PropertyRow* makePropertyRow(const rowEntry& entry, const rowBinding& binding, QWidget* parent)
 {
     PropertyRow* row = nullptr;
-    switch (spec.control) {
-    case rowControl::Float: row = new floatRowViewHelper(spec, binding); break;
-    case rowControl::Int: row = new intRowViewHelper(spec, binding); break;
-    case rowControl::Range: row = new rangeRowViewHelper(spec, binding); break;
-    case rowControl::Point: row = new pointRowViewHelper(spec, binding); break;
-    case rowControl::Size: row = new sizeRowViewHelper(spec, binding); break;
-    case rowControl::Vector: row = new vectorRowViewHelper(spec, binding); break;
-    case rowControl::Toggle: row = new toggleRowViewHelper(spec, binding); break;
-    case rowControl::Text: row = new textfieldRowViewHelper(spec, binding); break;
-    case rowControl::Picker: row = new pickerRowViewHelper(spec, binding); break;
-    case rowControl::MultiPicker: row = new multiPickerRowViewHelper(spec, binding); break;
-    case rowControl::Image: row = new imageRowViewHelper(spec, binding); break;
-    case rowControl::PointRange: row = new pointRangeRowViewHelper(spec, binding); break;
-    case rowControl::Label: row = new labelRowViewHelper(spec, binding); break;
+    switch (entry.control) {
+    case rowControl::Float: row = new floatRowViewHelper(entry, binding); break;
+    case rowControl::Int: row = new intRowViewHelper(entry, binding); break;
+    case rowControl::Range: row = new rangeRowViewHelper(entry, binding); break;
+    case rowControl::Point: row = new pointRowViewHelper(entry, binding); break;
+    case rowControl::Size: row = new sizeRowViewHelper(entry, binding); break;
+    case rowControl::Vector: row = new vectorRowViewHelper(entry, binding); break;
+    case rowControl::Toggle: row = new toggleRowViewHelper(entry, binding); break;
+    case rowControl::Text: row = new textfieldRowViewHelper(entry, binding); break;
+    case rowControl::Picker: row = new pickerRowViewHelper(entry, binding); break;
+    case rowControl::MultiPicker: row = new multiPickerRowViewHelper(entry, binding); break;
+    case rowControl::Image: row = new imageRowViewHelper(entry, binding); break;
+    case rowControl::PointRange: row = new pointRangeRowViewHelper(entry, binding); break;
+    case rowControl::Label: row = new labelRowViewHelper(entry, binding); break;
     }
     row->setParent(parent);
     row->refresh();
@@ -357,11 +357,11 @@ void RowPane::refresh()
         row->refresh();
 }
 
-PropertyRow* RowPane::makeRow(const rowSpec& spec, modelType model)
+PropertyRow* RowPane::makeRow(const rowEntry& entry, modelType model)
 {
     rowBinding binding = m_binding;
     binding.model = model;
-    PropertyRow* row = makePropertyRow(spec, binding);
+    PropertyRow* row = makePropertyRow(entry, binding);
     m_rows.push_back(row);
     return row;
 }

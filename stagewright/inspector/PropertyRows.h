@@ -29,8 +29,8 @@ struct rowBinding {
 class PropertyRow : public QWidget {
     Q_OBJECT
 public:
-    PropertyRow(const rowSpec& spec, rowBinding binding, QWidget* parent = nullptr);
-    const rowSpec& spec() const { return m_spec; }
+    PropertyRow(const rowEntry& entry, rowBinding binding, QWidget* parent = nullptr);
+    const rowEntry& entry() const { return m_entry; }
     /// Shows the model's value without reporting a change.
     virtual void refresh() = 0;
     /// The label column, for rows that add controls beside it.
@@ -38,14 +38,14 @@ public:
 
 protected:
     propertyValue shown(publishedElementList property) const;
-    propertyValue shown() const { return shown(m_spec.property); }
+    propertyValue shown() const { return shown(m_entry.property); }
     /// The user changed `property` to `value`: one edit of the tab.
     void edited(publishedElementList property, const propertyValue& value);
-    void edited(const propertyValue& value) { edited(m_spec.property, value); }
+    void edited(const propertyValue& value) { edited(m_entry.property, value); }
     /// Puts the control beside the label.
     void setControl(QWidget* control);
 
-    rowSpec m_spec;
+    rowEntry m_entry;
     rowBinding m_binding;
 
 private:
@@ -53,8 +53,8 @@ private:
     QLabel* m_label = nullptr;
 };
 
-/// The row widget of `spec`'s control.
-PropertyRow* makePropertyRow(const rowSpec& spec, const rowBinding& binding, QWidget* parent = nullptr);
+/// The row widget of `entry`'s control.
+PropertyRow* makePropertyRow(const rowEntry& entry, const rowBinding& binding, QWidget* parent = nullptr);
 
 /// A pane of rows: it refreshes them all when its model changes.
 class RowPane : public QWidget {
@@ -65,8 +65,8 @@ public:
     virtual void refresh();
 
 protected:
-    /// A row of `spec` for `model`, kept for refreshing.
-    PropertyRow* makeRow(const rowSpec& spec, modelType model);
+    /// A row of `entry` for `model`, kept for refreshing.
+    PropertyRow* makeRow(const rowEntry& entry, modelType model);
 
     rowBinding m_binding;
     std::vector<PropertyRow*> m_rows;

@@ -12,55 +12,55 @@ using C = rowControl;
 
 namespace {
 
-rowSpec floatRow(P property, const char* label, double lower, double upper, double step, int places, const char* help)
+rowEntry floatRow(P property, const char* label, double lower, double upper, double step, int places, const char* help)
 {
     return {property, label, C::Float, help, lower, upper, step, places};
 }
 
-rowSpec intRow(P property, const char* label, double lower, double upper, const char* help)
+rowEntry intRow(P property, const char* label, double lower, double upper, const char* help)
 {
     return {property, label, C::Int, help, lower, upper, 1, 0};
 }
 
-rowSpec pickRow(P property, const char* label, pickerType picker, const char* help)
+rowEntry pickRow(P property, const char* label, pickerType picker, const char* help)
 {
-    rowSpec row{property, label, C::Picker, help};
+    rowEntry row{property, label, C::Picker, help};
     row.picker = picker;
     return row;
 }
 
-rowSpec multiRow(P property, const char* label, pickerType picker, const char* help)
+rowEntry multiRow(P property, const char* label, pickerType picker, const char* help)
 {
-    rowSpec row{property, label, C::MultiPicker, help};
+    rowEntry row{property, label, C::MultiPicker, help};
     row.picker = picker;
     return row;
 }
 
-rowSpec textRow(P property, const char* label, const char* placeholder, const char* help)
+rowEntry textRow(P property, const char* label, const char* placeholder, const char* help)
 {
-    rowSpec row{property, label, C::Text, help};
+    rowEntry row{property, label, C::Text, help};
     row.placeholder = placeholder;
     return row;
 }
 
-rowSpec rangeRow(P lower, P upper, const char* label, const char* help)
+rowEntry rangeRow(P lower, P upper, const char* label, const char* help)
 {
-    rowSpec row{lower, label, C::Range, help, 0, 10000, 0.5};
+    rowEntry row{lower, label, C::Range, help, 0, 10000, 0.5};
     row.propertyUpper = upper;
     return row;
 }
 
 // The delay, wait and target rows share their limits.
-rowSpec timeRow(P property, const char* label, const char* help)
+rowEntry timeRow(P property, const char* label, const char* help)
 {
     return floatRow(property, label, 0, 10000, 0.5, 1, help);
 }
 
 } // namespace
 
-const std::vector<sectionSpec>& primarySections()
+const std::vector<sectionEntry>& primarySections()
 {
-    static const std::vector<sectionSpec> sections{
+    static const std::vector<sectionEntry> sections{
         {"Common properties",
          {},
          {textRow(P::observedname, "Name", "objectName", "The name under which the game's code finds the element."),
@@ -122,9 +122,9 @@ const std::vector<sectionSpec>& primarySections()
     return sections;
 }
 
-const std::vector<sectionSpec>& animationSections()
+const std::vector<sectionEntry>& animationSections()
 {
-    static const std::vector<sectionSpec> sections{
+    static const std::vector<sectionEntry> sections{
         {"Frequency properties",
          {},
          {pickRow(P::animationFrequency, "Frequency", pickerType::AnimationFrequency, "How often the animation runs."),
@@ -183,9 +183,9 @@ const std::vector<sectionSpec>& animationSections()
     return sections;
 }
 
-const std::vector<rowSpec>& cycleEndRows()
+const std::vector<rowEntry>& cycleEndRows()
 {
-    static const std::vector<rowSpec> rows{
+    static const std::vector<rowEntry> rows{
         {P::End_atlasName, "Image", C::Image, "The pictures of the cycle end."},
         floatRow(P::End_animationDuration, "Animation duration", 0, 10000, 0.5, 1, "Seconds the cycle end lasts."),
         {P::End_size, "Size", C::Size, "The size of the cycle end's pictures."},
@@ -202,9 +202,9 @@ const std::vector<rowSpec>& cycleEndRows()
     return rows;
 }
 
-const std::vector<rowSpec>& backgroundRows()
+const std::vector<rowEntry>& backgroundRows()
 {
-    static const std::vector<rowSpec> rows{
+    static const std::vector<rowEntry> rows{
         {P::image, "Image", C::Image, "The picture of the background."},
         {P::isVisible, "isVisible", C::Toggle, "A hidden background is kept but not drawn."},
         pickRow(P::backgroundScrollOrientation, "Scroll Orientation", pickerType::ScrollOrientation,
@@ -216,11 +216,11 @@ const std::vector<rowSpec>& backgroundRows()
     return rows;
 }
 
-rowSpec deviceRow(publishedElementList field, const char* label)
+rowEntry deviceRow(publishedElementList field, const char* label)
 {
     switch (field) {
     case P::size: {
-        rowSpec row{field, label, C::Size, "The size on the device."};
+        rowEntry row{field, label, C::Size, "The size on the device."};
         row.aspectToggle = true;
         return row;
     }
@@ -235,18 +235,18 @@ rowSpec deviceRow(publishedElementList field, const char* label)
     }
 }
 
-bool sectionApplies(const sectionSpec& section, tessaro::sceneObjectType kind)
+bool sectionApplies(const sectionEntry& section, tessaro::sceneObjectType kind)
 {
     if (section.kinds.empty())
         return kind != K::background;
     return std::find(section.kinds.begin(), section.kinds.end(), kind) != section.kinds.end();
 }
 
-std::vector<rowSpec> rowsFor(const sectionSpec& section, tessaro::sceneObjectType kind)
+std::vector<rowEntry> rowsFor(const sectionEntry& section, tessaro::sceneObjectType kind)
 {
-    std::vector<rowSpec> rows;
+    std::vector<rowEntry> rows;
     // Only the element's own rows depend on its kind; the animation rows do not.
-    for (const rowSpec& row : section.rows)
+    for (const rowEntry& row : section.rows)
         if (row.property > P::charClassType || propertyApplies(row.property, kind))
             rows.push_back(row);
     return rows;

@@ -33,7 +33,7 @@ enum class rowControl {
 /// The greatest finite number, the open upper end of several steppers.
 inline constexpr double greatest = 1.7976931348623157e+308;
 
-struct rowSpec {
+struct rowEntry {
     publishedElementList property;
     const char* label;
     rowControl control;
@@ -50,28 +50,28 @@ struct rowSpec {
     bool aspectToggle = false;
 };
 
-struct sectionSpec {
+struct sectionEntry {
     const char* title;
     /// The kinds whose pane has the section; empty for every kind.
     std::vector<tessaro::sceneObjectType> kinds;
-    std::vector<rowSpec> rows;
+    std::vector<rowEntry> rows;
 };
 
 /// The editable sections of the primary pane, in drawing order.
-const std::vector<sectionSpec>& primarySections();
+const std::vector<sectionEntry>& primarySections();
 /// The sections of the animation pane.
-const std::vector<sectionSpec>& animationSections();
+const std::vector<sectionEntry>& animationSections();
 /// The rows of the cycle-end sheet.
-const std::vector<rowSpec>& cycleEndRows();
+const std::vector<rowEntry>& cycleEndRows();
 /// The rows of the background pane above its pinned ranges.
-const std::vector<rowSpec>& backgroundRows();
+const std::vector<rowEntry>& backgroundRows();
 
 /// The value row of a field of the device pane.
-rowSpec deviceRow(publishedElementList field, const char* label);
+rowEntry deviceRow(publishedElementList field, const char* label);
 
 /// Whether `section` is drawn for an element of `kind`.
-bool sectionApplies(const sectionSpec& section, tessaro::sceneObjectType kind);
+bool sectionApplies(const sectionEntry& section, tessaro::sceneObjectType kind);
 /// The rows of `section` that are drawn for `kind`.
-std::vector<rowSpec> rowsFor(const sectionSpec& section, tessaro::sceneObjectType kind);
+std::vector<rowEntry> rowsFor(const sectionEntry& section, tessaro::sceneObjectType kind);
 
 } // namespace stagewright

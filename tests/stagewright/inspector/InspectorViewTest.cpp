@@ -58,13 +58,13 @@ struct InspectorViewTest : EditingFixture {
     {
         std::set<std::string> rows;
         for (const PropertyRow* row : view->findChild<QWidget*>(pane)->findChildren<PropertyRow*>())
-            rows.insert(std::string(tessaro::caseText(row->spec().property)));
+            rows.insert(std::string(tessaro::caseText(row->entry().property)));
         return rows;
     }
     PropertyRow* row(const char* pane, P property) const
     {
         for (PropertyRow* r : view->findChild<QWidget*>(pane)->findChildren<PropertyRow*>())
-            if (r->spec().property == property)
+            if (r->entry().property == property)
                 return r;
         return nullptr;
     }
@@ -217,24 +217,24 @@ TEST_F(InspectorViewTest, HeadButtonsOpenTheSideEditorsOfTheKind)
 TEST_F(InspectorViewTest, EveryRowOfTheTablesIsBoundToAFieldOfItsModel)
 {
     ASSERT_TRUE(select(K::obstacles));
-    const auto bound = [&](modelType model, const rowSpec& spec) {
-        if (spec.control == rowControl::Label)
+    const auto bound = [&](modelType model, const rowEntry& entry) {
+        if (entry.control == rowControl::Label)
             return;
-        EXPECT_FALSE(std::holds_alternative<std::monostate>(modelValue(front(), model, spec.property)))
-            << tessaro::caseText(spec.property);
-        EXPECT_FALSE(std::holds_alternative<std::monostate>(modelValue(front(), model, spec.propertyUpper)))
-            << tessaro::caseText(spec.propertyUpper);
+        EXPECT_FALSE(std::holds_alternative<std::monostate>(modelValue(front(), model, entry.property)))
+            << tessaro::caseText(entry.property);
+        EXPECT_FALSE(std::holds_alternative<std::monostate>(modelValue(front(), model, entry.propertyUpper)))
+            << tessaro::caseText(entry.propertyUpper);
     };
-    for (const sectionSpec& section : primarySections())
-        for (const rowSpec& spec : section.rows)
-            bound(modelType::Primary, spec);
-    for (const sectionSpec& section : animationSections())
-        for (const rowSpec& spec : section.rows)
-            bound(modelType::Animation, spec);
-    for (const rowSpec& spec : cycleEndRows())
-        bound(modelType::AnimationCycleEnd, spec);
-    for (const rowSpec& spec : backgroundRows())
-        bound(modelType::Primary, spec);
+    for (const sectionEntry& section : primarySections())
+        for (const rowEntry& entry : section.rows)
+            bound(modelType::Primary, entry);
+    for (const sectionEntry& section : animationSections())
+        for (const rowEntry& entry : section.rows)
+            bound(modelType::Animation, entry);
+    for (const rowEntry& entry : cycleEndRows())
+        bound(modelType::AnimationCycleEnd, entry);
+    for (const rowEntry& entry : backgroundRows())
+        bound(modelType::Primary, entry);
     for (const deviceFieldRow& field : deviceFieldRows())
         bound(modelType::Devices, deviceRow(field.field, field.label));
 
