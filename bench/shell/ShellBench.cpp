@@ -18,6 +18,7 @@
 #include <stagewright/shell/MainWindow.h>
 #include <stagewright/shell/StageWrightApp.h>
 #include <stagewright/shell/Windows.h>
+#include <stagewright/state/AppPreferences.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -157,6 +158,7 @@ struct BigLevelWindow {
     QTemporaryDir home;
     std::unique_ptr<SceneSettings> settings;
     std::unique_ptr<DesktopDialogs> dialogs;
+    std::unique_ptr<AppPreferences> preferences;
     std::unique_ptr<WindowManager> windows;
     std::unique_ptr<Commands> commands;
     std::unique_ptr<MainWindow> window;
@@ -167,7 +169,8 @@ struct BigLevelWindow {
         settings = std::make_unique<SceneSettings>(PermissionManager::shared());
         settings->setSceneFactory(makeSceneEditorFactory());
         dialogs = std::make_unique<DesktopDialogs>();
-        windows = std::make_unique<WindowManager>(*settings);
+        preferences = std::make_unique<AppPreferences>(*settings);
+        windows = std::make_unique<WindowManager>(*settings, *preferences);
         commands = std::make_unique<Commands>(*settings, *dialogs, windows.get());
 
         // The synthetic project, named as the seed catalogues name things.
@@ -190,6 +193,7 @@ struct BigLevelWindow {
         window.reset();
         commands.reset();
         windows.reset();
+        preferences.reset();
         settings.reset();
     }
 };

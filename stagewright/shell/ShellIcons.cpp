@@ -7,9 +7,44 @@
 #include <QPalette>
 #include <QPixmap>
 
+#include <cmath>
+
 namespace stagewright {
 
 namespace {
+
+QPainterPath folderOutline()
+{
+    QPainterPath folder;
+    folder.moveTo(3, 7);
+    folder.lineTo(3, 19);
+    folder.lineTo(21, 19);
+    folder.lineTo(21, 8);
+    folder.lineTo(12, 8);
+    folder.lineTo(10, 5);
+    folder.lineTo(4, 5);
+    folder.closeSubpath();
+    return folder;
+}
+
+/// A gear of eight teeth round `centre`, `radius` to the tips of the teeth.
+void drawGear(QPainter& p, QPointF centre, qreal radius)
+{
+    QPainterPath wheel;
+    constexpr int teeth = 8;
+    for (int i = 0; i < teeth * 4; ++i) {
+        const qreal angle = (i - 0.5) * M_PI / (teeth * 2);
+        const qreal reach = (i % 4 < 2) ? radius : radius * 0.72;
+        const QPointF point = centre + QPointF(std::cos(angle), std::sin(angle)) * reach;
+        if (i == 0)
+            wheel.moveTo(point);
+        else
+            wheel.lineTo(point);
+    }
+    wheel.closeSubpath();
+    p.drawPath(wheel);
+    p.drawEllipse(centre, radius * 0.3, radius * 0.3);
+}
 
 /// Draws one symbol in a 24 by 24 box with the palette's text colour, at
 /// paint time, so a change of appearance needs no new icons.
@@ -75,6 +110,24 @@ private:
         case Symbol::plus:
             p.drawLine(QPointF(12, 4), QPointF(12, 20));
             p.drawLine(QPointF(4, 12), QPointF(20, 12));
+            break;
+        case Symbol::minus: p.drawLine(QPointF(4, 12), QPointF(20, 12)); break;
+        case Symbol::gear: drawGear(p, QPointF(12, 12), 9); break;
+        case Symbol::folderGear:
+            p.drawPath(folderOutline());
+            drawGear(p, QPointF(16.5, 16.5), 5);
+            break;
+        case Symbol::lock:
+            p.drawRoundedRect(QRectF(5, 11, 14, 10), 2, 2);
+            p.drawArc(QRectF(8, 4, 8, 10), 0, 180 * 16);
+            p.drawLine(QPointF(8, 9), QPointF(8, 11));
+            p.drawLine(QPointF(16, 9), QPointF(16, 11));
+            p.drawLine(QPointF(12, 14.5), QPointF(12, 17.5));
+            break;
+        case Symbol::clear:
+            p.drawEllipse(QRectF(3, 3, 18, 18));
+            p.drawLine(QPointF(9, 9), QPointF(15, 15));
+            p.drawLine(QPointF(15, 9), QPointF(9, 15));
             break;
         case Symbol::sidebarRight:
             p.drawRoundedRect(QRectF(3, 5, 18, 14), 2, 2);
@@ -204,20 +257,10 @@ private:
             p.drawLine(QPointF(9, 12), QPointF(15, 12));
             p.drawLine(QPointF(9, 16), QPointF(15, 16));
             break;
-        case Symbol::workspace: {
-            QPainterPath folder;
-            folder.moveTo(3, 7);
-            folder.lineTo(3, 19);
-            folder.lineTo(21, 19);
-            folder.lineTo(21, 8);
-            folder.lineTo(12, 8);
-            folder.lineTo(10, 5);
-            folder.lineTo(4, 5);
-            folder.closeSubpath();
-            p.drawPath(folder);
+        case Symbol::workspace:
+            p.drawPath(folderOutline());
             p.drawLine(QPointF(3, 10.5), QPointF(21, 10.5));
             break;
-        }
         }
     }
 
@@ -232,6 +275,9 @@ QString themeIconName(Symbol symbol)
     switch (symbol) {
     case Symbol::info: return QStringLiteral("help-about");
     case Symbol::plus: return QStringLiteral("list-add");
+    case Symbol::minus: return QStringLiteral("list-remove");
+    case Symbol::gear: return QStringLiteral("preferences-system");
+    case Symbol::clear: return QStringLiteral("edit-clear");
     case Symbol::xmark: return QStringLiteral("window-close");
     case Symbol::moveDown: return QStringLiteral("go-down");
     case Symbol::moveUp: return QStringLiteral("go-up");

@@ -34,6 +34,11 @@ enum class Symbol {
     paste,
     level, // footer: the level's folder
     workspace, // footer: the workspace folder
+    minus, // remove a row
+    gear, // settings: general
+    folderGear, // settings: workspace
+    lock, // settings: permissions
+    clear, // reset the settings
 };
 
 /// The freedesktop icon name of a symbol, or empty where the theme has none.

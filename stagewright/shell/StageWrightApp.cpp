@@ -58,7 +58,7 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
     m_appearance = std::make_unique<Appearance>(m_settings);
     m_preferences = std::make_unique<AppPreferences>(m_settings);
     m_dialogs = std::make_unique<DesktopDialogs>();
-    m_windows = std::make_unique<WindowManager>(m_settings);
+    m_windows = std::make_unique<WindowManager>(m_settings, *m_preferences);
     m_commands = std::make_unique<Commands>(m_settings, *m_dialogs, m_windows.get());
     m_commands->setFilesToOpen(files);
     m_mainWindow = std::make_unique<MainWindow>(m_settings, *m_commands, m_windows.get());

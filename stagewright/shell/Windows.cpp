@@ -1,48 +1,25 @@
 #include "Windows.h"
 
 #include "AboutWindow.h"
+#include "AppSettingsView.h"
 #include "HelpWindow.h"
 #include "ObjectLibraryWindow.h"
 
-#include <stagewright/state/SceneSettings.h>
-
-#include <QCheckBox>
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFormLayout>
-#include <QLabel>
-#include <QTabWidget>
-#include <QVBoxLayout>
 
 namespace stagewright {
 
 WindowDirectory::~WindowDirectory() = default;
 
-// ---- Settings ---------------------------------------------------------------------
-
-SettingsWindow::SettingsWindow(SceneSettings& settings, QWidget* parent) : QWidget(parent, Qt::Window)
-{
-    setObjectName(WindowId::settings);
-    setWindowTitle(tr("Settings"));
-    auto* layout = new QVBoxLayout(this);
-    auto* tabs = new QTabWidget(this);
-    auto* general = new QWidget(tabs);
-    auto* form = new QFormLayout(general);
-    m_darkMode = new QCheckBox(general);
-    m_darkMode->setObjectName(QStringLiteral("darkModeSwitch"));
-    m_darkMode->setChecked(settings.isDark());
-    form->addRow(tr("Dark mode:"), m_darkMode);
-    tabs->addTab(general, tr("General"));
-    layout->addWidget(tabs);
-    connect(m_darkMode, &QCheckBox::toggled, &settings, &SceneSettings::setIsDark);
-    connect(&settings, &SceneSettings::isDarkChanged, m_darkMode,
-            [this, &settings] { m_darkMode->setChecked(settings.isDark()); });
-    resize(480, 240);
-}
-
 // ---- Manager ----------------------------------------------------------------------
 
-WindowManager::WindowManager(SceneSettings& settings, QObject* parent) : QObject(parent), m_settings(settings) {}
+WindowManager::WindowManager(SceneSettings& settings, AppPreferences& preferences, QObject* parent)
+    : QObject(parent),
+      m_settings(settings),
+      m_preferences(preferences)
+{
+}
 
 WindowManager::~WindowManager()
 {
@@ -61,7 +38,7 @@ QWidget* WindowManager::make(const QString& id)
     if (id == WindowId::objectLibrary)
         window = new ObjectLibraryWindow(m_settings);
     else if (id == WindowId::settings)
-        window = new SettingsWindow(m_settings);
+        window = new appSettingsView(m_preferences);
     else if (id == WindowId::about)
         window = new AboutWindow;
     else if (id == WindowId::help)

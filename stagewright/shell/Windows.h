@@ -8,10 +8,9 @@
 #include <QString>
 #include <QWidget>
 
-class QCheckBox;
-
 namespace stagewright {
 
+class AppPreferences;
 class SceneSettings;
 
 /// The identifiers of the windows.
@@ -32,23 +31,12 @@ public:
     virtual bool isWindowOpen(const QString& id) const = 0;
 };
 
-/// The settings window; its first tab holds the appearance.
-class SettingsWindow : public QWidget {
-    Q_OBJECT
-public:
-    explicit SettingsWindow(SceneSettings& settings, QWidget* parent = nullptr);
-    QCheckBox* darkModeSwitch() const { return m_darkMode; }
-
-private:
-    QCheckBox* m_darkMode = nullptr;
-};
-
 /// Makes the windows on first use and keeps them for the run. A window that
 /// is closed is hidden, so it opens again as it was.
 class WindowManager : public QObject, public WindowDirectory {
     Q_OBJECT
 public:
-    explicit WindowManager(SceneSettings& settings, QObject* parent = nullptr);
+    WindowManager(SceneSettings& settings, AppPreferences& preferences, QObject* parent = nullptr);
     ~WindowManager() override;
 
     void setMainWindow(QWidget* window);
@@ -72,6 +60,7 @@ private:
     QWidget* make(const QString& id);
 
     SceneSettings& m_settings;
+    AppPreferences& m_preferences;
     QPointer<QWidget> m_main;
     QHash<QString, QPointer<QWidget>> m_windows;
 };

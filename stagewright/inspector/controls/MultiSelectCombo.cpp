@@ -79,6 +79,12 @@ void customMultiSelectCombo::setValues(const QStringList& values)
     refresh();
 }
 
+void customMultiSelectCombo::setSeparator(const QString& separator)
+{
+    m_separator = separator;
+    refresh();
+}
+
 bool customMultiSelectCombo::isPopover() const
 {
     return m_popover && m_popover->isVisible();
@@ -129,12 +135,13 @@ void customMultiSelectCombo::click(const QString& item)
 {
     m_values = toggledSelection(m_values, item);
     refresh();
+    emit itemClicked(item);
     emit valuesChanged(m_values);
 }
 
 void customMultiSelectCombo::refresh()
 {
-    const QString joined = m_values.join(QStringLiteral(", "));
+    const QString joined = m_values.join(m_separator);
     m_text->setText(m_text->fontMetrics().elidedText(joined, Qt::ElideRight, textColumnWidth));
     m_text->setToolTip(joined);
     const QColor text = palette().color(QPalette::WindowText);

@@ -1,4 +1,5 @@
-// A multiple choice: the chosen values joined by ", ", their number, and a
+// A multiple choice: the chosen values joined by ", " (or another
+// separator), their number, and a
 // popup list of every item with a check mark on the chosen ones. A click on
 // an item takes it out of the list when it is in (every occurrence), else
 // appends it, so the list keeps the order of the clicks.
@@ -23,6 +24,8 @@ public:
     customMultiSelectCombo(const QString& label, const QStringList& items, QWidget* parent = nullptr);
     QStringList values() const;
     void setValues(const QStringList& values);
+    /// What the row puts between the chosen values.
+    void setSeparator(const QString& separator);
     /// Opens the popup list (for the keyboard and for tests).
     void showPopover();
     bool isPopover() const;
@@ -31,6 +34,8 @@ public:
 signals:
     /// The user clicked an item of the list.
     void valuesChanged(const QStringList& values);
+    /// The item the user clicked, before `valuesChanged`.
+    void itemClicked(const QString& item);
 
 private:
     void click(const QString& item);
@@ -38,6 +43,7 @@ private:
 
     QStringList m_items;
     QStringList m_values;
+    QString m_separator = QStringLiteral(", ");
     QPushButton* m_row = nullptr;
     QLabel* m_text = nullptr;
     QLabel* m_count = nullptr;

@@ -42,14 +42,13 @@ styleColors resolveColors(const Style& style, const QPalette& palette)
 }
 
 TitleBlock::TitleBlock(const QString& title, const QString& description, const Style& style, QWidget* parent)
-    : QWidget(parent)
+    : QWidget(parent),
+      m_style(style)
 {
-    const styleColors colours = resolveColors(style, palette());
-    m_background = colours.background;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(6, 2, 6, 2);
     column->setSpacing(0);
-    auto addLine = [&](const QString& text, const QColor& colour, const char* name) {
+    auto addLine = [&](const QString& text, const char* name) {
         if (text.isEmpty())
             return;
         auto* line = new QLabel(text, this);
@@ -57,14 +56,34 @@ TitleBlock::TitleBlock(const QString& title, const QString& description, const S
         QFont font = line->font();
         font.setBold(true);
         line->setFont(font);
-        QPalette linePalette = line->palette();
-        linePalette.setColor(QPalette::WindowText, colour);
-        line->setPalette(linePalette);
         column->addWidget(line);
     };
-    addLine(title, colours.title, "title");
-    addLine(description, colours.description, "description");
+    addLine(title, "title");
+    addLine(description, "description");
     setMinimumWidth(int(style.labelWidth));
+    takeColours();
+}
+
+void TitleBlock::takeColours()
+{
+    const styleColors colours = resolveColors(m_style, palette());
+    m_background = colours.background;
+    const auto colourLine = [this](const char* name, const QColor& colour) {
+        if (auto* line = findChild<QLabel*>(QLatin1String(name))) {
+            QPalette linePalette = line->palette();
+            linePalette.setColor(QPalette::WindowText, colour);
+            line->setPalette(linePalette);
+        }
+    };
+    colourLine("title", colours.title);
+    colourLine("description", colours.description);
+}
+
+void TitleBlock::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        takeColours();
+    QWidget::changeEvent(event);
 }
 
 void TitleBlock::paintEvent(QPaintEvent*)
@@ -83,25 +102,42 @@ TitleBlock* makeTitleBlock(const QString& title, const QString& description, con
     return new TitleBlock(title, description, style, parent);
 }
 
-StepperButton::StepperButton(const QString& text, const Style& style, QWidget* parent) : QToolButton(parent)
+StepperButton::StepperButton(const QString& text, const Style& style, QWidget* parent)
+    : QToolButton(parent),
+      m_style(style)
 {
     setText(text);
     setAutoRepeat(true);
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(int(style.buttonWidth), int(style.buttonHeight));
-    const styleColors colours = resolveColors(style, palette());
+    QFont bold = font();
+    bold.setBold(true);
+    setFont(bold);
+    takeColours();
+}
+
+void StepperButton::takeColours()
+{
+    // Only the button text is set here, so the window text the colours come
+    // from is still the inherited one; setting the same palette again is
+    // no change and ends the round.
+    const styleColors colours = resolveColors(m_style, palette());
     QPalette buttonPalette = palette();
     for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
         buttonPalette.setColor(group, QPalette::ButtonText, colours.button);
     buttonPalette.setColor(QPalette::Disabled, QPalette::ButtonText, colours.inactiveButton);
     setPalette(buttonPalette);
-    QFont bold = font();
-    bold.setBold(true);
-    setFont(bold);
 }
 
-NumberGroup::NumberGroup(const QString& caption, const Style& style, QWidget* parent) : QWidget(parent)
+void StepperButton::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        takeColours();
+    QToolButton::changeEvent(event);
+}
+
+NumberGroup::NumberGroup(const QString& caption, const Style& style, QWidget* parent) : QWidget(parent), m_style(style)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -118,10 +154,7 @@ NumberGroup::NumberGroup(const QString& caption, const Style& style, QWidget* pa
     m_field->setAlignment(Qt::AlignCenter);
     m_field->setFixedWidth(76);
     m_field->installEventFilter(this);
-    const styleColors colours = resolveColors(style, palette());
-    QPalette fieldPalette = m_field->palette();
-    fieldPalette.setColor(QPalette::Text, colours.value);
-    m_field->setPalette(fieldPalette);
+    takeColours();
     m_plus = new StepperButton(QStringLiteral("+"), style, this);
     m_plus->setObjectName(QStringLiteral("plus"));
     row->addWidget(m_minus);
@@ -132,6 +165,20 @@ NumberGroup::NumberGroup(const QString& caption, const Style& style, QWidget* pa
     connect(m_minus, &QToolButton::clicked, this, &NumberGroup::minusPressed);
     connect(m_plus, &QToolButton::clicked, this, &NumberGroup::plusPressed);
     connect(m_field, &QLineEdit::editingFinished, this, [this] { emit typed(m_field->text()); });
+}
+
+void NumberGroup::takeColours()
+{
+    QPalette fieldPalette = m_field->palette();
+    fieldPalette.setColor(QPalette::Text, resolveColors(m_style, palette()).value);
+    m_field->setPalette(fieldPalette);
+}
+
+void NumberGroup::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        takeColours();
+    QWidget::changeEvent(event);
 }
 
 void NumberGroup::setText(const QString& text)

@@ -27,6 +27,10 @@ struct styleColors {
 };
 styleColors resolveColors(const Style& style, const QPalette& palette);
 
+// The parts take their default colours from the palette again when the
+// appearance changes, so a switch to dark mode leaves no dark text on a dark
+// field.
+
 /// Title and description in bold on a rounded background.
 class TitleBlock : public QWidget {
 public:
@@ -34,8 +38,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void takeColours();
+
+    Style m_style;
     QColor m_background;
 };
 
@@ -47,6 +55,14 @@ TitleBlock* makeTitleBlock(const QString& title, const QString& description, con
 class StepperButton : public QToolButton {
 public:
     StepperButton(const QString& text, const Style& style, QWidget* parent = nullptr);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void takeColours();
+
+    Style m_style;
 };
 
 /// An optional caption, a minus button, a number field and a plus button.
@@ -75,8 +91,12 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void takeColours();
+
+    Style m_style;
     QLabel* m_caption = nullptr;
     StepperButton* m_minus = nullptr;
     QLineEdit* m_field = nullptr;

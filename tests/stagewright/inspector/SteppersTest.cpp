@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -241,6 +242,27 @@ TEST(Steppers, ValuesFromTheModelReportNothing)
     x->minusButton()->click();
     EXPECT_EQ(point.value(), (tessaro::PointValue{5, -10}));
     EXPECT_EQ(pointSpy.count(), 1);
+}
+
+TEST(Steppers, ColoursFollowAChangeOfAppearance)
+{
+    LabelledSizeStepper size(QStringLiteral("Size"), QString(), false, false);
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(role, QColor(240, 240, 240));
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Window, QColor(40, 40, 40));
+    QApplication::setPalette(dark);
+    QCoreApplication::processEvents();
+    NumberGroup* width = group(size, "width");
+    // The number stays light on the dark field, the buttons and title too.
+    EXPECT_GT(width->field()->palette().color(QPalette::Text).lightness(), 150);
+    EXPECT_GT(width->plusButton()->palette().color(QPalette::Active, QPalette::ButtonText).lightness(), 150);
+    EXPECT_GT(size.findChild<QLabel*>(QStringLiteral("title"))->palette().color(QPalette::WindowText).lightness(), 110);
+    QApplication::setPalette(before);
+    QCoreApplication::processEvents();
+    EXPECT_LT(width->field()->palette().color(QPalette::Text).lightness(), 150);
 }
 
 } // namespace

@@ -187,8 +187,7 @@ TEST_F(DownloadMenuTest, MenuCommandFetchesIntoTheFolderAndTheFooterShowsIt)
     LocalHttpServer server;
     const QByteArray body = archiveBytes(400000, 's');
     server.route(QStringLiteral("/files/Tessaro.SampleWorkspace.zip"), {200, body});
-    AppPreferences preferences(*settings);
-    preferences.setServerAddress(server.address() + QStringLiteral("/"));
+    preferences->setServerAddress(server.address() + QStringLiteral("/"));
 
     Downloader downloader;
     QTemporaryDir folder;
@@ -222,7 +221,7 @@ TEST_F(DownloadMenuTest, MenuCommandFetchesIntoTheFolderAndTheFooterShowsIt)
     EXPECT_EQ(revealed, QStringList{file});
 
     // A failure says so in the footer, with nothing to show.
-    preferences.setServerAddress(QStringLiteral("http://127.0.0.1:%1").arg(LocalHttpServer::closedPort()));
+    preferences->setServerAddress(QStringLiteral("http://127.0.0.1:%1").arg(LocalHttpServer::closedPort()));
     QSignalSpy failed(&downloader, &Downloader::failed);
     action(QStringLiteral("Tessaro Api"))->trigger();
     ASSERT_TRUE(failed.wait(10000));

@@ -26,7 +26,6 @@ namespace {
 
 struct FirstUseTest : ShellFixture {
     std::unique_ptr<Appearance> appearance;
-    std::unique_ptr<AppPreferences> preferences;
     Downloader downloader;
     std::unique_ptr<HelpCommands> help;
 
@@ -34,7 +33,6 @@ struct FirstUseTest : ShellFixture {
     {
         ShellFixture::SetUp();
         appearance = std::make_unique<Appearance>(*settings);
-        preferences = std::make_unique<AppPreferences>(*settings);
         help = std::make_unique<HelpCommands>(downloader, windows.get());
         help->setUrlOpener([this](const QUrl& url) {
             openedUrls.push_back(url);
@@ -46,7 +44,6 @@ struct FirstUseTest : ShellFixture {
     {
         window.reset();
         help.reset();
-        preferences.reset();
         Appearance::apply(false);
         appearance.reset();
         ShellFixture::TearDown();

@@ -217,7 +217,8 @@ void ShellFixture::SetUp()
         [](const OpenPanelRequest&) -> ChooseResult { return OpenPanelError::canceled; });
     settings = std::make_unique<SceneSettings>(PermissionManager::shared());
     settings->setSceneFactory(blockSceneFactory(sceneLog));
-    windows = std::make_unique<WindowManager>(*settings);
+    preferences = std::make_unique<AppPreferences>(*settings);
+    windows = std::make_unique<WindowManager>(*settings, *preferences);
     commands = std::make_unique<Commands>(*settings, dialogs, windows.get());
     commands->setUrlOpener([this](const QUrl& url) {
         openedUrls.push_back(url);
@@ -235,6 +236,7 @@ void ShellFixture::TearDown()
     window.reset();
     commands.reset();
     windows.reset();
+    preferences.reset();
     settings.reset();
     settle();
     home.reset();

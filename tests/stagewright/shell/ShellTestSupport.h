@@ -8,6 +8,7 @@
 #include <stagewright/shell/Dialogs.h>
 #include <stagewright/shell/MainWindow.h>
 #include <stagewright/shell/Windows.h>
+#include <stagewright/state/AppPreferences.h>
 #include <stagewright/state/LevelScene.h>
 #include <stagewright/state/SceneSettings.h>
 
@@ -102,6 +103,7 @@ struct ShellFixture : ::testing::Test {
     std::shared_ptr<QStringList> sceneLog = std::make_shared<QStringList>();
     std::unique_ptr<SceneSettings> settings;
     ScriptedDialogs dialogs;
+    std::unique_ptr<AppPreferences> preferences;
     std::unique_ptr<WindowManager> windows;
     std::unique_ptr<Commands> commands;
     std::unique_ptr<MainWindow> window;

@@ -3,6 +3,7 @@
 // takes the defaults, a reset brings the first-run values back, and grants
 // can be withdrawn.
 #include "StateFixture.h"
+#include "support/StoredSettings.h"
 
 #include <stagewright/state/AppPreferences.h>
 #include <stagewright/state/BookmarksManager.h>
@@ -11,31 +12,11 @@
 
 #include <QSettings>
 
-#include <sqlite3.h>
-
 namespace stagewright::test {
 
 namespace {
 
-/// The settings row of the current workspace's store, as the texts stored.
-QStringList storedRow()
-{
-    QStringList row;
-    sqlite3* db = nullptr;
-    const QByteArray path = (workingSpacePath() + QString::fromLatin1(storeFileName)).toUtf8();
-    EXPECT_EQ(sqlite3_open_v2(path.constData(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(db,
-                       "SELECT defaultImageType, defaultSoundType, defaultImageScale, defaultSceneOrientation, "
-                       "defaultScaleMode, defaultAnchorPoint, defaultSceneSize, debugOptions FROM Settings;",
-                       -1, &statement, nullptr);
-    if (statement && sqlite3_step(statement) == SQLITE_ROW)
-        for (int column = 0; column < 8; ++column)
-            row << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
-    sqlite3_finalize(statement);
-    sqlite3_close(db);
-    return row;
-}
+using testing_support::storedSettingsRow;
 
 QSettings defaults()
 {
@@ -50,7 +31,7 @@ TEST_F(StateFixture, WorkspaceDefaultsGoToTheStoreAndIntoNewLevels)
     AppPreferences preferences(*settings);
     settings->setSceneSizesList({{tessaro::deviceName::defaultDevice, {874, 402}}});
     const QStringList firstRun{"png", "wav", "x2", "landscape", "aspectFill", "{0.5,0.5}", "{874.0,402.0}", ""};
-    EXPECT_EQ(storedRow(), firstRun);
+    EXPECT_EQ(storedSettingsRow(), firstRun);
 
     preferences.setDefaultSceneSize({800, 600});
     preferences.setDefaultSceneOrientation(tessaro::sceneOrientationType::portrait);
@@ -66,7 +47,7 @@ TEST_F(StateFixture, WorkspaceDefaultsGoToTheStoreAndIntoNewLevels)
 
     const QStringList changed{
         "jpg", "mp3", "x3", "portrait", "resizeFill", "{0.0,1.0}", "{800.0,600.0}", "showsFPS,showsPhysics"};
-    EXPECT_EQ(storedRow(), changed);
+    EXPECT_EQ(storedSettingsRow(), changed);
     const tessaro::appConfig& inForce = tessaro::globalAppConfig();
     EXPECT_EQ(inForce.base.defaultSceneSize, (tessaro::SizeValue{800, 600}));
     EXPECT_EQ(inForce.base.defaultAnchorPoint, (tessaro::PointValue{0, 1}));
@@ -97,7 +78,7 @@ TEST_F(StateFixture, WorkspaceDefaultsGoToTheStoreAndIntoNewLevels)
     AppPreferences again(*settings);
     again.toggleDebugOption(tessaro::DebugOption::showsPhysics);
     again.toggleDebugOption(tessaro::DebugOption::showsFPS);
-    EXPECT_EQ(storedRow().last(), QString());
+    EXPECT_EQ(storedSettingsRow().last(), QString());
     EXPECT_EQ(AppPreferences::debugOptionsSymbol(again.debugOptions()), QStringLiteral("0.circle"));
 }
 
@@ -110,7 +91,7 @@ TEST_F(StateFixture, ResetBringsTheFirstRunValuesBackAndKeepsTheStoredAppearance
     preferences.toggleDebugOption(tessaro::DebugOption::showsNodeCount);
 
     preferences.resetWorkspaceDefaults();
-    EXPECT_EQ(storedRow(),
+    EXPECT_EQ(storedSettingsRow(),
               QStringList({"png", "wav", "x2", "landscape", "aspectFill", "{0.5,0.5}", "{874.0,402.0}", ""}));
     EXPECT_EQ(tessaro::globalAppConfig(), tessaro::appConfig{});
     DBHelper db;

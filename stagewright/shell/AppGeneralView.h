@@ -1,0 +1,34 @@
+// The "General" tab of the settings: the appearance and the two web
+// addresses, which belong to the user rather than to a workspace.
+#pragma once
+
+#include <QWidget>
+
+class QCheckBox;
+class QLineEdit;
+
+namespace stagewright {
+
+class AppPreferences;
+
+class appGeneralView : public QWidget {
+    Q_OBJECT
+public:
+    explicit appGeneralView(AppPreferences& preferences, QWidget* parent = nullptr);
+
+    QCheckBox* darkModeSwitch() const { return m_darkMode; }
+    QLineEdit* serverAddressField() const { return m_server; }
+    QLineEdit* sourcePageField() const { return m_sourcePage; }
+
+private:
+    /// Shows the addresses in force; an empty field shows the default as
+    /// its placeholder.
+    void showAddresses();
+
+    AppPreferences& m_preferences;
+    QCheckBox* m_darkMode = nullptr;
+    QLineEdit* m_server = nullptr;
+    QLineEdit* m_sourcePage = nullptr;
+};
+
+} // namespace stagewright
