@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "FileCommands.h"
+#include "LintCommand.h"
 #include "SceneCommands.h"
 
 #include <cstdio>
@@ -20,7 +21,11 @@ void printUsage()
                "  stagewright-cli roundtrip WORKSPACE PROJECT OUT\n"
                "      load every level into the canvas scene, write it back, save to OUT\n"
                "  stagewright-cli render WORKSPACE PROJECT --level N --out FILE.png [--width W]\n"
-               "      draw level N (from 1) as the canvas shows it\n",
+               "      draw level N (from 1) as the canvas shows it\n"
+               "  stagewright-cli lint WORKSPACE PROJECT [--json]\n"
+               "      report missing catalogue entries, images and sounds, names that leave their\n"
+               "      folder, unreadable value texts, levels without ground or level end;\n"
+               "      exit 0 clean, 1 findings, 2 unreadable files\n",
                stderr);
 }
 
@@ -42,6 +47,8 @@ int run(const std::vector<std::string>& args)
         return roundtripCommand(rest);
     if (verb == "render")
         return renderCommand(rest);
+    if (verb == "lint")
+        return lintCommand(rest);
     std::fprintf(stderr, "stagewright-cli: unknown command '%s'\n", verb.c_str());
     printUsage();
     return 1;
