@@ -38,8 +38,7 @@ appGeneralView::appGeneralView(AppPreferences& preferences, QWidget* parent)
     m_server = addressField(QStringLiteral("serverAddressField"), AppPreferences::defaultServerAddress(), this);
     m_server->setToolTip(tr("The web server that \"Download\" fetches the archives from."));
     form->addRow(tr("Download server:"), m_server);
-    m_sourcePage =
-        addressField(QStringLiteral("sourcePageField"), AppPreferences::defaultSourcePageAddress(), this);
+    m_sourcePage = addressField(QStringLiteral("sourcePageField"), AppPreferences::defaultSourcePageAddress(), this);
     m_sourcePage->setToolTip(tr("The page that \"Github Pages\" opens."));
     form->addRow(tr("Source page:"), m_sourcePage);
     showAddresses();
@@ -49,8 +48,7 @@ appGeneralView::appGeneralView(AppPreferences& preferences, QWidget* parent)
             [this] { m_darkMode->setChecked(m_preferences.darkMode()); });
     // An address is taken when the user leaves the field or presses Return,
     // not at every keystroke.
-    connect(m_server, &QLineEdit::editingFinished, this,
-            [this] { m_preferences.setServerAddress(m_server->text()); });
+    connect(m_server, &QLineEdit::editingFinished, this, [this] { m_preferences.setServerAddress(m_server->text()); });
     connect(m_sourcePage, &QLineEdit::editingFinished, this,
             [this] { m_preferences.setSourcePageAddress(m_sourcePage->text()); });
     connect(&preferences, &AppPreferences::addressesChanged, this, &appGeneralView::showAddresses);

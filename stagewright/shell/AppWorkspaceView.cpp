@@ -73,9 +73,8 @@ appWorkspaceView::appWorkspaceView(AppPreferences& preferences, QWidget* parent)
 
     m_orientation = casePicker<tessaro::sceneOrientationType>(QStringLiteral("defaultSceneOrientation"), this);
     form->addRow(tr("Default scene orientation:"), m_orientation);
-    onPicked<tessaro::sceneOrientationType>(m_orientation, this, [&preferences](auto orientation) {
-        preferences.setDefaultSceneOrientation(orientation);
-    });
+    onPicked<tessaro::sceneOrientationType>(
+        m_orientation, this, [&preferences](auto orientation) { preferences.setDefaultSceneOrientation(orientation); });
 
     m_scaleMode = new QComboBox(this);
     m_scaleMode->setObjectName(QStringLiteral("defaultScaleMode"));
@@ -89,8 +88,7 @@ appWorkspaceView::appWorkspaceView(AppPreferences& preferences, QWidget* parent)
     m_anchorPoint = new LabelledPointStepper(QString(), QString(), 0.5, {0, 1}, false, {}, this);
     m_anchorPoint->setObjectName(QStringLiteral("defaultAnchorPoint"));
     form->addRow(tr("Default AnchorPoint:"), m_anchorPoint);
-    connect(m_anchorPoint, &LabelledPointStepper::valueChanged, &preferences,
-            &AppPreferences::setDefaultAnchorPoint);
+    connect(m_anchorPoint, &LabelledPointStepper::valueChanged, &preferences, &AppPreferences::setDefaultAnchorPoint);
 
     m_imageScale = casePicker<tessaro::imageScaling>(QStringLiteral("defaultImageScale"), this);
     form->addRow(tr("Default image scale:"), m_imageScale);
@@ -99,7 +97,8 @@ appWorkspaceView::appWorkspaceView(AppPreferences& preferences, QWidget* parent)
 
     m_imageType = casePicker<tessaro::imageType>(QStringLiteral("defaultImageType"), this);
     form->addRow(tr("Default image type:"), m_imageType);
-    onPicked<tessaro::imageType>(m_imageType, this, [&preferences](auto type) { preferences.setDefaultImageType(type); });
+    onPicked<tessaro::imageType>(m_imageType, this,
+                                 [&preferences](auto type) { preferences.setDefaultImageType(type); });
 
     QStringList options;
     for (tessaro::DebugOption option : tessaro::allCases<tessaro::DebugOption>())

@@ -87,8 +87,9 @@ void securityPermissionsView::rebuild()
         line->addWidget(remove);
         // The row goes away with the grant, so the removal waits until the
         // click has been handled.
-        connect(remove, &QToolButton::clicked, this,
-                [this, folder] { m_preferences.removeGrant(folder); }, Qt::QueuedConnection);
+        connect(
+            remove, &QToolButton::clicked, this, [this, folder] { m_preferences.removeGrant(folder); },
+            Qt::QueuedConnection);
         m_rows->insertWidget(m_rows->count() - 1, row);
     }
 }

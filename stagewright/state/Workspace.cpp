@@ -7,6 +7,7 @@
 #include "StateDiagnostics.h"
 
 #include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/FileNames.h>
 
 #include <QDir>
 #include <QDirIterator>
@@ -359,7 +360,6 @@ QString defaultGroundImage(tessaro::groundBaseType type, const QString& image)
 namespace stagewright {
 bool isPlainFileName(const QString& name)
 {
-    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && !name.contains(QLatin1Char('\\')) &&
-        name != QLatin1String(".") && name != QLatin1String("..") && !name.contains(QChar(0));
+    return tessaro::isPlainFileName(name.toStdString());
 }
 } // namespace stagewright

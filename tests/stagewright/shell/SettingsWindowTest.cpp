@@ -120,8 +120,9 @@ TEST_F(SettingsWindowTest, WorkspaceRowsTakeEffectAtOnceAndResetShowsTheFirstRun
     EXPECT_EQ(inForce.base.defaultImageType, tessaro::imageType::jpg);
     EXPECT_EQ(inForce.debugOptions, (std::vector{tessaro::DebugOption::showsFPS, tessaro::DebugOption::showsPhysics}));
     // The sound type has no row and keeps its stored value.
-    EXPECT_EQ(storedSettingsRow(), QStringList({"jpg", firstRun[1], "x3", "portrait", "resizeFill", "{1.0,0.0}",
-                                                "{800.0,600.0}", "showsFPS,showsPhysics"}));
+    EXPECT_EQ(storedSettingsRow(),
+              QStringList({"jpg", firstRun[1], "x3", "portrait", "resizeFill", "{1.0,0.0}", "{800.0,600.0}",
+                           "showsFPS,showsPhysics"}));
     // The canvas already open shows the chosen overlays.
     EXPECT_TRUE(window->frontCanvas()->sceneView()->showsFPS());
 
