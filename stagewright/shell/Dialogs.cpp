@@ -125,6 +125,22 @@ bool DesktopDialogs::confirmDiscardChanges()
     return box.clickedButton() == discard;
 }
 
+bool DesktopDialogs::confirmReloadChangedProject(const QString& name)
+{
+    QMessageBox box(QMessageBox::Warning, QString(), QObject::tr("\"%1\" was changed by another program.").arg(name),
+                    QMessageBox::NoButton, m_parent);
+    box.setObjectName(QStringLiteral("reloadQuestion"));
+    box.setInformativeText(
+        QObject::tr("Reload it from the disk and lose your unsaved changes, or keep your changes? Saving them "
+                    "replaces the file on the disk."));
+    QPushButton* reload = box.addButton(QObject::tr("Reload"), QMessageBox::DestructiveRole);
+    QPushButton* keep = box.addButton(QObject::tr("Keep My Changes"), QMessageBox::RejectRole);
+    box.setDefaultButton(keep);
+    box.setEscapeButton(keep);
+    box.exec();
+    return box.clickedButton() == reload;
+}
+
 bool DesktopDialogs::confirmDeleteScene()
 {
     QMessageBox box(QMessageBox::Warning, QString(), DialogTexts::deleteSceneMessage(), QMessageBox::NoButton,

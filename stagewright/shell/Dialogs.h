@@ -38,6 +38,10 @@ public:
     virtual bool confirmDiscardChanges() = 0;
     /// "Are you sure you want to delete this scene?": true for "Close".
     virtual bool confirmDeleteScene() = 0;
+    /// The project `name` has unsaved changes and its file was changed by
+    /// another program: true for "Reload" (the changes go), false for
+    /// "Keep My Changes".
+    virtual bool confirmReloadChangedProject(const QString& name) = 0;
     /// Tells the user that an operation failed.
     virtual void reportFailure(const QString& message, const QString& detail) = 0;
 };
@@ -65,6 +69,7 @@ public:
     std::optional<QString> chooseMoveDestination(const QString& file) override;
     bool confirmDiscardChanges() override;
     bool confirmDeleteScene() override;
+    bool confirmReloadChangedProject(const QString& name) override;
     void reportFailure(const QString& message, const QString& detail) override;
 
 private:

@@ -116,11 +116,14 @@ ObjectLibraryWindow::ObjectLibraryWindow(SceneSettings& settings, QWidget* paren
         if (cell.elementName)
             addLibraryElement(m_settings.selectedProjectTab().get(), cell.valType, *cell.elementName);
     });
-    // Another workspace brings other catalogues.
-    connect(&m_settings, &SceneSettings::workingSpacePathChanged, this, [this] {
-        if (isVisible())
-            reload();
-    });
+    // Another workspace brings other catalogues, and other programs may
+    // change the catalogues and images of this one.
+    for (auto changed : {&SceneSettings::workingSpacePathChanged, &SceneSettings::cataloguesReloaded,
+                         &SceneSettings::imageListChanged})
+        connect(&m_settings, changed, this, [this] {
+            if (isVisible())
+                reload();
+        });
 
     showPinned(false);
     m_tabButtons.front()->setChecked(true);

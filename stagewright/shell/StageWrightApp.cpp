@@ -4,6 +4,8 @@
 #include "Commands.h"
 #include "Dialogs.h"
 #include "Downloader.h"
+#include "ExternalChanges.h"
+#include "FooterView.h"
 #include "HelpCommands.h"
 #include "MainWindow.h"
 #include "ObjectMenuPopup.h"
@@ -19,6 +21,7 @@
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/Workspace.h>
+#include <stagewright/state/WorkspaceWatcher.h>
 
 #include <QApplication>
 #include <QFileInfo>
@@ -67,12 +70,16 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
     m_downloader = std::make_unique<Downloader>();
     m_help = std::make_unique<HelpCommands>(*m_downloader, m_windows.get());
     m_mainWindow->setHelpCommands(*m_help);
+    m_watcher = std::make_unique<WorkspaceWatcher>(m_settings);
+    m_externalChanges = std::make_unique<ExternalChanges>(m_settings, *m_watcher, *m_dialogs, m_mainWindow->footer());
     connect(m_mainWindow.get(), &MainWindow::closing, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 StageWrightApp::~StageWrightApp()
 {
     // The windows go before the objects they use.
+    m_externalChanges.reset();
+    m_watcher.reset();
     m_mainWindow.reset();
     m_help.reset();
     m_downloader.reset();

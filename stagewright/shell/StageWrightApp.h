@@ -25,10 +25,12 @@ class Appearance;
 class Commands;
 class DesktopDialogs;
 class Downloader;
+class ExternalChanges;
 class HelpCommands;
 class MainWindow;
 class SceneSettings;
 class WindowManager;
+class WorkspaceWatcher;
 
 /// Names the application for its settings and desktop integration.
 void setApplicationIdentity();
@@ -65,6 +67,8 @@ private:
     std::unique_ptr<WindowManager> m_windows;
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<MainWindow> m_mainWindow;
+    std::unique_ptr<WorkspaceWatcher> m_watcher;
+    std::unique_ptr<ExternalChanges> m_externalChanges;
 };
 
 } // namespace stagewright

@@ -232,6 +232,33 @@ void projectTab::switchLevel(const tessaro::Uuid& id)
         old->writeBack(m_levelSelected);
         old->releaseContent();
     }
+    presentLevel(id, host);
+}
+
+void projectTab::replaceLevels(std::vector<tessaro::Level> levels)
+{
+    resetSelectionModels();
+    setElementPhase(selectionPhase::NotSelected);
+
+    // The canvas's copy of the old level goes without being written back,
+    // and the history speaks of records that are no longer there.
+    const std::shared_ptr<LevelScene> old = m_currentScene;
+    SceneHost* host = old ? old->host() : nullptr;
+    if (old)
+        old->releaseContent();
+    m_undoStack.clear();
+    const tessaro::Uuid shown = m_levelSelected;
+    setLevelConfig(std::move(levels));
+    tessaro::Uuid next = shown;
+    if (!findLevel(shown) && !m_levelConfig.empty())
+        next = m_levelConfig.front().id.value_or(shown);
+    presentLevel(next, host);
+    refreshLevelList();
+    setProjectDirty(false);
+}
+
+void projectTab::presentLevel(const tessaro::Uuid& id, SceneHost* host)
+{
     setLevelSelected(id);
     setCurrentScene(nullptr);
 

@@ -127,6 +127,10 @@ public:
     /// `id` into a fresh scene. The selection models go back to their empty
     /// values.
     void switchLevel(const tessaro::Uuid& id);
+    /// Shows `levels` read anew from the project's file in place of the
+    /// tab's: the canvas's unsaved state and the history go, the shown level
+    /// stays shown while it is still there, and the tab is clean.
+    void replaceLevels(std::vector<tessaro::Level> levels);
     /// Removes every level with that id, keeps at least one, shows the first.
     /// One step of the history.
     void deleteLevel(const tessaro::Uuid& id);
@@ -176,6 +180,8 @@ private:
     std::optional<std::size_t> levelIndex(const tessaro::Uuid& id) const;
     void takeSceneValuesFromConfig();
     void dropScene();
+    /// Makes the scene of level `id` and shows it in `host`.
+    void presentLevel(const tessaro::Uuid& id, SceneHost* host);
 
     QPointer<SceneSettings> m_owner;
     tessaro::Uuid m_id;

@@ -321,6 +321,7 @@ bool SceneSettings::saveProject(const std::optional<QString>& location)
     if (result) {
         tab->setProjectDirty(false);
         tab->setUnreadableFile(std::nullopt);
+        emit projectWritten(path);
     }
     return result;
 }
@@ -407,9 +408,21 @@ void SceneSettings::makeWorkspaceCurrent(const QString& rawPath, bool remember)
     emit workingSpacePathChanged();
     // Open levels are laid again, so they show the new workspace's elements;
     // items it has no catalogue entry for stay in the level, unshown.
+    layOpenLevelsAgain();
+}
+
+void SceneSettings::layOpenLevelsAgain()
+{
     for (const auto& tab : m_projectTabs)
         if (tab->currentScene())
             tab->switchLevel(tab->levelSelected());
+}
+
+void SceneSettings::reloadCatalogues()
+{
+    m_catalogues.load(workingSpacePath());
+    emit cataloguesReloaded();
+    layOpenLevelsAgain();
 }
 
 void SceneSettings::setWorkingSpace(const QString& path)

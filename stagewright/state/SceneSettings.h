@@ -121,6 +121,11 @@ public:
     void setWorkingSpace(const QString& path);
     /// Scans the workspace into `imageList` and `audioList`.
     void loadFileLists();
+    /// Lays the shown level of every tab again, keeping its unsaved edits.
+    void layOpenLevelsAgain();
+    /// Reads the workspace's catalogues again (they changed on disk) and
+    /// lays the open levels with them.
+    void reloadCatalogues();
     /// Called when the main window appears: scans the file lists, removes the
     /// "Initialization" tab and starts with a new project.
     void mainWindowAppeared();
@@ -156,6 +161,10 @@ signals:
     void tabSelectedChanged();
     void groundOrderItemsChanged();
     void workingSpacePathChanged();
+    /// The catalogues were read again.
+    void cataloguesReloaded();
+    /// A project was saved to `path`.
+    void projectWritten(const QString& path);
 
 private:
     void start();

@@ -74,6 +74,32 @@ bool WorkspaceCatalogues::saveChanged()
     return allWritten;
 }
 
+bool WorkspaceCatalogues::hasUnsavedChanges() const
+{
+    for (const tessaro::configType type : catalogueTypes)
+        if (isChanged(type))
+            return true;
+    return false;
+}
+
+bool WorkspaceCatalogues::differsOnDisk() const
+{
+    if (m_workspace.isEmpty())
+        return false;
+    bool differs = false;
+    m_gate.withAccess(m_workspace, [&] {
+        using tessaro::configType;
+        const std::string folder = assetsFolder(m_workspace).toStdString();
+        differs = tessaro::loadConfig<configType::objects>(folder, catalogueFileName(configType::objects), {}) !=
+                m_storedObjects ||
+            tessaro::loadConfig<configType::characters>(folder, catalogueFileName(configType::characters), {}) !=
+                m_storedCharacters ||
+            tessaro::loadConfig<configType::obstacles>(folder, catalogueFileName(configType::obstacles), {}) !=
+                m_storedObstacles;
+    });
+    return differs;
+}
+
 void WorkspaceCatalogues::remember(tessaro::configType type)
 {
     switch (type) {

@@ -35,6 +35,11 @@ public:
     /// Writes each of the three catalogues that changed; true when every
     /// write that was needed succeeded.
     bool saveChanged();
+    /// Whether any catalogue has edits that are not written yet.
+    bool hasUnsavedChanges() const;
+    /// Whether the workspace's files now hold other catalogues than were
+    /// last read or written: another program changed them.
+    bool differsOnDisk() const;
 
 private:
     void remember(tessaro::configType type);

@@ -60,6 +60,12 @@ bool ScriptedDialogs::confirmDiscardChanges()
     return take(discardAnswers, false);
 }
 
+bool ScriptedDialogs::confirmReloadChangedProject(const QString& name)
+{
+    reloadQuestions << name;
+    return take(reloadAnswers, false);
+}
+
 bool ScriptedDialogs::confirmDeleteScene()
 {
     ++deleteQuestions;

@@ -36,7 +36,7 @@ using testing_support::ScratchHome;
 class ScriptedDialogs : public ShellDialogs {
 public:
     std::deque<std::optional<QString>> folders, projectsToOpen, saveLocations, moveDestinations;
-    std::deque<bool> discardAnswers, deleteAnswers;
+    std::deque<bool> discardAnswers, deleteAnswers, reloadAnswers;
 
     std::vector<FolderPanel> folderPanels;
     struct SaveRequest {
@@ -47,6 +47,7 @@ public:
     QStringList openDirectories;
     int discardQuestions = 0;
     int deleteQuestions = 0;
+    QStringList reloadQuestions;
     QStringList failures;
 
     std::optional<QString> chooseFolder(const FolderPanel& panel) override;
@@ -55,6 +56,7 @@ public:
     std::optional<QString> chooseMoveDestination(const QString& file) override;
     bool confirmDiscardChanges() override;
     bool confirmDeleteScene() override;
+    bool confirmReloadChangedProject(const QString& name) override;
     void reportFailure(const QString& message, const QString& detail) override;
 };
 
