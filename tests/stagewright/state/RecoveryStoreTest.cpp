@@ -2,6 +2,7 @@
 // crash, and what a clean end leaves (nothing).
 #include "StateFixture.h"
 
+#include <stagewright/state/ProjectRecovery.h>
 #include <stagewright/state/RecoveryStore.h>
 
 #include <tessaro/model/LevelFiles.h>
@@ -143,4 +144,38 @@ TEST(RecoveryStore, BrokenOrHalfWrittenCopiesAreNotOffered)
     EXPECT_TRUE(next.orphans().empty());
     // A folder with nothing to offer is cleared away.
     EXPECT_FALSE(QDir(folder).exists());
+}
+
+TEST_F(StateFixture, RecoveredProjectOpensDirtyOnItsUntouchedFileAndSavesThere)
+{
+    start();
+    const QString original = writeProject(QStringLiteral("Meadow.plist"), 2);
+    const QByteArray originalBytes = readFile(original);
+    std::vector<tessaro::Level> edited = tessaro::loadLevels(original.toStdString());
+    edited.push_back(tessaro::newLevel(tessaro::Uuid::create(), tessaro::BaseConfig::editorDefaults()));
+    RecoveryEntry entry;
+    entry.name = QStringLiteral("Meadow");
+    entry.originalPath = original;
+    entry.shownLevel = edited[1].id;
+    const std::shared_ptr<projectTab> tab = restoreProject(*settings, entry, edited);
+
+    // The untouched start tab gave way to a tab that shows the level that
+    // was shown, has unsaved changes and belongs to the untouched file.
+    EXPECT_EQ(tabNames(), QStringList{"Meadow"});
+    EXPECT_EQ(tab->levelConfig(), edited);
+    EXPECT_EQ(frontScene()->loaded, edited[1].id);
+    EXPECT_EQ(tab->levelListDropdownValues().size(), 3u);
+    EXPECT_TRUE(tab->isProjectDirty());
+    EXPECT_EQ(readFile(original), originalBytes);
+    ASSERT_TRUE(settings->saveCommand().value_or(false));
+    EXPECT_EQ(tessaro::loadLevels(original.toStdString()).size(), 3u);
+
+    // A file that could not be read when it was opened stays safe from a
+    // plain save; a tab with changes is not replaced.
+    entry.name = QStringLiteral("Broken");
+    entry.originalUnreadable = true;
+    tab->setProjectDirty(true);
+    restoreProject(*settings, entry, edited);
+    EXPECT_EQ(tabNames(), (QStringList{"Meadow", "Broken"}));
+    EXPECT_FALSE(settings->saveCommand().value_or(true));
 }
