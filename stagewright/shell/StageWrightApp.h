@@ -22,11 +22,14 @@ namespace stagewright {
 
 class AppPreferences;
 class Appearance;
+class Autosave;
+class CloseGuard;
 class Commands;
 class DesktopDialogs;
 class Downloader;
 class HelpCommands;
 class MainWindow;
+class RecoveryStore;
 class SceneSettings;
 class WindowManager;
 
@@ -46,14 +49,19 @@ public:
     MainWindow& mainWindow() { return *m_mainWindow; }
     WindowManager& windows() { return *m_windows; }
     AppPreferences& preferences() { return *m_preferences; }
+    /// Copies unsaved projects into the recovery folder as the user works.
+    Autosave& autosave() { return *m_autosave; }
     /// The sample projects this start put into a new default workspace.
     const QStringList& installedSamples() const { return m_installedSamples; }
 
-    /// Shows the main window.
+    /// Shows the main window, then offers what a run that did not end
+    /// cleanly left unsaved.
     void show();
 
 private:
     static SceneSettings& startState(QStringList& installedSamples);
+    /// Autosave into the recovery folder, and the question before closing.
+    void installRecovery();
 
     QStringList m_installedSamples;
     SceneSettings& m_settings;
@@ -65,6 +73,9 @@ private:
     std::unique_ptr<WindowManager> m_windows;
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<MainWindow> m_mainWindow;
+    std::unique_ptr<RecoveryStore> m_recoveryStore;
+    std::unique_ptr<Autosave> m_autosave;
+    std::unique_ptr<CloseGuard> m_closeGuard;
 };
 
 } // namespace stagewright
