@@ -239,8 +239,12 @@ void Commands::showInFinder()
 
 void Commands::closeLevel()
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<projectTab> tab = frontTab()) {
+        // Unsaved changes go only with the user's word, as at the tab's close box.
+        if (tab->isProjectDirty() && !m_dialogs.confirmDiscardChanges())
+            return;
         m_settings.closeProject(tab->id());
+    }
     if (m_windows)
         m_windows->dismissWindow(WindowId::objectLibrary);
 }

@@ -77,7 +77,8 @@ public:
     /// Moves the front tab's file where the user says.
     void moveTo();
     void showInFinder();
-    /// Closes the front tab without asking and dismisses the object library.
+    /// Closes the front tab, first asking whether to discard its changes
+    /// when it has any, and dismisses the object library.
     void closeLevel();
     /// Opens each file in a tab of its own.
     void openFiles(const QStringList& paths);

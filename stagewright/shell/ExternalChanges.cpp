@@ -51,8 +51,7 @@ void ExternalChanges::projectChanged(const tessaro::Uuid& tabId)
     if (!tab || !tab->filePath())
         return;
     if (tab->isProjectDirty() && !m_dialogs.confirmReloadChangedProject(tab->name())) {
-        note(tr("\"%1\" changed on the disk; your changes are kept, and saving replaces the file.")
-                 .arg(tab->name()));
+        note(tr("\"%1\" changed on the disk; your changes are kept, and saving replaces the file.").arg(tab->name()));
         return;
     }
     if (reloadProjectFromDisk(m_settings.gate(), *tab))

@@ -317,7 +317,11 @@ void MainWindow::showEvent(QShowEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    // The program ends with its main window, without asking about tabs.
+    // The program ends with its main window, once unsaved work is dealt with.
+    if (m_closeGuard && !m_closeGuard()) {
+        event->ignore();
+        return;
+    }
     if (m_windows)
         m_windows->closeAuxiliaryWindows();
     emit closing();

@@ -8,6 +8,8 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <functional>
+
 class QAction;
 class QDockWidget;
 class QMenu;
@@ -48,6 +50,9 @@ public:
     /// The canvas in front.
     CanvasView* frontCanvas() const;
 
+    /// Asked before the window closes; false keeps it open.
+    void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
+
 signals:
     /// The window is closing; the application ends with it.
     void closing();
@@ -68,6 +73,7 @@ private:
     Commands& m_commands;
     QPointer<WindowManager> m_windows;
     bool m_appeared = false;
+    std::function<bool()> m_closeGuard;
 
     TabStrip* m_tabStrip = nullptr;
     NavigationToolbar* m_toolbar = nullptr;

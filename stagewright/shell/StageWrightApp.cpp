@@ -1,6 +1,7 @@
 #include "StageWrightApp.h"
 
 #include "Appearance.h"
+#include "CloseGuard.h"
 #include "Commands.h"
 #include "Dialogs.h"
 #include "Downloader.h"
@@ -9,6 +10,7 @@
 #include "HelpCommands.h"
 #include "MainWindow.h"
 #include "ObjectMenuPopup.h"
+#include "RecoveryPrompt.h"
 #include "SampleWorkspace.h"
 #include "WelcomeSheet.h"
 #include "Windows.h"
@@ -18,6 +20,7 @@
 #include <stagewright/inspector/EditRouting.h>
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/AppPreferences.h>
+#include <stagewright/state/Autosave.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/Workspace.h>
@@ -26,6 +29,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QTimer>
 
 namespace stagewright {
 
@@ -72,11 +76,17 @@ StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
     m_mainWindow->setHelpCommands(*m_help);
     m_watcher = std::make_unique<WorkspaceWatcher>(m_settings);
     m_externalChanges = std::make_unique<ExternalChanges>(m_settings, *m_watcher, *m_dialogs, m_mainWindow->footer());
+    installRecovery();
     connect(m_mainWindow.get(), &MainWindow::closing, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 StageWrightApp::~StageWrightApp()
 {
+    // A run that ends with the user's answer about unsaved work leaves no
+    // copies; one that ends any other way keeps them for the next start.
+    if (m_closeGuard->closeAgreed())
+        m_autosave->finishCleanly();
+    m_autosave.reset();
     // The windows go before the objects they use.
     m_externalChanges.reset();
     m_watcher.reset();
@@ -91,6 +101,27 @@ void StageWrightApp::show()
 {
     m_mainWindow->show();
     showWelcomeOnFirstStart(m_mainWindow.get(), m_settings);
+    QTimer::singleShot(0, this, [this] {
+        offerRecovery(m_settings, *m_recoveryStore, *m_autosave, [this](const std::vector<RecoveryEntry>& entries) {
+            return RecoveryPrompt::ask(entries, m_mainWindow.get());
+        });
+    });
+}
+
+void StageWrightApp::installRecovery()
+{
+    m_recoveryStore = std::make_unique<RecoveryStore>();
+    m_autosave = std::make_unique<Autosave>(m_settings, *m_recoveryStore);
+    const auto followInterval = [this] {
+        m_autosave->setInterval(std::chrono::seconds(AppPreferences::autosaveInterval()));
+    };
+    followInterval();
+    connect(m_preferences.get(), &AppPreferences::autosaveIntervalChanged, this, followInterval);
+
+    m_closeGuard = std::make_unique<CloseGuard>(*m_commands, *m_dialogs, [this](const QStringList& names) {
+        return ClosePrompt::ask(names, m_mainWindow.get());
+    });
+    m_mainWindow->setCloseGuard([this] { return m_closeGuard->mayClose(); });
 }
 
 } // namespace stagewright

@@ -22,12 +22,15 @@ namespace stagewright {
 
 class AppPreferences;
 class Appearance;
+class Autosave;
+class CloseGuard;
 class Commands;
 class DesktopDialogs;
 class Downloader;
 class ExternalChanges;
 class HelpCommands;
 class MainWindow;
+class RecoveryStore;
 class SceneSettings;
 class WindowManager;
 class WorkspaceWatcher;
@@ -48,14 +51,19 @@ public:
     MainWindow& mainWindow() { return *m_mainWindow; }
     WindowManager& windows() { return *m_windows; }
     AppPreferences& preferences() { return *m_preferences; }
+    /// Copies unsaved projects into the recovery folder as the user works.
+    Autosave& autosave() { return *m_autosave; }
     /// The sample projects this start put into a new default workspace.
     const QStringList& installedSamples() const { return m_installedSamples; }
 
-    /// Shows the main window.
+    /// Shows the main window, then offers what a run that did not end
+    /// cleanly left unsaved.
     void show();
 
 private:
     static SceneSettings& startState(QStringList& installedSamples);
+    /// Autosave into the recovery folder, and the question before closing.
+    void installRecovery();
 
     QStringList m_installedSamples;
     SceneSettings& m_settings;
@@ -67,6 +75,9 @@ private:
     std::unique_ptr<WindowManager> m_windows;
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<MainWindow> m_mainWindow;
+    std::unique_ptr<RecoveryStore> m_recoveryStore;
+    std::unique_ptr<Autosave> m_autosave;
+    std::unique_ptr<CloseGuard> m_closeGuard;
     std::unique_ptr<WorkspaceWatcher> m_watcher;
     std::unique_ptr<ExternalChanges> m_externalChanges;
 };

@@ -112,6 +112,19 @@ void AppPreferences::setSourcePageAddress(const QString& address)
     emit addressesChanged();
 }
 
+int AppPreferences::autosaveInterval()
+{
+    bool ok = false;
+    const int seconds = userDefaults().value(autosaveIntervalKey).toInt(&ok);
+    return ok ? std::max(seconds, 0) : 60;
+}
+
+void AppPreferences::setAutosaveInterval(int seconds)
+{
+    userDefaults().setValue(autosaveIntervalKey, std::max(seconds, 0));
+    emit autosaveIntervalChanged();
+}
+
 // ---- Workspace ------------------------------------------------------------------------
 
 const tessaro::BaseConfig& AppPreferences::workspaceDefaults() const

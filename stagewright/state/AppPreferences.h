@@ -28,6 +28,9 @@ inline const QString server = QStringLiteral("downloadServer");
 inline const QString sourcePage = QStringLiteral("sourcePage");
 } // namespace AddressKey
 
+/// The user default that holds the seconds between copies of unsaved projects.
+inline const QString autosaveIntervalKey = QStringLiteral("autosaveInterval");
+
 class AppPreferences : public QObject {
     Q_OBJECT
 public:
@@ -51,6 +54,12 @@ public:
     /// An empty text puts the default back.
     void setSourcePageAddress(const QString& address);
     static QString defaultSourcePageAddress();
+
+    /// Seconds between copies of unsaved projects into the recovery folder;
+    /// 0 turns the timed copies off. 60 until the user sets another.
+    static int autosaveInterval();
+    /// A negative number counts as 0.
+    void setAutosaveInterval(int seconds);
 
     // ---- Workspace: defaults of new levels and scene views ------------------
 
@@ -95,6 +104,7 @@ public:
 signals:
     void darkModeChanged();
     void addressesChanged();
+    void autosaveIntervalChanged();
     void workspaceDefaultsChanged();
     void debugOptionsChanged();
     void grantedFoldersChanged();

@@ -171,6 +171,7 @@ TEST_F(LibraryTest, ClickingACellAddsItsElementAsOneStep)
     EXPECT_EQ(front().undoStack().count(), 2);
 
     // A tab whose canvas is not an editing scene takes nothing.
+    dialogs.discardAnswers.push_back(true);
     commands->closeLevel();
     ASSERT_EQ(sceneEditorOf(front().currentScene()), nullptr);
     libraryWindow = library();

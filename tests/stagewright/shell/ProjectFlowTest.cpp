@@ -95,10 +95,15 @@ TEST_F(ProjectFlowTest, OpenSwitchLevelSwitchTabSaveClose)
     ASSERT_EQ(saved.size(), 4u);
     EXPECT_EQ(saved[2].obstacles->size(), 3u);
 
-    // "Close Level" closes the front tab without asking, dirty or not.
+    // "Close Level" asks before unsaved changes go: "Cancel" keeps the tab,
+    // "Discard" closes it.
     forest->setProjectDirty(true);
     action("Close Level")->trigger();
-    EXPECT_EQ(dialogs.discardQuestions, 0);
+    EXPECT_EQ(dialogs.discardQuestions, 1);
+    EXPECT_EQ(tabNames(), QStringList({"Forest", "Untitled 1"}));
+    dialogs.discardAnswers.push_back(true);
+    action("Close Level")->trigger();
+    EXPECT_EQ(dialogs.discardQuestions, 2);
     EXPECT_EQ(tabNames(), QStringList({"Untitled 1"}));
     settle();
     EXPECT_EQ(window->canvasFor(forest->id()), nullptr);

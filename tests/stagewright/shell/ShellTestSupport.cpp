@@ -213,6 +213,12 @@ std::vector<tessaro::Level> readProject(const QString& path)
     return tessaro::loadLevels(path.toStdString());
 }
 
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 // ---- Fixture ------------------------------------------------------------------------------
 
 void ShellFixture::SetUp()

@@ -17,11 +17,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QUrl>
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -98,6 +102,8 @@ std::vector<tessaro::Level> makeLevels(int count);
 QString writeProject(const QString& path, int levels);
 /// The levels in a project file; empty when it cannot be read.
 std::vector<tessaro::Level> readProject(const QString& path);
+/// The bytes of a file; empty when it cannot be read.
+QByteArray fileBytes(const QString& path);
 
 /// A started state with its main window on screen.
 struct ShellFixture : ::testing::Test {
@@ -126,5 +132,30 @@ struct ShellFixture : ::testing::Test {
 
 /// Lets queued events and deferred deletions run.
 void settle();
+
+/// Acts on the first visible window of type T once one is shown: a modal
+/// dialog is answered from its own event loop. Gives up after five seconds.
+template <class T>
+void whenShown(std::function<void(T&)> act)
+{
+    auto* poll = new QTimer;
+    auto* waited = new QElapsedTimer;
+    waited->start();
+    QObject::connect(poll, &QTimer::timeout, [poll, waited, act = std::move(act)] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* shown = qobject_cast<T*>(widget); shown && shown->isVisible()) {
+                poll->deleteLater();
+                delete waited;
+                act(*shown);
+                return;
+            }
+        }
+        if (waited->elapsed() > 5000) {
+            poll->deleteLater();
+            delete waited;
+        }
+    });
+    poll->start(10);
+}
 
 } // namespace stagewright::test

@@ -7,10 +7,12 @@
 
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/shell/CanvasView.h>
+#include <stagewright/shell/ClosePrompt.h>
 #include <stagewright/shell/StageWrightApp.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/Workspace.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -191,7 +193,18 @@ TEST(StartTest, ClosingTheMainWindowEndsTheRunWithTheOtherWindows)
     started.commands().openWindow(WindowId::help);
     ASSERT_TRUE(started.windows().isWindowOpen(WindowId::help));
     QSignalSpy closing(&started.mainWindow(), &MainWindow::closing);
-    // No question about unsaved tabs at this point.
+    // Unsaved work is asked about first: "Cancel" keeps the window, "Discard"
+    // lets it close.
+    QStringList asked;
+    whenShown<ClosePrompt>([&](ClosePrompt& prompt) {
+        asked << prompt.text();
+        prompt.button(CloseAnswer::Cancel)->click();
+    });
+    EXPECT_FALSE(started.mainWindow().close());
+    EXPECT_EQ(asked.size(), 1);
+    EXPECT_EQ(closing.count(), 0);
+    EXPECT_TRUE(started.windows().isWindowOpen(WindowId::help));
+    whenShown<ClosePrompt>([&](ClosePrompt& prompt) { prompt.button(CloseAnswer::Discard)->click(); });
     EXPECT_TRUE(started.mainWindow().close());
     EXPECT_EQ(closing.count(), 1);
     EXPECT_FALSE(started.windows().isWindowOpen(WindowId::help));
