@@ -5,10 +5,12 @@
 // test of an installation (the tests start the installed editor with it).
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/shell/MainWindow.h>
+#include <stagewright/shell/ShellContent.h>
 #include <stagewright/shell/StageWrightApp.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QTimer>
 
 #include <cstdio>
@@ -50,6 +52,8 @@ int main(int argc, char** argv)
 
     QApplication app(argc, argv);
     nameTheApplication();
+    // For window managers that do not find the icon through the desktop entry.
+    QApplication::setWindowIcon(QIcon(stagewright::shellContentPath(QStringLiteral("app/appicon.svg"))));
     stagewright::StageWrightApp stageWright(files, stagewright::makeSceneEditorFactory());
     stageWright.show();
     if (quitAfterStart) {
