@@ -1,7 +1,7 @@
 # Two commands do everything on a fresh Debian machine:
 #   make run    installs what is missing, builds, and starts the editor
 #   make test   installs what is missing, builds, and runs every test
-.PHONY: run test build deps configure bench clean asan-test check-format check-layering install
+.PHONY: run test build deps configure bench clean asan-test check-format check-layering install package
 
 deps:
 	@./scripts/install-deps.sh
@@ -34,6 +34,10 @@ asan-test: deps
 PREFIX ?= /usr/local
 install: build
 	@DESTDIR="$(DESTDIR)" ./scripts/install-build.sh build "$(PREFIX)"
+
+# The Debian package of the programs, build/stagewright_VERSION-1_ARCH.deb.
+package: build
+	@cd build && cpack -G DEB | sed -n 's/^CPack: - package: \(.*\) generated\.$$/\1/p'
 
 check-format:
 	@./scripts/check-format.sh
