@@ -1,7 +1,7 @@
 # Two commands do everything on a fresh Debian machine:
 #   make run    installs what is missing, builds, and starts the editor
 #   make test   installs what is missing, builds, and runs every test
-.PHONY: run test build deps configure bench clean asan-test check-format check-layering
+.PHONY: run test build deps configure bench clean asan-test check-format check-layering install package
 
 deps:
 	@./scripts/install-deps.sh
@@ -27,6 +27,17 @@ asan-test: deps
 	@cmake --preset asan $(CMAKE_ARGS) >/dev/null
 	@cmake --build --preset asan
 	@ctest --preset asan
+
+# The programs, their desktop entry, icons, metainfo and project file type,
+# and the library's CMake package, under PREFIX (through sudo when it is not
+# writable; DESTDIR stages the files for a packager).
+PREFIX ?= /usr/local
+install: build
+	@DESTDIR="$(DESTDIR)" ./scripts/install-build.sh build "$(PREFIX)"
+
+# The Debian package of the programs, build/stagewright_VERSION-1_ARCH.deb.
+package: build
+	@cd build && cpack -G DEB | sed -n 's/^CPack: - package: \(.*\) generated\.$$/\1/p'
 
 check-format:
 	@./scripts/check-format.sh

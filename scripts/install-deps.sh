@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs every Debian package the build, the tests and the benchmarks need.
+# Installs every Debian package the build, the tests and the benchmarks need,
+# and the validators of the install tests.
 # Safe to run again: it does nothing when everything is already there.
 set -euo pipefail
 
@@ -11,6 +12,7 @@ packages=(
   libbox2d-dev libplist-dev libpugixml-dev libsqlite3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   python3 xvfb xauth clang-format
+  appstream desktop-file-utils shared-mime-info
 )
 
 missing=()

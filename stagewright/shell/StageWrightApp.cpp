@@ -37,7 +37,8 @@ void setApplicationIdentity()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("StageWright"));
     QCoreApplication::setApplicationName(QStringLiteral("StageWright"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("stagewright"));
+    // The name of its desktop entry and icon, which also identifies its windows.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.stagewright.StageWright"));
 }
 
 SceneSettings& StageWrightApp::startState(QStringList& installedSamples)
