@@ -1,5 +1,6 @@
 #include "AppGeneralView.h"
 
+#include <stagewright/inspector/controls/Steppers.h>
 #include <stagewright/state/AppPreferences.h>
 
 #include <QCheckBox>
@@ -42,6 +43,17 @@ appGeneralView::appGeneralView(AppPreferences& preferences, QWidget* parent)
     m_sourcePage->setToolTip(tr("The page that \"Github Pages\" opens."));
     form->addRow(tr("Source page:"), m_sourcePage);
     showAddresses();
+
+    m_autosave = new LabelledIntStepper(QString(), QString(), 0, 3600, 30, {}, this);
+    m_autosave->setObjectName(QStringLiteral("autosaveInterval"));
+    m_autosave->setToolTip(tr("Seconds between copies of unsaved projects, kept for recovery after a crash; 0 "
+                              "copies only after every 50 edits."));
+    m_autosave->setValue(AppPreferences::autosaveInterval());
+    form->addRow(tr("Recovery copy every (s):"), m_autosave);
+    connect(m_autosave, &LabelledIntStepper::valueChanged, &preferences,
+            [&preferences](std::int64_t seconds) { preferences.setAutosaveInterval(int(seconds)); });
+    connect(&preferences, &AppPreferences::autosaveIntervalChanged, m_autosave,
+            [this] { m_autosave->setValue(AppPreferences::autosaveInterval()); });
 
     connect(m_darkMode, &QCheckBox::toggled, &preferences, &AppPreferences::setDarkMode);
     connect(&preferences, &AppPreferences::darkModeChanged, m_darkMode,

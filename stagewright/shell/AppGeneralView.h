@@ -1,5 +1,6 @@
-// The "General" tab of the settings: the appearance and the two web
-// addresses, which belong to the user rather than to a workspace.
+// The "General" tab of the settings: the appearance, the two web addresses
+// and how often unsaved work is copied for recovery, which belong to the
+// user rather than to a workspace.
 #pragma once
 
 #include <QWidget>
@@ -10,6 +11,7 @@ class QLineEdit;
 namespace stagewright {
 
 class AppPreferences;
+class LabelledIntStepper;
 
 class appGeneralView : public QWidget {
     Q_OBJECT
@@ -19,6 +21,7 @@ public:
     QCheckBox* darkModeSwitch() const { return m_darkMode; }
     QLineEdit* serverAddressField() const { return m_server; }
     QLineEdit* sourcePageField() const { return m_sourcePage; }
+    LabelledIntStepper* autosaveInterval() const { return m_autosave; }
 
 private:
     /// Shows the addresses in force; an empty field shows the default as
@@ -29,6 +32,7 @@ private:
     QCheckBox* m_darkMode = nullptr;
     QLineEdit* m_server = nullptr;
     QLineEdit* m_sourcePage = nullptr;
+    LabelledIntStepper* m_autosave = nullptr;
 };
 
 } // namespace stagewright

@@ -51,13 +51,15 @@ void ExternalChanges::projectChanged(const tessaro::Uuid& tabId)
     if (!tab || !tab->filePath())
         return;
     if (tab->isProjectDirty() && !m_dialogs.confirmReloadChangedProject(tab->name())) {
-        note(tr("\"%1\" changed on the disk; your changes are kept, and saving replaces the file.").arg(tab->name()));
+        note(tr("\"%1\" changed on disk; your changes are kept.").arg(tab->name()),
+             tr("Saving the project replaces the file on disk."));
         return;
     }
     if (reloadProjectFromDisk(m_settings.gate(), *tab))
-        note(tr("\"%1\" changed on the disk and was reloaded.").arg(tab->name()));
+        note(tr("\"%1\" changed on disk and was reloaded.").arg(tab->name()), *tab->filePath());
     else
-        note(tr("\"%1\" changed on the disk but cannot be read now; the open project is kept.").arg(tab->name()));
+        note(tr("\"%1\" changed on disk but cannot be read.").arg(tab->name()),
+             tr("The open project is kept as it was; it is read again when the file changes next."));
 }
 
 void ExternalChanges::cataloguesChanged()
@@ -67,12 +69,13 @@ void ExternalChanges::cataloguesChanged()
     if (!catalogues.differsOnDisk())
         return;
     if (catalogues.hasUnsavedChanges()) {
-        diagnosticLine(QStringLiteral("Catalogues changed on the disk; the unsaved catalogue edits are kept."));
-        note(tr("The catalogues changed on the disk; your unsaved catalogue edits are kept."));
+        diagnosticLine(QStringLiteral("Catalogues changed on disk; the unsaved catalogue edits are kept."));
+        note(tr("The catalogues changed on disk; your edits are kept."),
+             tr("Your unsaved catalogue edits are kept; saving them replaces the catalogue files."));
         return;
     }
     m_settings.reloadCatalogues();
-    note(tr("The catalogues changed on the disk and were reloaded."));
+    note(tr("The catalogues changed on disk and were reloaded."), QString());
 }
 
 void ExternalChanges::assetsChanged()
@@ -83,9 +86,10 @@ void ExternalChanges::assetsChanged()
     m_settings.layOpenLevelsAgain();
 }
 
-void ExternalChanges::note(const QString& text)
+void ExternalChanges::note(const QString& text, const QString& detail)
 {
     m_notice->setText(text);
+    m_notice->setToolTip(detail);
     m_noticeTimer.start();
 }
 

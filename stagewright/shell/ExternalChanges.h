@@ -33,7 +33,8 @@ private:
     void projectChanged(const tessaro::Uuid& tabId);
     void cataloguesChanged();
     void assetsChanged();
-    void note(const QString& text);
+    /// A short line in the footer, and more in its tooltip.
+    void note(const QString& text, const QString& detail);
 
     SceneSettings& m_settings;
     ShellDialogs& m_dialogs;

@@ -176,6 +176,14 @@ TEST_F(SettingsWindowTest, TheGeneralTabSwitchesEveryWindowAndKeepsTheAddresses)
     QTest::keyClicks(general->sourcePageField(), QStringLiteral("https://example.org/source"));
     QTest::keyClick(general->sourcePageField(), Qt::Key_Return);
     EXPECT_EQ(AppPreferences::sourcePageAddress(), QStringLiteral("https://example.org/source"));
+
+    // The recovery copies: a minute until the user says otherwise.
+    EXPECT_EQ(general->autosaveInterval()->value(), 60);
+    type(general->autosaveInterval(), "value", QStringLiteral("120"));
+    EXPECT_EQ(AppPreferences::autosaveInterval(), 120);
+    QTest::mouseClick(general->autosaveInterval()->findChild<NumberGroup*>(QStringLiteral("value"))->minusButton(),
+                      Qt::LeftButton);
+    EXPECT_EQ(AppPreferences::autosaveInterval(), 90);
 }
 
 TEST_F(SettingsWindowTest, PermissionsListTheGrantsAndWithdrawThem)
