@@ -6,35 +6,10 @@ namespace stagewright::cli {
 
 namespace {
 
-std::string without(std::string_view text, std::string_view remove)
-{
-    std::string out;
-    out.reserve(text.size());
-    for (char c : text)
-        if (remove.find(c) == std::string_view::npos)
-            out += c;
-    return out;
-}
-
-std::vector<std::string_view> nonEmptyPieces(std::string_view text, std::string_view separator)
-{
-    std::vector<std::string_view> pieces;
-    std::size_t start = 0;
-    while (start <= text.size()) {
-        std::size_t end = text.find(separator, start);
-        if (end == std::string_view::npos)
-            end = text.size();
-        if (end > start)
-            pieces.push_back(text.substr(start, end - start));
-        start = end + separator.size();
-    }
-    return pieces;
-}
-
 ValueProblem numberProblem(std::string_view piece)
 {
     // Commas inside a number are thousands separators to the readers.
-    if (tessaro::parseNumber(without(piece, ",")))
+    if (tessaro::parseNumber(tessaro::withoutChars(piece, ",")))
         return std::nullopt;
     return detail::quoted(piece) + " is not a number";
 }
@@ -50,7 +25,7 @@ namespace detail {
 
 std::vector<std::string_view> trimmedListPieces(std::string_view text)
 {
-    std::vector<std::string_view> pieces = nonEmptyPieces(text, ",");
+    std::vector<std::string_view> pieces = tessaro::splitNonEmpty(text, ",");
     for (std::string_view& piece : pieces) {
         while (!piece.empty() && (piece.front() == ' ' || piece.front() == '\t'))
             piece.remove_prefix(1);
@@ -69,8 +44,8 @@ std::string quoted(std::string_view text)
 
 ValueProblem pairTextProblem(std::string_view text)
 {
-    const std::string cleaned = without(text, "{} ");
-    const auto pieces = nonEmptyPieces(cleaned, ",");
+    const std::string cleaned = tessaro::withoutChars(text, "{} ");
+    const auto pieces = tessaro::splitNonEmpty(cleaned, ",");
     if (pieces.size() != 2)
         return "needs two numbers \"{x,y}\", has " + partsText(pieces.size());
     for (std::string_view piece : pieces)
@@ -81,15 +56,15 @@ ValueProblem pairTextProblem(std::string_view text)
 
 ValueProblem rangeTextProblem(std::string_view text)
 {
-    const std::string cleaned = without(text, "<>");
-    const auto pieces = nonEmptyPieces(cleaned, "...");
+    const std::string cleaned = tessaro::withoutChars(text, "<>");
+    const auto pieces = tessaro::splitNonEmpty(cleaned, "...");
     if (pieces.size() != 2)
         return "needs a range \"lower...upper\", has " + partsText(pieces.size());
     for (std::string_view piece : pieces)
         if (ValueProblem problem = numberProblem(piece))
             return problem;
-    const auto lower = tessaro::parseNumber(without(pieces[0], ","));
-    const auto upper = tessaro::parseNumber(without(pieces[1], ","));
+    const auto lower = tessaro::parseNumber(tessaro::withoutChars(pieces[0], ","));
+    const auto upper = tessaro::parseNumber(tessaro::withoutChars(pieces[1], ","));
     if (*upper < *lower)
         return "the upper bound is below the lower bound";
     return std::nullopt;
@@ -97,8 +72,8 @@ ValueProblem rangeTextProblem(std::string_view text)
 
 ValueProblem randomPositionTextProblem(std::string_view text)
 {
-    const std::string cleaned = without(text, "{} ");
-    const auto pieces = nonEmptyPieces(cleaned, ",");
+    const std::string cleaned = tessaro::withoutChars(text, "{} ");
+    const auto pieces = tessaro::splitNonEmpty(cleaned, ",");
     if (pieces.size() != 2)
         return "needs two ranges \"{<a...b>,<c...d>}\", has " + partsText(pieces.size());
     for (std::string_view piece : pieces)

@@ -18,32 +18,6 @@ std::string_view trimBlanks(std::string_view s)
     return s;
 }
 
-std::string withoutChars(std::string_view text, std::string_view remove)
-{
-    std::string out;
-    out.reserve(text.size());
-    for (char c : text)
-        if (remove.find(c) == std::string_view::npos)
-            out += c;
-    return out;
-}
-
-// Splits at `separator`, dropping empty pieces.
-std::vector<std::string_view> splitNonEmpty(std::string_view text, std::string_view separator)
-{
-    std::vector<std::string_view> pieces;
-    std::size_t start = 0;
-    while (start <= text.size()) {
-        std::size_t end = text.find(separator, start);
-        if (end == std::string_view::npos)
-            end = text.size();
-        if (end > start)
-            pieces.push_back(text.substr(start, end - start));
-        start = end + separator.size();
-    }
-    return pieces;
-}
-
 std::optional<double> numberWithoutCommas(std::string_view piece)
 {
     if (piece.find(',') == std::string_view::npos)
@@ -68,6 +42,31 @@ double drawFrom(RangeValue range)
 }
 
 } // namespace
+
+std::string withoutChars(std::string_view text, std::string_view remove)
+{
+    std::string out;
+    out.reserve(text.size());
+    for (char c : text)
+        if (remove.find(c) == std::string_view::npos)
+            out += c;
+    return out;
+}
+
+std::vector<std::string_view> splitNonEmpty(std::string_view text, std::string_view separator)
+{
+    std::vector<std::string_view> pieces;
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        std::size_t end = text.find(separator, start);
+        if (end == std::string_view::npos)
+            end = text.size();
+        if (end > start)
+            pieces.push_back(text.substr(start, end - start));
+        start = end + separator.size();
+    }
+    return pieces;
+}
 
 std::string numberText(double value)
 {

@@ -31,6 +31,11 @@ inline std::string textFromSize(SizeValue s)
 /// "lower...upper".
 std::string textFromRange(RangeValue r);
 
+/// `text` without any of the characters in `remove`.
+std::string withoutChars(std::string_view text, std::string_view remove);
+/// The pieces of `text` between occurrences of `separator`, empty ones dropped.
+std::vector<std::string_view> splitNonEmpty(std::string_view text, std::string_view separator);
+
 /// A whole text read as a number, or nothing ("12", "-3.5", "1e3", "inf").
 std::optional<double> parseNumber(std::string_view text);
 
