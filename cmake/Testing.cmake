@@ -11,6 +11,12 @@ function(stagewright_add_test name)
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
   endif()
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+  # Under the sanitizers the test programs themselves are not optimised: the
+  # code under test keeps its -O1, and the sanitized build of the whole tree
+  # stays well inside CI's time.
+  if(STAGEWRIGHT_SANITIZE)
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
   # Cases are listed when the tests run, not at build time, so a build never
   # starts a test program. Each property takes one value: a list would be cut
   # at its first item on the way through the discovery script.
