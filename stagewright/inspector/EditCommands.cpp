@@ -49,13 +49,8 @@ bool joinsTyping(publishedElementList element)
 
 sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId)
 {
-    if (!tab)
+    if (!tab || !tab->showLevel(levelId))
         return nullptr;
-    if (tab->levelSelected() != levelId) {
-        if (!tab->findLevel(levelId))
-            return nullptr;
-        tab->switchLevel(levelId);
-    }
     return sceneEditorOf(tab->currentScene()).get();
 }
 

@@ -10,13 +10,8 @@ namespace {
 /// level is shown; null when the tab, the level or the scene is gone.
 LevelScene* showing(projectTab* tab, const tessaro::Uuid& levelId)
 {
-    if (!tab)
+    if (!tab || !tab->showLevel(levelId))
         return nullptr;
-    if (tab->levelSelected() != levelId) {
-        if (!tab->findLevel(levelId))
-            return nullptr;
-        tab->switchLevel(levelId);
-    }
     return tab->currentScene().get();
 }
 

@@ -235,6 +235,16 @@ void projectTab::switchLevel(const tessaro::Uuid& id)
     presentLevel(id, host);
 }
 
+bool projectTab::showLevel(const tessaro::Uuid& id)
+{
+    if (m_levelSelected == id)
+        return true;
+    if (!findLevel(id))
+        return false;
+    switchLevel(id);
+    return true;
+}
+
 void projectTab::replaceLevels(std::vector<tessaro::Level> levels)
 {
     resetSelectionModels();

@@ -127,6 +127,10 @@ public:
     /// `id` into a fresh scene. The selection models go back to their empty
     /// values.
     void switchLevel(const tessaro::Uuid& id);
+    /// Makes level `id` the shown one, switching to it when another level is
+    /// shown, as a step of the history does before it acts. False when the
+    /// tab has no such level.
+    bool showLevel(const tessaro::Uuid& id);
     /// Shows `levels` read anew from the project's file in place of the
     /// tab's: the canvas's unsaved state and the history go, the shown level
     /// stays shown while it is still there, and the tab is clean.
