@@ -2,6 +2,7 @@
 // an element, free name/value pairs and sounds.
 #pragma once
 
+#include "BoxedRecords.h"
 #include "Fields.h"
 #include "Uuid.h"
 
