@@ -1,6 +1,6 @@
 // Decoding of record lists from XML (pugixml, parsed in place) and binary
-// (libplist) property lists. One generic decoder walks the field tables over
-// either document through a small node adapter.
+// (libplist) property lists. One decoder walks the field tables over either
+// document through a node that holds either kind.
 #include "BinaryPlistCheck.h"
 #include "FileIO.h"
 #include "PlistCodec.h"
@@ -56,15 +56,134 @@ std::string_view trimmed(std::string_view s)
     return s;
 }
 
-// ---- XML documents ----------------------------------------------------------
+// ---- Documents ---------------------------------------------------------------
 
-class XmlNode {
+// A node of either document: an XML element (pugixml, parsed in place) or a
+// binary one (libplist). One node type keeps the decoder a single instance
+// over the record graph; the branch on the document kind costs nothing next
+// to the work of each node.
+class PlistNode {
 public:
-    explicit XmlNode(pugi::xml_node node) : node_(node) {}
+    explicit PlistNode(pugi::xml_node node) : xml_(node) {}
+    explicit PlistNode(plist_t node) : binary_(node) {}
 
-    Kind kind() const
+    Kind kind() const { return binary_ ? binaryKind() : xmlKind(); }
+
+    std::string_view text() const
     {
-        const std::string_view name = node_.name();
+        if (!binary_)
+            return xml_.text().get();
+        std::uint64_t length = 0;
+        const char* p = plist_get_string_ptr(binary_, &length);
+        return p ? std::string_view(p, length) : std::string_view();
+    }
+
+    bool boolean() const
+    {
+        if (!binary_)
+            return std::strcmp(xml_.name(), "true") == 0;
+        std::uint8_t value = 0;
+        plist_get_bool_val(binary_, &value);
+        return value != 0;
+    }
+
+    std::int64_t integer() const
+    {
+        if (binary_) {
+            // The library keeps every integer as 64 unsigned bits; negative
+            // numbers come back as their two's complement.
+            std::uint64_t value = 0;
+            plist_get_uint_val(binary_, &value);
+            return static_cast<std::int64_t>(value);
+        }
+        std::string_view digits = trimmed(text());
+        if (!digits.empty() && digits.front() == '+')
+            digits.remove_prefix(1);
+        std::int64_t value = 0;
+        auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+        if (ec == std::errc::result_out_of_range)
+            throw CodingError("Integer '" + std::string(digits.substr(0, 40)) + "' does not fit in 64 bits.");
+        if (digits.empty() || ec != std::errc{} || end != digits.data() + digits.size())
+            throw CodingError("Malformed integer '" + std::string(digits.substr(0, 40)) + "'.");
+        return value;
+    }
+
+    double real() const
+    {
+        if (binary_) {
+            double value = 0;
+            plist_get_real_val(binary_, &value);
+            return value;
+        }
+        const std::string_view digits = trimmed(text());
+        if (digits == "+infinity" || digits == "infinity")
+            return std::numeric_limits<double>::infinity();
+        if (digits == "-infinity")
+            return -std::numeric_limits<double>::infinity();
+        if (auto value = parseNumber(digits))
+            return *value;
+        throw CodingError("Malformed real '" + std::string(digits.substr(0, 40)) + "'.");
+    }
+
+    std::size_t itemCount() const
+    {
+        if (binary_)
+            return plist_array_get_size(binary_);
+        std::size_t n = 0;
+        for (pugi::xml_node child = xml_.first_child(); child; child = child.next_sibling())
+            n += child.type() == pugi::node_element;
+        return n;
+    }
+
+    template <class F>
+    void forEachItem(F&& f) const
+    {
+        if (binary_) {
+            const std::uint32_t n = plist_array_get_size(binary_);
+            for (std::uint32_t i = 0; i < n; ++i)
+                f(PlistNode(plist_array_get_item(binary_, i)));
+            return;
+        }
+        for (pugi::xml_node child = xml_.first_child(); child; child = child.next_sibling())
+            if (child.type() == pugi::node_element)
+                f(PlistNode(child));
+    }
+
+    template <class F>
+    void forEachEntry(F&& f) const
+    {
+        if (binary_) {
+            plist_dict_iter iter = nullptr;
+            plist_dict_new_iter(binary_, &iter);
+            std::unique_ptr<void, decltype(&std::free)> iterGuard(iter, &std::free);
+            while (true) {
+                char* rawKey = nullptr;
+                plist_t value = nullptr;
+                plist_dict_next_item(binary_, iter, &rawKey, &value);
+                std::unique_ptr<char, decltype(&std::free)> key(rawKey, &std::free);
+                if (!value)
+                    break;
+                f(std::string_view(rawKey ? rawKey : ""), PlistNode(value));
+            }
+            return;
+        }
+        pugi::xml_node child = nextElement(xml_.first_child());
+        while (child) {
+            if (std::strcmp(child.name(), "key") != 0)
+                throw CodingError(std::string("Expected key in dictionary but found <") + child.name() + ">.");
+            const std::string_view key = child.text().get();
+            pugi::xml_node value = nextElement(child.next_sibling());
+            if (!value)
+                throw CodingError("Key '" + std::string(key.substr(0, 80)) + "' has no value.");
+            f(key, PlistNode(value));
+            child = nextElement(value.next_sibling());
+        }
+    }
+
+private:
+    Kind xmlKind() const
+    {
+        const std::string_view name = xml_.name();
         if (name == "dict")
             return Kind::dict;
         if (name == "array")
@@ -84,86 +203,9 @@ public:
         return Kind::unknown;
     }
 
-    std::string_view text() const { return node_.text().get(); }
-    bool boolean() const { return std::strcmp(node_.name(), "true") == 0; }
-
-    std::int64_t integer() const
+    Kind binaryKind() const
     {
-        std::string_view digits = trimmed(text());
-        if (!digits.empty() && digits.front() == '+')
-            digits.remove_prefix(1);
-        std::int64_t value = 0;
-        auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        if (ec == std::errc::result_out_of_range)
-            throw CodingError("Integer '" + std::string(digits.substr(0, 40)) + "' does not fit in 64 bits.");
-        if (digits.empty() || ec != std::errc{} || end != digits.data() + digits.size())
-            throw CodingError("Malformed integer '" + std::string(digits.substr(0, 40)) + "'.");
-        return value;
-    }
-
-    double real() const
-    {
-        const std::string_view digits = trimmed(text());
-        if (digits == "+infinity" || digits == "infinity")
-            return std::numeric_limits<double>::infinity();
-        if (digits == "-infinity")
-            return -std::numeric_limits<double>::infinity();
-        if (auto value = parseNumber(digits))
-            return *value;
-        throw CodingError("Malformed real '" + std::string(digits.substr(0, 40)) + "'.");
-    }
-
-    std::size_t itemCount() const
-    {
-        std::size_t n = 0;
-        for (pugi::xml_node child = node_.first_child(); child; child = child.next_sibling())
-            n += child.type() == pugi::node_element;
-        return n;
-    }
-
-    template <class F>
-    void forEachItem(F&& f) const
-    {
-        for (pugi::xml_node child = node_.first_child(); child; child = child.next_sibling())
-            if (child.type() == pugi::node_element)
-                f(XmlNode(child));
-    }
-
-    template <class F>
-    void forEachEntry(F&& f) const
-    {
-        pugi::xml_node child = nextElement(node_.first_child());
-        while (child) {
-            if (std::strcmp(child.name(), "key") != 0)
-                throw CodingError(std::string("Expected key in dictionary but found <") + child.name() + ">.");
-            const std::string_view key = child.text().get();
-            pugi::xml_node value = nextElement(child.next_sibling());
-            if (!value)
-                throw CodingError("Key '" + std::string(key.substr(0, 80)) + "' has no value.");
-            f(key, XmlNode(value));
-            child = nextElement(value.next_sibling());
-        }
-    }
-
-private:
-    static pugi::xml_node nextElement(pugi::xml_node n)
-    {
-        while (n && n.type() != pugi::node_element)
-            n = n.next_sibling();
-        return n;
-    }
-    pugi::xml_node node_;
-};
-
-// ---- Binary documents -------------------------------------------------------
-
-class BinaryNode {
-public:
-    explicit BinaryNode(plist_t node) : node_(node) {}
-
-    Kind kind() const
-    {
-        switch (plist_get_node_type(node_)) {
+        switch (plist_get_node_type(binary_)) {
         case PLIST_DICT: return Kind::dict;
         case PLIST_ARRAY: return Kind::array;
         case PLIST_STRING: return Kind::string;
@@ -176,76 +218,27 @@ public:
         }
     }
 
-    std::string_view text() const
+    static pugi::xml_node nextElement(pugi::xml_node n)
     {
-        std::uint64_t length = 0;
-        const char* p = plist_get_string_ptr(node_, &length);
-        return p ? std::string_view(p, length) : std::string_view();
-    }
-    bool boolean() const
-    {
-        std::uint8_t value = 0;
-        plist_get_bool_val(node_, &value);
-        return value != 0;
-    }
-    // The library keeps every integer as 64 unsigned bits; negative numbers
-    // come back as their two's complement.
-    std::int64_t integer() const
-    {
-        std::uint64_t value = 0;
-        plist_get_uint_val(node_, &value);
-        return static_cast<std::int64_t>(value);
-    }
-    double real() const
-    {
-        double value = 0;
-        plist_get_real_val(node_, &value);
-        return value;
+        while (n && n.type() != pugi::node_element)
+            n = n.next_sibling();
+        return n;
     }
 
-    std::size_t itemCount() const { return plist_array_get_size(node_); }
-
-    template <class F>
-    void forEachItem(F&& f) const
-    {
-        const std::uint32_t n = plist_array_get_size(node_);
-        for (std::uint32_t i = 0; i < n; ++i)
-            f(BinaryNode(plist_array_get_item(node_, i)));
-    }
-
-    template <class F>
-    void forEachEntry(F&& f) const
-    {
-        plist_dict_iter iter = nullptr;
-        plist_dict_new_iter(node_, &iter);
-        std::unique_ptr<void, decltype(&std::free)> iterGuard(iter, &std::free);
-        while (true) {
-            char* rawKey = nullptr;
-            plist_t value = nullptr;
-            plist_dict_next_item(node_, iter, &rawKey, &value);
-            std::unique_ptr<char, decltype(&std::free)> key(rawKey, &std::free);
-            if (!value)
-                break;
-            f(std::string_view(rawKey ? rawKey : ""), BinaryNode(value));
-        }
-    }
-
-private:
-    plist_t node_;
+    pugi::xml_node xml_;
+    plist_t binary_ = nullptr;
 };
 
 // ---- The generic decoder ----------------------------------------------------
 
-template <class Node>
-void expectKind(const Node& node, Kind expected, const char* what)
+void expectKind(const PlistNode& node, Kind expected, const char* what)
 {
     const Kind found = node.kind();
     if (found != expected)
         typeMismatch(what, found);
 }
 
-template <class Node>
-void decodeValue(const Node& node, std::string& out)
+void decodeValue(const PlistNode& node, std::string& out)
 {
     expectKind(node, Kind::string, "string");
     const std::string_view text = node.text();
@@ -254,8 +247,7 @@ void decodeValue(const Node& node, std::string& out)
     out.assign(text);
 }
 
-template <class Node>
-void decodeValue(const Node& node, Uuid& out)
+void decodeValue(const PlistNode& node, Uuid& out)
 {
     expectKind(node, Kind::string, "a UUID string");
     auto id = Uuid::fromText(node.text());
@@ -264,15 +256,13 @@ void decodeValue(const Node& node, Uuid& out)
     out = *id;
 }
 
-template <class Node>
-void decodeValue(const Node& node, bool& out)
+void decodeValue(const PlistNode& node, bool& out)
 {
     expectKind(node, Kind::boolean, "boolean");
     out = node.boolean();
 }
 
-template <class Node>
-void decodeValue(const Node& node, double& out)
+void decodeValue(const PlistNode& node, double& out)
 {
     const Kind kind = node.kind();
     if (kind == Kind::real)
@@ -283,8 +273,7 @@ void decodeValue(const Node& node, double& out)
         typeMismatch("real", kind);
 }
 
-template <class Node>
-void decodeValue(const Node& node, std::int64_t& out)
+void decodeValue(const PlistNode& node, std::int64_t& out)
 {
     const Kind kind = node.kind();
     if (kind == Kind::integer) {
@@ -301,34 +290,34 @@ void decodeValue(const Node& node, std::int64_t& out)
     }
 }
 
-template <class Node, class T>
-void decodeValue(const Node& node, std::optional<T>& out);
-template <class Node, class T>
-void decodeValue(const Node& node, boxed<T>& out);
-template <class Node, class T>
-void decodeValue(const Node& node, std::vector<T>& out);
-template <class Node, Record R>
-void decodeValue(const Node& node, R& out);
+template <class T>
+void decodeValue(const PlistNode& node, std::optional<T>& out);
+template <class T>
+void decodeValue(const PlistNode& node, boxed<T>& out);
+template <class T>
+void decodeValue(const PlistNode& node, std::vector<T>& out);
+template <Record R>
+void decodeValue(const PlistNode& node, R& out);
 
-template <class Node, class T>
-void decodeValue(const Node& node, std::optional<T>& out)
+template <class T>
+void decodeValue(const PlistNode& node, std::optional<T>& out)
 {
     decodeValue(node, out.emplace());
 }
 
-template <class Node, class T>
-void decodeValue(const Node& node, boxed<T>& out)
+template <class T>
+void decodeValue(const PlistNode& node, boxed<T>& out)
 {
     decodeValue(node, out.emplace());
 }
 
-template <class Node, class T>
-void decodeValue(const Node& node, std::vector<T>& out)
+template <class T>
+void decodeValue(const PlistNode& node, std::vector<T>& out)
 {
     expectKind(node, Kind::array, "array");
     out.clear();
     out.reserve(node.itemCount());
-    node.forEachItem([&](const Node& item) {
+    node.forEachItem([&](const PlistNode& item) {
         try {
             decodeValue(item, out.emplace_back());
         } catch (CodingError& error) {
@@ -338,12 +327,12 @@ void decodeValue(const Node& node, std::vector<T>& out)
     });
 }
 
-template <class Node, Record R>
-void decodeValue(const Node& node, R& out)
+template <Record R>
+void decodeValue(const PlistNode& node, R& out)
 {
     expectKind(node, Kind::dict, "dictionary");
     std::bitset<fieldCount<R>> seen;
-    node.forEachEntry([&](std::string_view key, const Node& value) {
+    node.forEachEntry([&](std::string_view key, const PlistNode& value) {
         std::size_t index = 0;
         bool matched = false;
         forEachField<R>([&](const auto& field) {
@@ -371,8 +360,8 @@ void decodeValue(const Node& node, R& out)
     });
 }
 
-template <class Node, Record T>
-std::vector<T> decodeRoot(const Node& root)
+template <Record T>
+std::vector<T> decodeRoot(const PlistNode& root)
 {
     std::vector<T> records;
     decodeValue(root, records);
@@ -403,15 +392,15 @@ void removeSubtree(pugi::xml_node top)
 template <Record T>
 std::vector<T> decodeXmlRoot(pugi::xml_node root)
 {
-    expectKind(XmlNode(root), Kind::array, "array");
+    expectKind(PlistNode(root), Kind::array, "array");
     std::vector<T> records;
-    records.reserve(XmlNode(root).itemCount());
+    records.reserve(PlistNode(root).itemCount());
     pugi::xml_node item = root.first_child();
     while (item) {
         pugi::xml_node next = item.next_sibling();
         if (item.type() == pugi::node_element) {
             try {
-                decodeValue(XmlNode(item), records.emplace_back());
+                decodeValue(PlistNode(item), records.emplace_back());
             } catch (CodingError& error) {
                 error.addPathComponent("[" + std::to_string(records.size() - 1) + "]");
                 throw;
@@ -472,7 +461,7 @@ std::vector<T> decodeBinary(std::string_view bytes)
     if (!root)
         throw CodingError("The data is not a valid binary property list.");
     std::unique_ptr<void, decltype(&plist_free)> guard(root, &plist_free);
-    return decodeRoot<BinaryNode, T>(BinaryNode(root));
+    return decodeRoot<T>(PlistNode(root));
 }
 
 // Decodes a document held in a buffer the parser may change.
