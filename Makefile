@@ -1,13 +1,15 @@
 # Two commands do everything on a fresh Debian machine:
 #   make run    installs what is missing, builds, and starts the editor
 #   make test   installs what is missing, builds, and runs every test
-.PHONY: run test build deps configure bench clean asan-test check-format check-layering install package
+.PHONY: run test build deps configure bench clean asan-test debug check-format check-layering install package
 
 deps:
 	@./scripts/install-deps.sh
 
+# Benchmarks are built only for `make bench`.
+BENCH ?= OFF
 configure: deps
-	@cmake --preset default $(CMAKE_ARGS) >/dev/null
+	@cmake --preset default -DSTAGEWRIGHT_BUILD_BENCH=$(BENCH) $(CMAKE_ARGS) >/dev/null
 
 build: configure
 	@cmake --build --preset default
@@ -45,8 +47,14 @@ check-format:
 check-layering:
 	@./scripts/check-layering.sh
 
-bench: build
+bench:
+	@$(MAKE) --no-print-directory build BENCH=ON
 	@./bench/run-all.sh
 
+# Full debug information, for stepping through the code in a debugger.
+debug: deps
+	@cmake --preset debug $(CMAKE_ARGS) >/dev/null
+	@cmake --build --preset debug
+
 clean:
-	rm -rf build build-asan
+	rm -rf build build-asan build-debug
