@@ -34,16 +34,26 @@ set(STAGEWRIGHT_PCH_GUI <QObject> <QString> <QStringList> <QPointF> <QRectF> <QS
 set(STAGEWRIGHT_PCH_WIDGETS <QWidget> <QLabel> <QPushButton> <QToolButton> <QHBoxLayout> <QVBoxLayout> <QComboBox>
                             <QLineEdit> <QPointer> <QTimer> <QUndoCommand> <QApplication>)
 
-# stagewright_precompile_headers(TARGET [GUI] [WIDGETS] [TEST])
+# stagewright_precompile_headers(TARGET [GUI] [WIDGETS] [TEST] [HEADERS FILE...])
 # Precompiles the headers nearly every file of TARGET includes: the standard
-# library always, Qt's GUI or widget classes when the target links them, and
-# GoogleTest for test programs. Each target compiles its own header, since a
-# precompiled header only serves files compiled with the same flags.
+# library always, Qt's GUI or widget classes when the target links them,
+# GoogleTest for test programs, and HEADERS (a test program's fixture header,
+# which every one of its files includes). Each target compiles its own
+# header, since a precompiled header only serves files compiled with the same
+# flags.
 function(stagewright_precompile_headers target)
   if(NOT STAGEWRIGHT_PCH)
     return()
   endif()
-  cmake_parse_arguments(P "GUI;WIDGETS;TEST" "" "" ${ARGN})
+  cmake_parse_arguments(P "GUI;WIDGETS;TEST" "" "HEADERS" ${ARGN})
+  # Compiling the header costs as much as a few files: it pays off only for
+  # targets of several files.
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "\\.cpp$")
+  list(LENGTH sources count)
+  if(count LESS 3)
+    return()
+  endif()
   set(headers ${STAGEWRIGHT_PCH_STD})
   if(P_GUI OR P_WIDGETS)
     list(APPEND headers ${STAGEWRIGHT_PCH_GUI})
@@ -54,5 +64,6 @@ function(stagewright_precompile_headers target)
   if(P_TEST)
     list(APPEND headers <gtest/gtest.h>)
   endif()
+  list(APPEND headers ${P_HEADERS})
   target_precompile_headers(${target} PRIVATE ${headers})
 endfunction()
