@@ -2,6 +2,7 @@
 // with a coding error or decode into records whose XML text survives another
 // round through either format unchanged. (Texts are compared rather than
 // records because a NaN read from a file never equals itself.)
+#include <tessaro/model/ConfigRecords.h>
 #include <tessaro/model/PlistCodec.h>
 
 #include <cstdint>

@@ -1,6 +1,8 @@
 #include "FileCommands.h"
 
+#include <tessaro/model/ConfigRecords.h>
 #include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/Enumerations.h>
 #include <tessaro/model/FileIO.h>
 #include <tessaro/model/PlistCodec.h>
 

@@ -3,7 +3,9 @@
 
 #include "Enumerations.h"
 #include "Geometry.h"
-#include "LevelRecords.h"
+
+#include <string>
+#include <vector>
 
 namespace tessaro {
 
@@ -34,35 +36,6 @@ struct appConfig {
     BaseConfig base = BaseConfig::editorDefaults();
     std::vector<DebugOption> debugOptions;
     bool operator==(const appConfig&) const = default;
-};
-
-/// A game's application configuration file; every field optional.
-struct LoadedConfig {
-    std::optional<bool> darkMode;
-    std::optional<std::string> defaultImageType;
-    std::optional<std::string> defaultSoundType;
-    std::optional<std::string> defaultImageScale;
-
-    bool operator==(const LoadedConfig&) const = default;
-    static constexpr auto fields()
-    {
-        using S = LoadedConfig;
-        return ::tessaro::FieldList{TESSARO_FIELD(darkMode), TESSARO_FIELD(defaultImageType),
-                                    TESSARO_FIELD(defaultSoundType), TESSARO_FIELD(defaultImageScale)};
-    }
-};
-
-/// The title scene of a game; the editor neither reads nor writes it.
-struct TitleSceneConfig {
-    std::optional<std::vector<GameSound>> backgroundSounds;
-    std::optional<std::vector<CharacterLevelItem>> titleSceneCharacters;
-
-    bool operator==(const TitleSceneConfig&) const = default;
-    static constexpr auto fields()
-    {
-        using S = TitleSceneConfig;
-        return ::tessaro::FieldList{TESSARO_FIELD(backgroundSounds), TESSARO_FIELD(titleSceneCharacters)};
-    }
 };
 
 } // namespace tessaro

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "AppConfig.h"
+#include "ConfigRecords.h"
 #include "ElementRecords.h"
 #include "Enumerations.h"
 #include "LevelRecords.h"

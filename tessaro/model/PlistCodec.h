@@ -6,11 +6,11 @@
 // missing required key fails the whole document.
 #pragma once
 
-#include "AppConfig.h"
 #include "CodingError.h"
-#include "LevelRecords.h"
+#include "Fields.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tessaro {

@@ -2,6 +2,7 @@
 // (libplist) property lists. One decoder walks the field tables over either
 // document through a node that holds either kind.
 #include "BinaryPlistCheck.h"
+#include "ConfigRecords.h"
 #include "FileIO.h"
 #include "PlistCodec.h"
 #include "Utf8.h"

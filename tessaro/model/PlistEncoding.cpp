@@ -1,5 +1,6 @@
 // Encoding of record lists as XML property lists (Apple's format 1.0, keys in
 // sorted order, tab indentation) or as binary property lists (libplist).
+#include "ConfigRecords.h"
 #include "PlistCodec.h"
 #include "Utf8.h"
 

@@ -2,6 +2,7 @@
 
 #include <tessaro/kit/Texture.h>
 #include <tessaro/model/CodingError.h>
+#include <tessaro/model/ConfigRecords.h>
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/PlistCodec.h>
 

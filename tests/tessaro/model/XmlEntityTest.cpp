@@ -3,6 +3,7 @@
 // of the refusal.
 #include "DataFiles.h"
 
+#include <tessaro/model/ElementRecords.h>
 #include <tessaro/model/PlistCodec.h>
 
 #include <gtest/gtest.h>

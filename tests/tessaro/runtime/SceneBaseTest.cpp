@@ -4,6 +4,7 @@
 
 #include <bench/common/SyntheticProject.h>
 #include <tessaro/kit/SpriteNode.h>
+#include <tessaro/model/ConfigRecords.h>
 #include <tessaro/model/LevelFiles.h>
 #include <tessaro/model/PlistCodec.h>
 #include <tessaro/runtime/GameResources.h>
