@@ -83,7 +83,15 @@ struct elementData {
     /// is hidden, has no picture, and a save writes `loadedItem` back as read.
     bool keptOnly = false;
 
-    bool operator==(const elementData&) const = default;
+    // Copied, destroyed and compared out of line: the records inside are
+    // compiled once, not in every file that copies an element.
+    elementData();
+    elementData(const elementData&);
+    elementData(elementData&&) noexcept;
+    elementData& operator=(const elementData&);
+    elementData& operator=(elementData&&) noexcept;
+    ~elementData();
+    bool operator==(const elementData&) const;
 };
 
 struct ElementRecords : elementData {
@@ -103,7 +111,15 @@ struct ElementRecords : elementData {
     /// The element has a size handle.
     bool hasSizeHandle = false;
 
-    bool operator==(const ElementRecords&) const = default;
+    // Copied, destroyed and compared out of line: the records inside are
+    // compiled once, not in every file that copies an element.
+    ElementRecords();
+    ElementRecords(const ElementRecords&);
+    ElementRecords(ElementRecords&&) noexcept;
+    ElementRecords& operator=(const ElementRecords&);
+    ElementRecords& operator=(ElementRecords&&) noexcept;
+    ~ElementRecords();
+    bool operator==(const ElementRecords&) const;
 };
 
 } // namespace stagewright

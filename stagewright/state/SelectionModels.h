@@ -142,7 +142,15 @@ struct selectedObjectModel {
     double speed = 0;
     std::vector<pinnedRangeValue> pinnedRanges;
 
-    bool operator==(const selectedObjectModel&) const = default;
+    // Copied, destroyed and compared out of line: the records inside are
+    // compiled once, not in every file that copies a selection.
+    selectedObjectModel();
+    selectedObjectModel(const selectedObjectModel&);
+    selectedObjectModel(selectedObjectModel&&) noexcept;
+    selectedObjectModel& operator=(const selectedObjectModel&);
+    selectedObjectModel& operator=(selectedObjectModel&&) noexcept;
+    ~selectedObjectModel();
+    bool operator==(const selectedObjectModel&) const;
 
     /// A sound record with a new id, the one being edited before a choice.
     static tessaro::GameSound newSound();
@@ -227,7 +235,15 @@ struct selectedAnimationModel {
     double End_aspectRatio = 0;
     std::vector<publishedElementList> inherited;
 
-    bool operator==(const selectedAnimationModel&) const = default;
+    // Copied, destroyed and compared out of line: the records inside are
+    // compiled once, not in every file that copies a selection.
+    selectedAnimationModel();
+    selectedAnimationModel(const selectedAnimationModel&);
+    selectedAnimationModel(selectedAnimationModel&&) noexcept;
+    selectedAnimationModel& operator=(const selectedAnimationModel&);
+    selectedAnimationModel& operator=(selectedAnimationModel&&) noexcept;
+    ~selectedAnimationModel();
+    bool operator==(const selectedAnimationModel&) const;
 };
 
 /// Level-wide values of the level properties panes.
