@@ -41,6 +41,26 @@ void setApplicationIdentity()
     QGuiApplication::setDesktopFileName(QStringLiteral("org.stagewright.StageWright"));
 }
 
+namespace {
+
+QString& buildVersion()
+{
+    static QString build;
+    return build;
+}
+
+} // namespace
+
+void setApplicationBuildVersion(const QString& build)
+{
+    buildVersion() = build;
+}
+
+QString applicationBuildVersion()
+{
+    return buildVersion();
+}
+
 SceneSettings& StageWrightApp::startState(QStringList& installedSamples)
 {
     PermissionManager::shared().setChooser(desktopFolderChooser());
