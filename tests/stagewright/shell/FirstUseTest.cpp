@@ -110,6 +110,16 @@ TEST_F(FirstUseTest, DebugOptionsReachEveryCanvasAndNewOnes)
     EXPECT_FALSE(first->sceneView()->showsFPS());
     EXPECT_FALSE(second->sceneView()->showsFPS());
     EXPECT_TRUE(second->sceneView()->showsPhysics());
+
+    // The other three options are drawn too.
+    for (auto option : {tessaro::DebugOption::showsFields, tessaro::DebugOption::showsDrawCount,
+                        tessaro::DebugOption::showsQuadCount})
+        preferences->toggleDebugOption(option);
+    for (CanvasView* canvas : {first, second}) {
+        EXPECT_TRUE(canvas->sceneView()->showsFields());
+        EXPECT_TRUE(canvas->sceneView()->showsDrawCount());
+        EXPECT_TRUE(canvas->sceneView()->showsQuadCount());
+    }
 }
 
 TEST_F(FirstUseTest, HelpMenuOpensTheHelpAndTheSourcePageOfTheSettings)
