@@ -123,9 +123,12 @@ void StageWrightApp::show()
     m_mainWindow->show();
     showWelcomeOnFirstStart(m_mainWindow.get(), m_settings);
     QTimer::singleShot(0, this, [this] {
-        offerRecovery(m_settings, *m_recoveryStore, *m_autosave, [this](const std::vector<RecoveryEntry>& entries) {
-            return RecoveryPrompt::ask(entries, m_mainWindow.get());
-        });
+        offerRecovery(
+            m_settings, *m_recoveryStore, *m_autosave,
+            [this](const std::vector<RecoveryEntry>& entries) {
+                return RecoveryPrompt::ask(entries, m_mainWindow.get());
+            },
+            [this](const RecoveryEntry& entry) { return RecoveryPrompt::askReplace(entry, m_mainWindow.get()); });
     });
 }
 
