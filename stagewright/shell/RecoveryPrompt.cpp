@@ -47,8 +47,11 @@ RecoveryPrompt::RecoveryPrompt(const std::vector<RecoveryEntry>& entries, QWidge
         m_list->setItemWidget(item, 3, choice);
         m_choices.push_back(choice);
     }
+    // The file takes the room the other columns leave.
+    m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(2, QHeaderView::Stretch);
     m_list->header()->setSectionResizeMode(3, QHeaderView::ResizeToContents);
 
     auto* buttons = new QDialogButtonBox(this);

@@ -2,6 +2,8 @@
 
 #include <QFontMetrics>
 
+#include <algorithm>
+
 namespace stagewright {
 
 ElidedLabel::ElidedLabel(const QString& text, QWidget* parent) : QLabel(parent)
@@ -45,7 +47,15 @@ void ElidedLabel::elide()
     const QString shown = fontMetrics().elidedText(m_full, Qt::ElideRight, std::max(room, 0));
     if (shown != text())
         QLabel::setText(shown);
-    setToolTip(shown != m_full ? m_full : QString());
+    // The whole text is the tooltip while the text is cut short; a tooltip
+    // given otherwise stays.
+    if (shown != m_full) {
+        setToolTip(m_full);
+        m_tipIsText = true;
+    } else if (m_tipIsText) {
+        setToolTip(QString());
+        m_tipIsText = false;
+    }
 }
 
 } // namespace stagewright

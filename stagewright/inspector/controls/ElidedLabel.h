@@ -26,6 +26,7 @@ private:
     void elide();
 
     QString m_full;
+    bool m_tipIsText = false;
 };
 
 } // namespace stagewright

@@ -295,10 +295,12 @@ TEST_F(InspectorViewTest, EveryPaneFitsTheInspectorsWidthAndLongValuesElide)
             EXPECT_LE(scroll->widget()->minimumSizeHint().width(), scroll->viewport()->width())
                 << tessaro::caseText(kind) << " " << tabs->tabText(i).toStdString();
             // Every row's label starts inside the pane.
-            for (const PropertyRow* row : scroll->widget()->findChildren<PropertyRow*>())
-                if (row->isVisible())
+            for (const PropertyRow* row : scroll->widget()->findChildren<PropertyRow*>()) {
+                if (row->isVisible()) {
                     EXPECT_GE(row->label()->mapTo(scroll->viewport(), QPoint(0, 0)).x(), 0)
                         << tessaro::caseText(kind) << " " << tessaro::caseText(row->entry().property);
+                }
+            }
         }
     }
 
