@@ -194,8 +194,7 @@ std::vector<levelImageChoice> levelImageChoices(tessaro::sceneObjectType kind, c
         for (const tessaro::GenericObject& record : tessaro::objectCatalogue())
             if (record.elementName && record.sceneObjectType == tessaro::caseText(kind))
                 choices.push_back({QString::fromStdString(*record.elementName), pictureOf(record.image)});
-        std::stable_sort(choices.begin(), choices.end(),
-                         [](const auto& a, const auto& b) { return a.name.toStdString() < b.name.toStdString(); });
+        std::stable_sort(choices.begin(), choices.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
         return choices;
     }
     for (const fileItem& item : images)
