@@ -323,7 +323,7 @@ TEST_F(InspectorViewTest, EveryPaneFitsTheInspectorsWidthAndLongValuesElide)
     EXPECT_TRUE(found);
 }
 
-TEST_F(InspectorViewTest, AnimationRowsWithoutAFieldAreReadOnly)
+TEST_F(InspectorViewTest, TargetRowsKeepTheirLimitsAndRowsWithoutAFieldAreReadOnly)
 {
     pick(K::character);
     ASSERT_TRUE(row("animationPropertyView", P::target_near));
@@ -333,6 +333,15 @@ TEST_F(InspectorViewTest, AnimationRowsWithoutAFieldAreReadOnly)
     auto* cycleEnd = view->findChild<QPushButton*>("cycleEndButton");
     ASSERT_TRUE(cycleEnd);
     EXPECT_FALSE(cycleEnd->icon().isNull());
+
+    // The target distances step by 0.5 between 0 and 10000.
+    for (const sectionEntry& section : animationSections())
+        if (section.title == std::string("Target distance properties"))
+            for (const rowEntry& entry : section.rows) {
+                EXPECT_EQ(entry.lower, 0) << tessaro::caseText(entry.property);
+                EXPECT_EQ(entry.upper, 10000) << tessaro::caseText(entry.property);
+                EXPECT_EQ(entry.step, 0.5) << tessaro::caseText(entry.property);
+            }
 
     pick(K::obstacles);
     EXPECT_FALSE(row("animationPropertyView", P::target_near)->isEnabled());
