@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+#
 # `cpack -G DEB` (or `make package`) makes the Debian package "stagewright":
 # the programs and their desktop integration, the component "StageWright",
 # installed under /usr. The library's headers and CMake package are for
@@ -13,6 +15,7 @@ string(CONCAT CPACK_PACKAGE_DESCRIPTION
   "stagewright-cli checks, converts and renders project files headless, and tessaro-play plays a level.")
 set(CPACK_PACKAGE_HOMEPAGE_URL "https://stagewright.org")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 # Debugging information stays in the build tree; the package gets lean programs.
 set(CPACK_STRIP_FILES ON)
@@ -46,5 +49,29 @@ endif()
 list(JOIN CPACK_DEBIAN_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 # Further platforms (Wayland) and image formats of the workspaces' images.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-qpa-plugins, qt6-image-formats-plugins")
+
+# The package's copyright file, in Debian's machine-readable form, made from
+# LICENSE: the licence text follows its "License:" line, each line indented
+# by a blank and each empty line written as " .".
+file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence_text)
+string(REGEX REPLACE "^.*\n(Permission is hereby granted)" "\\1" licence_terms "${licence_text}")
+string(REGEX MATCH "Copyright \\(c\\) ([^\n]*)" licence_holder "${licence_text}")
+set(licence_holder "${CMAKE_MATCH_1}")
+string(STRIP "${licence_terms}" licence_terms)
+string(REPLACE "\n\n" "\n.\n" licence_terms "${licence_terms}")
+string(REPLACE "\n" "\n " licence_terms "${licence_terms}")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/debian/copyright CONTENT
+"Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
+Upstream-Name: StageWright
+Upstream-Contact: ${CPACK_PACKAGE_CONTACT}
+Source: ${CPACK_PACKAGE_HOMEPAGE_URL}
+
+Files: *
+Copyright: ${licence_holder}
+License: MIT
+ ${licence_terms}
+")
+install(FILES ${PROJECT_BINARY_DIR}/debian/copyright COMPONENT StageWright
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_PACKAGE_NAME})
 
 include(CPack)

@@ -42,4 +42,6 @@ function(tessaro_install_package)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/TessaroConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/TessaroConfigVersion.cmake
     COMPONENT Tessaro DESTINATION ${TESSARO_INSTALL_CMAKEDIR})
+  # A game that links Tessaro ships this notice with it.
+  install(FILES ${PROJECT_SOURCE_DIR}/LICENSE COMPONENT Tessaro DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro)
 endfunction()

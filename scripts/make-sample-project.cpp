@@ -1,7 +1,7 @@
 // Writes the sample project that a new default workspace receives: three
 // levels built from the seed catalogues and images (ground with hazards,
-// backgrounds, obstacles, characters, coins, a checkpoint, a shield and a
-// key). Run from the repository root after changing the seed or this file:
+// backgrounds, obstacles, characters, coins, a checkpoint, a shield, a key
+// and the window shown at the level's end). Run from the repository root after changing the seed or this file:
 //
 //   cmake --build <build> --target stagewright-make-sample
 //   <build>/stagewright/shell/stagewright-make-sample resources/sample
@@ -51,6 +51,7 @@ public:
         level.artifacts->startArtifactNumber = 0;
         level.artifacts->artifacts.emplace();
         background(backgroundSky, 1, false, {});
+        levelEnd();
     }
 
     /// A layer that fills the view, or one laid along the level in ranges.
@@ -182,6 +183,43 @@ public:
     Level level;
 
 private:
+    /// The window at the end: the panel, a title, and the coins and time
+    /// the player took, each count beside its name.
+    void levelEnd()
+    {
+        const auto item = [](windowItemType type, double x, double y, double z) {
+            WindowItem entry;
+            entry.type = caseText(type);
+            entry.zPosition = z;
+            entry.devices = std::vector<DeviceProperties>{at(x, y)};
+            return entry;
+        };
+        const auto text = [&](windowItemType type, const char* words, double x, double y, double fontSize) {
+            WindowItem entry = item(type, x, y, 1);
+            if (words)
+                entry.text = words;
+            FontInfo font;
+            font.fontSize = fontSize;
+            entry.fontInfo = font;
+            return entry;
+        };
+        WindowItem panel = item(windowItemType::window, 0, 0, 0);
+        panel.image = "window_panel";
+        (*panel.devices)[0].size = textFromPair(420, 240);
+        LevelEndData end;
+        end.windowOffset = textFromPair(0, 0);
+        end.zPosition = 1000;
+        end.windowItems = std::vector<WindowItem>{
+            panel,
+            text(windowItemType::title, "Level complete", 0, 70, 36),
+            text(windowItemType::other, "Coins", -60, 10, 24),
+            text(windowItemType::coinCount, nullptr, 60, 10, 24),
+            text(windowItemType::other, "Time", -60, -40, 24),
+            text(windowItemType::timeCount, nullptr, 60, -40, 24),
+        };
+        level.levelEnd = end;
+    }
+
     GroundSection newSection(const char* type)
     {
         GroundSection section;

@@ -3,6 +3,7 @@
 #include "LevelWalk.h"
 
 #include <tessaro/model/FileNames.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/PlistCodec.h>
 #include <tessaro/model/ValueText.h>
 
@@ -131,7 +132,7 @@ public:
 
     void fileNames(const ValuePlace& place, std::string_view text) override
     {
-        for (const std::string& name : namesFromText(text))
+        for (const std::string& name : trimmedNamesFromText(text))
             if (leadsOut(name))
                 add(LintKind::escapingName, place.item,
                     place.field + " " + inQuotes(name) + " leads out of its folder");
@@ -160,9 +161,7 @@ private:
     {
         if (!text)
             return;
-        for (const std::string& name : namesFromText(*text)) {
-            if (name.empty())
-                continue;
+        for (const std::string& name : trimmedNamesFromText(*text)) {
             const std::string folder = WorkspaceFiles::imageFolder(kind, name);
             const std::string named = what + " " + inQuotes(name) + origin;
             if (leadsOut(name))

@@ -21,6 +21,7 @@ void nameTheApplication()
 {
     stagewright::setApplicationIdentity();
     QCoreApplication::setApplicationVersion(QStringLiteral(STAGEWRIGHT_VERSION));
+    stagewright::setApplicationBuildVersion(QStringLiteral(STAGEWRIGHT_BUILD));
 }
 
 } // namespace

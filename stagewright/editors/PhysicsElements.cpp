@@ -13,12 +13,7 @@ namespace {
 
 std::vector<actionType> actionsOf(const std::optional<std::string>& text)
 {
-    std::vector<actionType> actions;
-    if (text)
-        for (const std::string& name : tessaro::namesFromText(*text))
-            if (const auto action = tessaro::caseFromText<actionType>(name))
-                actions.push_back(*action);
-    return actions;
+    return text ? tessaro::listFromText<actionType>(*text) : std::vector<actionType>{};
 }
 
 /// Point text with no comma inside a number: "{12.0,-7.0}".

@@ -16,6 +16,17 @@ PointValue plus(PointValue a, PointValue b)
     return {a.x + b.x, a.y + b.y};
 }
 
+/// A stored point after a move to `moved`, `resolved` being where it stood:
+/// a marker coordinate stays a marker while the point stays on its edge.
+PointValue keptMarkers(PointValue stored, PointValue resolved, PointValue moved)
+{
+    const auto coordinate = [](double before, double at, double after) {
+        const bool marker = before == edgeMarker || before == -edgeMarker;
+        return marker && std::abs(after - at) < 0.5 ? before : after;
+    };
+    return {coordinate(stored.x, resolved.x, moved.x), coordinate(stored.y, resolved.y, moved.y)};
+}
+
 double distanceToSegment(QPointF p, QPointF a, QPointF b)
 {
     const QPointF ab = b - a;
@@ -157,15 +168,20 @@ std::vector<PointValue> edgeTool::handles(const physicsElement& element, QSizeF 
     return {resolvedEdgeStart(element.startPoint, imageSize), resolvedEdgeEnd(element.endPoint, imageSize)};
 }
 
-void edgeTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF) const
+void edgeTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
 {
-    (index == 0 ? element.startPoint : element.endPoint) = p;
+    if (index == 0)
+        element.startPoint = keptMarkers(element.startPoint, resolvedEdgeStart(element.startPoint, imageSize), p);
+    else
+        element.endPoint = keptMarkers(element.endPoint, resolvedEdgeEnd(element.endPoint, imageSize), p);
 }
 
 void edgeTool::translate(physicsElement& element, PointValue delta, QSizeF imageSize) const
 {
-    element.startPoint = plus(resolvedEdgeStart(element.startPoint, imageSize), delta);
-    element.endPoint = plus(resolvedEdgeEnd(element.endPoint, imageSize), delta);
+    const PointValue start = resolvedEdgeStart(element.startPoint, imageSize);
+    const PointValue end = resolvedEdgeEnd(element.endPoint, imageSize);
+    element.startPoint = keptMarkers(element.startPoint, start, plus(start, delta));
+    element.endPoint = keptMarkers(element.endPoint, end, plus(end, delta));
 }
 
 QPainterPath edgeTool::outline(const physicsElement& element, QSizeF imageSize) const
@@ -190,20 +206,22 @@ std::vector<PointValue> polygonTool::handles(const physicsElement& element, QSiz
     return points;
 }
 
-void polygonTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF) const
+void polygonTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
 {
     if (index >= element.points.size())
         return;
-    if (index == 0 && isClosed(element))
-        element.points.back().point = p;
-    element.points[index].point = p;
+    const std::vector<PointValue> resolved = resolvedPolygon(element, imageSize);
+    const bool closed = isClosed(element);
+    element.points[index].point = keptMarkers(element.points[index].point, resolved[index], p);
+    if (index == 0 && closed)
+        element.points.back().point = keptMarkers(element.points.back().point, resolved.back(), p);
 }
 
 void polygonTool::translate(physicsElement& element, PointValue delta, QSizeF imageSize) const
 {
     const std::vector<PointValue> resolved = resolvedPolygon(element, imageSize);
     for (std::size_t i = 0; i < element.points.size(); ++i)
-        element.points[i].point = plus(resolved[i], delta);
+        element.points[i].point = keptMarkers(element.points[i].point, resolved[i], plus(resolved[i], delta));
 }
 
 QPainterPath polygonTool::outline(const physicsElement& element, QSizeF imageSize) const

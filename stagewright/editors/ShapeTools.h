@@ -5,8 +5,10 @@
 //
 // All points are shape coordinates: image-centred, y up, in image points.
 // Stored edges and polygons may hold the markers -9999 and 9999 for "the
-// edge of the sprite"; a tool shows them where the game puts them, and a
-// shape moved by hand gets plain coordinates.
+// edge of the sprite"; a tool shows them where the game puts them. A point
+// moved by hand keeps a marker while it stays on the sprite's edge that the
+// marker stands for, so the shape still follows every device's sprite size;
+// a coordinate moved off that edge becomes a plain number.
 #pragma once
 
 #include "PhysicsElements.h"

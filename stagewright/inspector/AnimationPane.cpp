@@ -2,14 +2,19 @@
 
 #include "BaseElementSheet.h"
 #include "EditRouting.h"
+#include "InspectorHead.h"
 #include "PhysicsEditorHook.h"
+#include "PropertyRules.h"
 #include "PropertySection.h"
+#include "controls/InspectorIcons.h"
 
 #include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/Workspace.h>
 
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -49,7 +54,7 @@ animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent
                                                          : tessaro::ReflectionTable{});
     layout->addWidget(base);
 
-    auto* cycleEnd = new QPushButton(tr("Cycle\nEnd"));
+    auto* cycleEnd = new QPushButton(inspectorIcon(InspectorSymbol::cycleEnd), tr("Cycle\nEnd"));
     cycleEnd->setObjectName(QStringLiteral("cycleEndButton"));
     layout->addWidget(cycleEnd, 0, Qt::AlignLeft);
     connect(cycleEnd, &QPushButton::clicked, this, [this] {
@@ -60,12 +65,47 @@ animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent
 
     for (const sectionEntry& entry : animationSections()) {
         auto* section = new PropertySection(tr(entry.title));
-        for (const rowEntry& row : entry.rows)
-            section->addRow(makeRow(row, modelType::Animation));
+        for (const rowEntry& row : entry.rows) {
+            PropertyRow* shown = makeRow(row, modelType::Animation);
+            // A value with no field to go to would be lost: it is shown, not edited.
+            if (!animationRowStores(row.property, object.type)) {
+                shown->setEnabled(false);
+                shown->setToolTip(tr("The element's record has no field for this value."));
+            }
+            section->addRow(shown);
+        }
         layout->addWidget(section);
     }
     layout->addStretch();
     refresh();
+}
+
+QMessageBox* animationPropertyView::imageMissingAlert() const
+{
+    return m_imageMissing;
+}
+
+void animationPropertyView::showEvent(QShowEvent* event)
+{
+    RowPane::showEvent(event);
+    if (m_imageChecked || !m_binding.tab)
+        return;
+    m_imageChecked = true;
+    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const std::string missing = missingSelectionImage(m_binding.settings, object);
+    if (missing.empty())
+        return;
+    m_imageMissing = new QMessageBox(QMessageBox::Warning, tr("Image missing"),
+                                     tr("The image \"%1\" cannot be found.").arg(QString::fromStdString(missing)),
+                                     QMessageBox::Ok, this);
+    m_imageMissing->setObjectName(QStringLiteral("imageMissingAlert"));
+    m_imageMissing->setInformativeText(
+        tr("The workspace has no such file in %1. Add the image there, or choose another one in the "
+           "\"Primary\" tab.")
+            .arg(kindImageFolder(QString(), object.type)));
+    m_imageMissing->setWindowModality(Qt::WindowModal);
+    m_imageMissing->setAttribute(Qt::WA_DeleteOnClose);
+    m_imageMissing->open();
 }
 
 animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent)
@@ -78,11 +118,11 @@ animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent
     resize(500, 600);
     auto* layout = new QVBoxLayout(this);
     auto* buttons = new QHBoxLayout;
-    auto* add = new QPushButton(tr("Add"));
-    auto* remove = new QPushButton(tr("Delete"));
-    auto* physics = new QPushButton(tr("Animation\nPhysics"));
+    auto* add = new QPushButton(inspectorIcon(InspectorSymbol::add), tr("Add"));
+    auto* remove = new QPushButton(inspectorIcon(InspectorSymbol::remove), tr("Delete"));
+    auto* physics = new QPushButton(inspectorIcon(InspectorSymbol::physics), tr("Animation\nPhysics"));
     physics->setObjectName(QStringLiteral("cycleEndPhysicsButton"));
-    auto* close = new QPushButton(tr("Close"));
+    auto* close = new QPushButton(inspectorIcon(InspectorSymbol::close), tr("Close"));
     buttons->addWidget(add);
     buttons->addWidget(remove);
     buttons->addWidget(physics);

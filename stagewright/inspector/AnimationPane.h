@@ -1,6 +1,7 @@
 // The "Animation" tab of obstacles and characters: the catalogue's animation,
 // read-only, the sections of the element's own animation values, and the
-// sheet of its cycle ends.
+// sheet of its cycle ends. When the element's picture is not in the
+// workspace, the pane says so in an alert the first time it shows.
 #pragma once
 
 #include "PropertyRows.h"
@@ -8,6 +9,7 @@
 #include <QDialog>
 
 class QComboBox;
+class QMessageBox;
 
 namespace stagewright {
 
@@ -15,6 +17,16 @@ class animationPropertyView : public RowPane {
     Q_OBJECT
 public:
     explicit animationPropertyView(rowBinding binding, QWidget* parent = nullptr);
+    /// The alert that the element's picture is not in the workspace, while it shows.
+    QMessageBox* imageMissingAlert() const;
+
+protected:
+    /// The first time the pane shows, a picture that cannot be found is said.
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QPointer<QMessageBox> m_imageMissing;
+    bool m_imageChecked = false;
 };
 
 /// The cycle ends of the element's animation: a list to pick one, buttons to

@@ -1,13 +1,16 @@
 // The animation pane's edits and the cycle-end pane's, for obstacles and
 // characters. Both work on the element's animation override record, which is
-// made when the element has none.
+// made when the element has none; a character's target distances go into its
+// own record.
 #include "ApplyCommon.h"
 #include "ApplyOperations.h"
+#include "PropertyRules.h"
 #include "SelectionPublishing.h"
 
 #include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 #include <algorithm>
@@ -40,14 +43,9 @@ tessaro::AnimationProperty& animationOf(elementNode& node)
     return *node.animationOverrides;
 }
 
-/// The rows whose value has no field in the record: they keep it in the model.
-bool storesNothing(publishedElementList element)
+bool isTargetDistance(publishedElementList element)
 {
     switch (element) {
-    case P::animationCallbackFunction:
-    case P::fadeTimeLengthRangeLower:
-    case P::fadeTimeLengthRangeUpper:
-    case P::resetPositionOnContact:
     case P::target_maximumRange:
     case P::target_near:
     case P::target_attack:
@@ -55,6 +53,28 @@ bool storesNothing(publishedElementList element)
     case P::target_toss:
     case P::target_moveSpeed: return true;
     default: return false;
+    }
+}
+
+/// A target distance goes into the character's own record, which is made
+/// when it has none.
+void storeTargetDistance(elementNode& node, publishedElementList element, const propertyValue& value)
+{
+    if (!node.characterOverrides)
+        return;
+    auto& distances = node.characterOverrides->targetDistances;
+    if (!distances)
+        distances = tessaro::TargetDistances{};
+    const tessaro::PointValue point = pointOf(value).value_or(tessaro::PointValue{});
+    const std::string text = tessaro::textFromPair(point.x, point.y);
+    switch (element) {
+    case P::target_maximumRange: distances->maximumRange = text; break;
+    case P::target_near: distances->near = text; break;
+    case P::target_attack: distances->attack = text; break;
+    case P::target_move: distances->move = text; break;
+    case P::target_toss: distances->toss = text; break;
+    case P::target_moveSpeed: distances->moveSpeed = numberOf(value).value_or(0); break;
+    default: break;
     }
 }
 
@@ -94,8 +114,12 @@ void applyAnimationProperty(sceneEditor& scene, publishedElementList element, co
     // A row without a field leaves the record as it is: no empty animation
     // record is added to the file for it.
     const elementNodePtr node = animatedNode(scene);
-    if (!node || storesNothing(element))
+    if (!node || !animationRowStores(element, node->kind()))
         return;
+    if (isTargetDistance(element)) {
+        storeTargetDistance(*node, element, value);
+        return;
+    }
     tessaro::AnimationProperty* animation = &animationOf(*node);
     const double number = numberOf(value).value_or(0);
     const bool flag = flagOf(value).value_or(false);
@@ -144,7 +168,7 @@ void applyAnimationProperty(sceneEditor& scene, publishedElementList element, co
 void applyCycleEndProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value)
 {
     const elementNodePtr node = animatedNode(scene);
-    if (!node || storesNothing(element))
+    if (!node)
         return;
     projectTab& tab = *scene.tab();
     selectedAnimationModel& model = tab.selectedAnimationObject();
@@ -192,7 +216,7 @@ void applyCycleEndProperty(sceneEditor& scene, publishedElementList element, con
     if (selected == entries->end())
         return;
     tessaro::CycleEndProperties& entry = *selected;
-    const std::string joined = tessaro::textFromList(listOf(value).value_or(std::vector<std::string>{}));
+    const std::string joined = tessaro::textFromNames(listOf(value).value_or(std::vector<std::string>{}));
     switch (element) {
     case P::End_obstacleEffected: entry.obstacleAffected = textOf(value).value_or(std::string()); break;
     case P::End_fadeObstacle: entry.fadeObstacle = flagOf(value).value_or(false); break;

@@ -11,6 +11,7 @@
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 #include <QString>
@@ -47,7 +48,7 @@ namespace {
 
 std::string joined(const propertyValue& value)
 {
-    return tessaro::textFromList(listOf(value).value_or(std::vector<std::string>{}));
+    return tessaro::textFromNames(listOf(value).value_or(std::vector<std::string>{}));
 }
 
 /// The override record of the element's kind that has `isVisible`, and so on:

@@ -112,10 +112,14 @@ bool ElementEditCommand::sameElement(const ElementEditCommand& other) const
     return other.m_tab == m_tab && other.m_levelId == m_levelId && other.m_handle == m_handle;
 }
 
-void ElementEditCommand::adoptResult(const ElementEditCommand& other)
+bool ElementEditCommand::adoptResult(const ElementEditCommand& other)
 {
+    // A later edit that found no element has no result; it is dropped alone.
+    if (!other.m_after)
+        return false;
     m_after = other.m_after;
-    setObsolete(m_after && *m_after == m_before);
+    setObsolete(*m_after == m_before);
+    return true;
 }
 
 PropertyEditCommand::PropertyEditCommand(projectTab& tab, const elementNode& node, modelType model,
@@ -136,10 +140,8 @@ int PropertyEditCommand::id() const
 bool PropertyEditCommand::mergeWith(const QUndoCommand* other)
 {
     const auto* later = dynamic_cast<const PropertyEditCommand*>(other);
-    if (!later || later->m_element != m_element || later->m_model != m_model || !sameElement(*later))
-        return false;
-    adoptResult(*later);
-    return true;
+    return later && later->m_element == m_element && later->m_model == m_model && sameElement(*later) &&
+        adoptResult(*later);
 }
 
 void PropertyEditCommand::apply(sceneEditor& scene, elementNode&)
@@ -181,10 +183,7 @@ int MoveElementCommand::id() const
 bool MoveElementCommand::mergeWith(const QUndoCommand* other)
 {
     const auto* later = dynamic_cast<const MoveElementCommand*>(other);
-    if (!later || !later->m_nudge || !sameElement(*later))
-        return false;
-    adoptResult(*later);
-    return true;
+    return later && later->m_nudge && sameElement(*later) && adoptResult(*later);
 }
 
 void MoveElementCommand::apply(sceneEditor& scene, elementNode& node)
@@ -248,10 +247,10 @@ bool BackgroundEditCommand::mergeWith(const QUndoCommand* other)
 {
     const auto* later = dynamic_cast<const BackgroundEditCommand*>(other);
     if (!later || later->m_element != m_element || later->m_tab != m_tab || later->m_levelId != m_levelId ||
-        later->m_backgroundId != m_backgroundId)
+        later->m_backgroundId != m_backgroundId || !later->m_after)
         return false;
     m_after = later->m_after;
-    setObsolete(m_after && *m_after == m_before);
+    setObsolete(*m_after == m_before);
     return true;
 }
 

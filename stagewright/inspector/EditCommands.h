@@ -43,8 +43,9 @@ protected:
     virtual void apply(sceneEditor& scene, elementNode& node) = 0;
     /// Whether `other` is a later edit of the same element.
     bool sameElement(const ElementEditCommand& other) const;
-    /// Takes the result of `other` as this step's result.
-    void adoptResult(const ElementEditCommand& other);
+    /// Takes the result of `other` as this step's result; false when `other`
+    /// has none to take.
+    bool adoptResult(const ElementEditCommand& other);
 
 private:
     void show(const ElementRecords& element);

@@ -4,6 +4,7 @@
 #include "EditRouting.h"
 #include "PhysicsEditorHook.h"
 #include "controls/ImagePicker.h"
+#include "controls/InspectorIcons.h"
 
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -26,6 +27,21 @@ QString selectionImagePath(const SceneSettings* settings, const std::string& ima
     return {};
 }
 
+std::string selectionImageName(const selectedObjectModel& object)
+{
+    if (!object.image.empty() || !object.defaultViewProperties)
+        return object.image;
+    return std::visit([](const auto& record) { return record.image.value_or(std::string()); },
+                      *object.defaultViewProperties);
+}
+
+std::string missingSelectionImage(const SceneSettings* settings, const selectedObjectModel& object)
+{
+    const std::string image = selectionImageName(object);
+    return settings && !image.empty() && selectionImagePath(settings, image, object.type).isEmpty() ? image
+                                                                                                    : std::string();
+}
+
 InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding))
 {
     setObjectName(QStringLiteral("inspectorHead"));
@@ -41,7 +57,7 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
     const bool shaped =
         object.type == tessaro::sceneObjectType::obstacles || object.type == tessaro::sceneObjectType::character;
     if (shaped) {
-        auto* physics = new QPushButton(QIcon::fromTheme(QStringLiteral("draw-polygon")), tr("Physics"));
+        auto* physics = new QPushButton(inspectorIcon(InspectorSymbol::physics), tr("Physics"));
         physics->setObjectName(QStringLiteral("physicsButton"));
         layout->addWidget(physics);
         connect(physics, &QPushButton::clicked, this, [this] {
@@ -49,8 +65,9 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
                 openPhysicsEditor(this, *m_binding.tab, m_binding.settings, physicsEditMode::element);
         });
     }
-    if (object.defaultViewProperties) {
-        auto* base = new QPushButton(QIcon::fromTheme(QStringLiteral("document-properties")), tr("Base\nProperties"));
+    // Only obstacles and characters show their catalogue record.
+    if (shaped && object.defaultViewProperties) {
+        auto* base = new QPushButton(inspectorIcon(InspectorSymbol::baseProperties), tr("Base\nProperties"));
         base->setObjectName(QStringLiteral("baseButton"));
         layout->addWidget(base);
         connect(base, &QPushButton::clicked, this, [this] {
@@ -67,8 +84,7 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
     }
 
     if (object.type == tessaro::sceneObjectType::ground && m_binding.settings) {
-        auto* order =
-            new QPushButton(QIcon::fromTheme(QStringLiteral("view-sort-ascending")), tr("Ground\nSort Order"));
+        auto* order = new QPushButton(inspectorIcon(InspectorSymbol::groundOrder), tr("Ground\nSort Order"));
         order->setObjectName(QStringLiteral("groundOrderButton"));
         layout->addWidget(order);
         connect(order, &QPushButton::clicked, this, [this] { m_binding.settings->setGroundInspectorPresented(true); });
@@ -77,7 +93,7 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
     m_actions = new QToolButton;
     m_actions->setObjectName(QStringLiteral("actionsMenu"));
     m_actions->setText(tr("Actions"));
-    m_actions->setIcon(QIcon::fromTheme(QStringLiteral("document-edit")));
+    m_actions->setIcon(inspectorIcon(InspectorSymbol::actions));
     m_actions->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_actions->setPopupMode(QToolButton::InstantPopup);
     auto* menu = new QMenu(m_actions);
@@ -90,12 +106,11 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
             }
         };
     };
-    menu->addAction(QIcon::fromTheme(QStringLiteral("edit-cut")), tr("Cut"), this, route(&EditRouting::cut));
-    menu->addAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy"), this, route(&EditRouting::copy));
+    menu->addAction(inspectorIcon(InspectorSymbol::cut), tr("Cut"), this, route(&EditRouting::cut));
+    menu->addAction(inspectorIcon(InspectorSymbol::copy), tr("Copy"), this, route(&EditRouting::copy));
     QAction* paste =
-        menu->addAction(QIcon::fromTheme(QStringLiteral("edit-paste")), tr("Paste"), this, route(&EditRouting::paste));
-    menu->addAction(QIcon::fromTheme(QStringLiteral("edit-delete")), tr("Delete"), this,
-                    route(&EditRouting::deleteSelection));
+        menu->addAction(inspectorIcon(InspectorSymbol::paste), tr("Paste"), this, route(&EditRouting::paste));
+    menu->addAction(inspectorIcon(InspectorSymbol::trash), tr("Delete"), this, route(&EditRouting::deleteSelection));
     connect(menu, &QMenu::aboutToShow, this, [this, paste, clipboard] {
         paste->setEnabled(m_binding.tab && EditRouting(*m_binding.tab, clipboard).canPaste());
     });
@@ -109,12 +124,7 @@ void InspectorHead::refresh()
     if (!m_binding.tab)
         return;
     const selectedObjectModel& object = m_binding.tab->selectedObject();
-    // Without an image of its own the element shows its catalogue record's.
-    std::string image = object.image;
-    if (image.empty() && object.defaultViewProperties)
-        image = std::visit([](const auto& record) { return record.image.value_or(std::string()); },
-                           *object.defaultViewProperties);
-    m_preview->setPath(selectionImagePath(m_binding.settings, image, object.type));
+    m_preview->setPath(selectionImagePath(m_binding.settings, selectionImageName(object), object.type));
 }
 
 } // namespace stagewright

@@ -26,5 +26,9 @@ private:
 /// The workspace file of an image name of the selection, "" when the
 /// workspace has none.
 QString selectionImagePath(const SceneSettings* settings, const std::string& image, tessaro::sceneObjectType kind);
+/// The picture of the selection: its own image, else its catalogue record's.
+std::string selectionImageName(const selectedObjectModel& object);
+/// The selection's picture when the workspace has no file of it, else "".
+std::string missingSelectionImage(const SceneSettings* settings, const selectedObjectModel& object);
 
 } // namespace stagewright

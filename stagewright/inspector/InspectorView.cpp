@@ -22,10 +22,13 @@ using K = tessaro::sceneObjectType;
 
 namespace {
 
+/// A pane in its scroll area. The pane takes the inspector's width, never
+/// more: its rows shrink and long values elide instead of scrolling sideways.
 QWidget* scrolled(QWidget* pane)
 {
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidget(pane);
     return scroll;

@@ -4,8 +4,11 @@
 
 #include <stagewright/state/ProjectTab.h>
 
+#include <tessaro/model/ConfigFiles.h>
+
 #include <tessaro/model/ValueText.h>
 
+#include <algorithm>
 #include <type_traits>
 
 namespace stagewright {
@@ -176,6 +179,28 @@ levelTabValues levelTabValuesOf(const tessaro::Level& level, K kind)
     take(levelField::repeatDistance, values.repeatDistance);
     take(levelField::startArtifactNumber, values.startArtifactNumber);
     return values;
+}
+
+std::vector<levelImageChoice> levelImageChoices(tessaro::sceneObjectType kind, const std::vector<fileItem>& images)
+{
+    const auto pictureOf = [&](const std::optional<std::string>& image) {
+        for (const fileItem& item : images)
+            if (image && item.sceneObjectType == kind && item.name == QString::fromStdString(*image))
+                return item.path();
+        return QString();
+    };
+    std::vector<levelImageChoice> choices;
+    if (kind == tessaro::sceneObjectType::checkpoint) {
+        for (const tessaro::GenericObject& record : tessaro::objectCatalogue())
+            if (record.elementName && record.sceneObjectType == tessaro::caseText(kind))
+                choices.push_back({QString::fromStdString(*record.elementName), pictureOf(record.image)});
+        std::stable_sort(choices.begin(), choices.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
+        return choices;
+    }
+    for (const fileItem& item : images)
+        if (item.sceneObjectType == kind)
+            choices.push_back({item.name, item.path()});
+    return choices;
 }
 
 const std::vector<levelPropertiesTab>& levelPropertiesTabs()

@@ -4,9 +4,13 @@
 // of the tab's history that writes one field of one sub-record of the level.
 #pragma once
 
+#include <stagewright/state/StateTypes.h>
+
 #include <tessaro/model/Enumerations.h>
 #include <tessaro/model/Geometry.h>
 #include <tessaro/model/LevelRecords.h>
+
+#include <QString>
 
 #include <cstdint>
 #include <optional>
@@ -67,6 +71,20 @@ struct levelTabValues {
     std::int64_t startArtifactNumber = 0;
 };
 levelTabValues levelTabValuesOf(const tessaro::Level& level, tessaro::sceneObjectType kind);
+
+/// A name the image row of a tab offers, with the file of its picture ("" when
+/// the workspace has none).
+struct levelImageChoice {
+    QString name;
+    QString picturePath;
+    bool operator==(const levelImageChoice&) const = default;
+};
+/// What the image row of `kind`'s tab offers, `images` being the workspace's
+/// image list. The checkpoints' record names a checkpoint of the object
+/// catalogue, which the canvas and the game draw: its tab offers those by
+/// name, in the order of the names, each with the picture of its image. The
+/// other tabs offer the image files of their kind's folder.
+std::vector<levelImageChoice> levelImageChoices(tessaro::sceneObjectType kind, const std::vector<fileItem>& images);
 
 /// One tab of the sheet, in the order the sheet shows them.
 struct levelPropertiesTab {

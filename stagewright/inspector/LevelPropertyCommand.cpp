@@ -102,7 +102,9 @@ int LevelPropertyCommand::id() const
 bool LevelPropertyCommand::mergeWith(const QUndoCommand* other)
 {
     const auto* later = dynamic_cast<const LevelPropertyCommand*>(other);
-    if (!later || later->m_tab != m_tab || later->m_levelId != m_levelId || later->m_kind != m_kind ||
+    // A later change that wrote nothing (its value was already there) is
+    // dropped by the history; taking its empty result would erase the field.
+    if (!later || !later->m_done || later->m_tab != m_tab || later->m_levelId != m_levelId || later->m_kind != m_kind ||
         later->m_selector != m_selector)
         return false;
     if (m_selector == levelField::soundEffects &&

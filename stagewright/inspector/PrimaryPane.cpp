@@ -2,6 +2,7 @@
 
 #include "PropertyRules.h"
 #include "PropertySection.h"
+#include "controls/ElidedLabel.h"
 
 #include <stagewright/state/ProjectTab.h>
 
@@ -54,7 +55,7 @@ void primaryPropertyListView::refresh()
                                   model.name,
                                   model.image};
     for (std::size_t i = 0; i < m_viewOnly.size(); ++i)
-        m_viewOnly[i]->setText(QString::fromStdString(values[i]));
+        m_viewOnly[i]->setFullText(QString::fromStdString(values[i]));
 }
 
 } // namespace stagewright

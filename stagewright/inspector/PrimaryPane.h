@@ -4,9 +4,9 @@
 
 #include "PropertyRows.h"
 
-class QLabel;
-
 namespace stagewright {
+
+class ElidedLabel;
 
 class primaryPropertyListView : public RowPane {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     void refresh() override;
 
 private:
-    std::vector<QLabel*> m_viewOnly;
+    std::vector<ElidedLabel*> m_viewOnly;
 };
 
 } // namespace stagewright

@@ -3,6 +3,7 @@
 #include "EditRouting.h"
 #include "ModelFields.h"
 #include "PropertyRules.h"
+#include "controls/ElidedLabel.h"
 #include "controls/ImagePicker.h"
 #include "controls/MultiSelectCombo.h"
 #include "controls/Steppers.h"
@@ -140,7 +141,8 @@ class sizeRowViewHelper : public PropertyRow {
 public:
     sizeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper = new LabelledSizeStepper({}, {}, false, entry.aspectToggle);
+        // "w" and "h" keep the row within the inspector's width.
+        m_stepper = new LabelledSizeStepper({}, {}, true, entry.aspectToggle);
         setControl(m_stepper);
         connect(m_stepper, &LabelledSizeStepper::valueChanged, this, [this](tessaro::SizeValue v) { edited(v); });
     }
@@ -307,7 +309,7 @@ class labelRowViewHelper : public PropertyRow {
 public:
     labelRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_value = new QLabel;
+        m_value = new ElidedLabel;
         m_value->setForegroundRole(QPalette::PlaceholderText);
         m_value->setTextInteractionFlags(Qt::TextSelectableByMouse);
         setControl(m_value);
@@ -317,11 +319,11 @@ public:
         const std::string text = m_binding.tab
             ? baseFieldText(baseField::elementName, m_binding.tab->selectedObject().defaultViewProperties)
             : std::string();
-        m_value->setText(QString::fromStdString(text));
+        m_value->setFullText(QString::fromStdString(text));
     }
 
 private:
-    QLabel* m_value;
+    ElidedLabel* m_value;
 };
 
 } // namespace

@@ -19,6 +19,23 @@ bool among(sceneObjectType kind, std::initializer_list<sceneObjectType> kinds)
 
 } // namespace
 
+bool animationRowStores(publishedElementList property, sceneObjectType kind)
+{
+    switch (property) {
+    case P::target_maximumRange:
+    case P::target_near:
+    case P::target_attack:
+    case P::target_move:
+    case P::target_toss:
+    case P::target_moveSpeed: return kind == sceneObjectType::character;
+    case P::animationCallbackFunction:
+    case P::fadeTimeLengthRangeLower:
+    case P::fadeTimeLengthRangeUpper:
+    case P::resetPositionOnContact: return false;
+    default: return true;
+    }
+}
+
 bool propertyApplies(publishedElementList property, sceneObjectType kind)
 {
     using K = sceneObjectType;

@@ -19,6 +19,12 @@ namespace stagewright {
 /// Whether the row of `property` is drawn for an element of `kind`.
 bool propertyApplies(publishedElementList property, tessaro::sceneObjectType kind);
 
+/// Whether the animation pane's row of `property` has a field to store its
+/// value in for an element of `kind`: the target distances are a
+/// character's, and the animation record has no callback. A row without one
+/// is shown read-only.
+bool animationRowStores(publishedElementList property, tessaro::sceneObjectType kind);
+
 /// The fields of the view-only section: `baseFieldText` selectors.
 enum class baseField { elementName = 0, objectClassType = 1, contact = 2, category = 3, collision = 4 };
 /// View-only text of a field of the catalogue record behind a selection;

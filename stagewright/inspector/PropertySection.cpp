@@ -1,5 +1,6 @@
 #include "PropertySection.h"
 
+#include "controls/ElidedLabel.h"
 #include "controls/SectionHeader.h"
 
 #include <QHBoxLayout>
@@ -35,18 +36,17 @@ void PropertySection::addNote(const QString& text)
     m_rows->addWidget(note);
 }
 
-QLabel* PropertySection::addValueRow(const QString& label, const QString& value)
+ElidedLabel* PropertySection::addValueRow(const QString& label, const QString& value)
 {
     auto* row = new QWidget;
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
-    auto* name = new QLabel(label);
-    name->setMinimumWidth(150);
-    auto* shown = new QLabel(value);
+    auto* name = new ElidedLabel(label);
+    name->setFixedWidth(150);
+    auto* shown = new ElidedLabel(value);
     shown->setForegroundRole(QPalette::PlaceholderText);
     shown->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     shown->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    shown->setWordWrap(true);
     line->addWidget(name);
     line->addWidget(shown, 1);
     m_rows->addWidget(row);

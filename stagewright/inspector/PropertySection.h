@@ -5,10 +5,11 @@
 
 #include <QWidget>
 
-class QLabel;
 class QVBoxLayout;
 
 namespace stagewright {
+
+class ElidedLabel;
 
 class PropertySection : public QWidget {
     Q_OBJECT
@@ -18,8 +19,9 @@ public:
     /// A line of text in the secondary colour.
     void addNote(const QString& text);
     /// A read-only line: the label, and the value in the secondary colour,
-    /// whose label is returned for later values.
-    QLabel* addValueRow(const QString& label, const QString& value = {});
+    /// whose label is returned for later values. A value too long for the
+    /// line is cut short, whole in its tooltip.
+    ElidedLabel* addValueRow(const QString& label, const QString& value = {});
     /// Field names and value texts of a read-only record; an empty table says
     /// "No properties defined for this element.".
     void addReflectionRows(const tessaro::ReflectionTable& table);

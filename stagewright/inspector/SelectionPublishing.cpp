@@ -9,6 +9,7 @@
 #include <tessaro/kit/PhysicsBody.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 #include <QString>
@@ -104,6 +105,19 @@ void showAnimation(selectedAnimationModel& model, const tessaro::AnimationProper
             model.End_List.push_back(entry.id ? entry.id->text() : std::string());
         showCycleEnd(model, animation.cycleEndProperties->front());
     }
+}
+
+void showTargetDistances(selectedAnimationModel& model, const tessaro::TargetDistances& distances)
+{
+    const auto point = [](const std::optional<std::string>& text) {
+        return text ? tessaro::pointFromText(*text) : tessaro::PointValue{};
+    };
+    model.target_maximumRange = point(distances.maximumRange);
+    model.target_near = point(distances.near);
+    model.target_attack = point(distances.attack);
+    model.target_move = point(distances.move);
+    model.target_toss = point(distances.toss);
+    model.target_moveSpeed = distances.moveSpeed.value_or(0);
 }
 
 void showKindFields(selectedObjectModel& model, const elementNode& node, const sceneEditor& scene)
@@ -249,7 +263,7 @@ selectedDeviceModel showDeviceEntry(selectedDeviceModel model,
 void showCycleEnd(selectedAnimationModel& model, const tessaro::CycleEndProperties& entry)
 {
     const auto names = [](const std::optional<std::string>& text) {
-        return tessaro::namesFromText(text.value_or(std::string()));
+        return tessaro::trimmedNamesFromText(text.value_or(std::string()));
     };
     model.End_SelectedId = entry.id ? entry.id->text() : std::string();
     model.End_atlasName = entry.atlasName.value_or(std::string());
@@ -338,6 +352,8 @@ void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* sett
     device = showDeviceEntry(std::move(device), node.devices, tessaro::deviceName::defaultDevice);
     if (node.animationOverrides)
         showAnimation(animation, *node.animationOverrides);
+    if (node.characterOverrides && node.characterOverrides->targetDistances)
+        showTargetDistances(animation, *node.characterOverrides->targetDistances);
     object.soundEffects = node.soundEffects.value_or(std::vector<tessaro::GameSound>{});
     object.effectSelected = tessaro::Uuid::create().text();
 

@@ -12,6 +12,7 @@
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/LevelFiles.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 #include <algorithm>
@@ -156,12 +157,12 @@ void sceneEditor::layoutSection(const tessaro::GroundSection& section, GroundCur
 
     ComposedTexture picture;
     if (stacked) {
-        QStringList names = QString::fromStdString(image).split(QLatin1Char(','), Qt::SkipEmptyParts);
-        if (names.isEmpty())
-            names.push_back(QString());
+        std::vector<std::string> names = tessaro::trimmedNamesFromText(image);
+        if (names.empty())
+            names.emplace_back();
         std::vector<tessaro::kit::TexturePtr> tiles;
-        for (const QString& name : names)
-            tiles.push_back(groundTexture(name));
+        for (const std::string& name : names)
+            tiles.push_back(groundTexture(QString::fromStdString(name)));
         const int columns = int(shownCount(std::max<std::int64_t>(repeatCount, 0) + 1, "repeat count"));
         picture = ComposedPictureCache::shared().picture(
             QStringLiteral("columns ") + sizeKey(size) + QLatin1Char(' ') + QString::number(columns), tiles, [&] {

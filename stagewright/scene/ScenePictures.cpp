@@ -6,6 +6,7 @@
 
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/NameLists.h>
 
 #include <QDateTime>
 #include <QElapsedTimer>
@@ -112,11 +113,10 @@ double workspaceImageScale()
 
 QString firstImageName(const std::string& imageText)
 {
-    const QString text = QString::fromStdString(imageText);
-    if (!text.contains(QLatin1Char(',')))
-        return text;
-    const QStringList pieces = text.split(QLatin1Char(','), Qt::SkipEmptyParts);
-    return pieces.isEmpty() ? QString() : pieces.front();
+    if (imageText.find(',') == std::string::npos)
+        return QString::fromStdString(imageText);
+    const std::vector<std::string> names = tessaro::trimmedNamesFromText(imageText);
+    return names.empty() ? QString() : QString::fromStdString(names.front());
 }
 
 // ---- Workspace images ------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "AboutWindow.h"
 
 #include "ShellContent.h"
+#include "StageWrightApp.h"
 #include "Windows.h"
 
 #include <stagewright/state/AppPreferences.h>
@@ -9,6 +10,8 @@
 #include <QEvent>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace stagewright {
 
@@ -28,7 +31,7 @@ const std::vector<UsedLibrary>& usedLibraries()
     return libraries;
 }
 
-AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window)
+AboutWindow::AboutWindow(AppPreferences* preferences, QWidget* parent) : QWidget(parent, Qt::Window)
 {
     setObjectName(WindowId::about);
     setWindowTitle(tr("About StageWright"));
@@ -54,17 +57,25 @@ AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window)
     auto* copyright = new QLabel(copyrightLine(), this);
     copyright->setAlignment(Qt::AlignCenter);
 
-    const auto link = [this](const QString& text, const QString& address) {
+    auto* licence = new QLabel(licenceLine(), this);
+    licence->setObjectName(QStringLiteral("licenceLine"));
+    licence->setAlignment(Qt::AlignCenter);
+    licence->setWordWrap(true);
+
+    const auto link = [this](const QString& objectName, const QString& text) {
         auto* label = new QLabel(this);
-        label->setProperty("address", address);
+        label->setObjectName(objectName);
         label->setProperty("title", text);
         m_links.append(label);
-        showLink(label);
         label->setOpenExternalLinks(true);
         label->setAlignment(Qt::AlignCenter);
-        label->setToolTip(address);
         return label;
     };
+    m_developerLink = link(QStringLiteral("developerLink"), tr("Developer Website"));
+    m_documentationLink = link(QStringLiteral("documentationLink"), tr("Documentation Website"));
+    addressLinks();
+    if (preferences)
+        connect(preferences, &AppPreferences::addressesChanged, this, &AboutWindow::addressLinks);
 
     QString rows;
     for (const UsedLibrary& library : usedLibraries())
@@ -80,9 +91,11 @@ AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Window)
     layout->addWidget(version);
     layout->addWidget(copyright);
     layout->addSpacing(6);
-    layout->addWidget(link(tr("Developer Website"), developerSite()));
-    layout->addWidget(link(tr("Documentation Website"), documentationSite()));
+    layout->addWidget(m_developerLink);
+    layout->addWidget(m_documentationLink);
     layout->addSpacing(10);
+    layout->addWidget(licence);
+    layout->addSpacing(6);
     layout->addWidget(new QLabel(tr("StageWright is built with:"), this));
     layout->addWidget(libraries);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -94,6 +107,16 @@ void AboutWindow::showLink(QLabel* label) const
                        .arg(label->property("address").toString().toHtmlEscaped(),
                             palette().color(QPalette::Link).name(),
                             label->property("title").toString().toHtmlEscaped()));
+}
+
+void AboutWindow::addressLinks()
+{
+    for (const auto& [label, address] :
+         {std::pair{m_developerLink, developerSite()}, std::pair{m_documentationLink, documentationSite()}}) {
+        label->setProperty("address", address);
+        label->setToolTip(address);
+        showLink(label);
+    }
 }
 
 void AboutWindow::changeEvent(QEvent* event)
@@ -108,15 +131,18 @@ void AboutWindow::changeEvent(QEvent* event)
 
 QString AboutWindow::versionLine()
 {
-    QString version = QCoreApplication::applicationVersion();
-    if (version.isEmpty())
-        version = QStringLiteral("N/A");
-    return tr("Version %1 (%2)").arg(version, version);
+    const auto known = [](const QString& text) { return text.isEmpty() ? QStringLiteral("N/A") : text; };
+    return tr("Version %1 (%2)").arg(known(QCoreApplication::applicationVersion()), known(applicationBuildVersion()));
 }
 
 QString AboutWindow::copyrightLine()
 {
     return tr("Copyright © 2026 the StageWright developers");
+}
+
+QString AboutWindow::licenceLine()
+{
+    return tr("StageWright and the Tessaro library are free software under the MIT licence.");
 }
 
 QString AboutWindow::developerSite()

@@ -146,6 +146,9 @@ void CanvasView::showDebugOptions(const std::vector<tessaro::DebugOption>& optio
     m_view->setShowsFPS(chosen(tessaro::DebugOption::showsFPS));
     m_view->setShowsNodeCount(chosen(tessaro::DebugOption::showsNodeCount));
     m_view->setShowsPhysics(chosen(tessaro::DebugOption::showsPhysics));
+    m_view->setShowsDrawCount(chosen(tessaro::DebugOption::showsDrawCount));
+    m_view->setShowsQuadCount(chosen(tessaro::DebugOption::showsQuadCount));
+    m_view->setShowsFields(chosen(tessaro::DebugOption::showsFields));
 }
 
 bool CanvasView::eventFilter(QObject* watched, QEvent* event)

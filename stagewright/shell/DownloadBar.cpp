@@ -47,6 +47,7 @@ DownloadBar::DownloadBar(Downloader& downloader, std::function<void(const QStrin
     });
     connect(m_dismiss, &QToolButton::clicked, this, &QWidget::hide);
     connect(&m_downloader, &Downloader::started, this, &DownloadBar::showRunning);
+    connect(&m_downloader, &Downloader::queued, this, &DownloadBar::showWaiting);
     connect(&m_downloader, &Downloader::progress, this, &DownloadBar::showProgress);
     connect(&m_downloader, &Downloader::finished, this, &DownloadBar::showDone);
     connect(&m_downloader, &Downloader::failed, this, &DownloadBar::showFailure);
@@ -55,13 +56,21 @@ DownloadBar::DownloadBar(Downloader& downloader, std::function<void(const QStrin
 
 void DownloadBar::showRunning(const QString& fileName)
 {
-    m_message->setText(tr("Downloading %1").arg(fileName));
+    m_running = fileName;
+    showWaiting();
     m_progress->setRange(0, 0); // busy until the size is known
     m_progress->show();
     m_cancel->show();
     m_showInFolder->hide();
     m_dismiss->hide();
     show();
+}
+
+void DownloadBar::showWaiting()
+{
+    const int waiting = m_downloader.waitingCount();
+    m_message->setText(waiting == 0 ? tr("Downloading %1").arg(m_running)
+                                    : tr("Downloading %1, %n more waiting", nullptr, waiting).arg(m_running));
 }
 
 void DownloadBar::showProgress(qint64 received, qint64 total)

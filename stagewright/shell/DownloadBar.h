@@ -29,6 +29,8 @@ public:
 
 private:
     void showRunning(const QString& fileName);
+    /// The running download's line, with those waiting after it.
+    void showWaiting();
     void showProgress(qint64 received, qint64 total);
     void showDone(const QString& path);
     void showFailure(const QString& reason);
@@ -41,6 +43,7 @@ private:
     QPushButton* m_showInFolder = nullptr;
     QToolButton* m_dismiss = nullptr;
     QString m_file;
+    QString m_running;
 };
 
 } // namespace stagewright

@@ -10,6 +10,8 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace stagewright {
 
 namespace {
@@ -77,8 +79,6 @@ void Downloader::setStallTimeout(int milliseconds)
 
 bool Downloader::download(const QString& url)
 {
-    if (isRunning())
-        return false;
     const QUrl location(url, QUrl::StrictMode);
     const QString scheme = location.scheme();
     const QString name = location.fileName();
@@ -86,6 +86,13 @@ bool Downloader::download(const QString& url)
         (scheme != QLatin1String("https") && scheme != QLatin1String("http")) || name.isEmpty()) {
         diagnosticLine(QStringLiteral("Invalid URL"));
         return false;
+    }
+    if (isRunning()) {
+        if (std::find(m_waiting.begin(), m_waiting.end(), location) == m_waiting.end())
+            m_waiting.push_back(location);
+        diagnosticLine(QStringLiteral("Download waiting: ") + location.toString());
+        emit queued(name, waitingCount());
+        return true;
     }
 
     m_fileName = name;
@@ -108,8 +115,20 @@ void Downloader::cancel()
 {
     if (!m_reply)
         return;
+    for (const QUrl& waiting : m_waiting)
+        diagnosticLine(QStringLiteral("Error downloading: cancelled before it started: ") + waiting.toString());
+    m_waiting.clear();
     m_canceled = true;
     m_reply->abort();
+}
+
+void Downloader::startNext()
+{
+    if (isRunning() || m_waiting.empty())
+        return;
+    const QUrl next = m_waiting.front();
+    m_waiting.pop_front();
+    download(next.toString());
 }
 
 void Downloader::stalled()
@@ -188,6 +207,7 @@ void Downloader::complete()
     diagnosticLine(QStringLiteral("File downloaded to: ") + target);
     release();
     emit finished(target);
+    startNext();
 }
 
 void Downloader::fail(const QString& diagnostic, const QString& reason)
@@ -197,6 +217,7 @@ void Downloader::fail(const QString& diagnostic, const QString& reason)
         m_file->cancelWriting();
     release();
     emit failed(reason);
+    startNext();
 }
 
 void Downloader::release()

@@ -1,6 +1,7 @@
 // Fetching the project's archives into the user's downloads folder.
 //
-// One download runs at a time. The body is written to a temporary file beside
+// One download runs at a time; one asked for meanwhile waits its turn, and
+// starts when the running one ends. The body is written to a temporary file beside
 // the target and takes the target's name only when it is complete, so a
 // download that fails, stalls or is cancelled leaves the folder as it was, and
 // a file of an earlier download stays until the new one replaces it whole.
@@ -14,6 +15,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -49,16 +51,22 @@ public:
     bool isRunning() const { return m_reply != nullptr; }
     /// The file the running download will become.
     const QString& fileName() const { return m_fileName; }
+    /// The downloads asked for while one runs, in the order they will run.
+    int waitingCount() const { return int(m_waiting.size()); }
 
     /// Starts fetching `url` into the target folder under the last part of
-    /// its path. False, with the line "Invalid URL", when the text is no web
-    /// address naming a file, and false when a download is running.
+    /// its path, or, while a download runs, puts it in line after it (once:
+    /// an address already waiting is not added again). False, with the line
+    /// "Invalid URL", when the text is no web address naming a file.
     bool download(const QString& url);
-    /// Stops the running download; the folder stays as it was.
+    /// Stops the running download and drops those waiting; the folder stays
+    /// as it was.
     void cancel();
 
 signals:
     void started(const QString& fileName);
+    /// `fileName` waits for the running download; `waiting` are in line.
+    void queued(const QString& fileName, int waiting);
     /// Bytes received so far and the whole size, or -1 while it is unknown.
     void progress(qint64 received, qint64 total);
     /// The file is in place at `path`.
@@ -73,6 +81,8 @@ private:
     /// Ends the download without a file.
     void fail(const QString& diagnostic, const QString& reason);
     void release();
+    /// Starts the first download in line, if any.
+    void startNext();
 
     QNetworkAccessManager* m_network = nullptr;
     QPointer<QNetworkReply> m_reply;
@@ -81,6 +91,7 @@ private:
     QString m_fileName;
     QString m_fileError;
     QTimer m_stallTimer;
+    std::deque<QUrl> m_waiting;
     qint64 m_received = 0;
     bool m_canceled = false;
     bool m_stalled = false;

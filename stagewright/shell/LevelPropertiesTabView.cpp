@@ -6,13 +6,13 @@
 #include <stagewright/inspector/controls/SectionHeader.h>
 #include <stagewright/inspector/controls/Steppers.h>
 #include <stagewright/state/SceneSettings.h>
-#include <stagewright/state/Workspace.h>
 
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <limits>
 
 namespace stagewright {
@@ -73,8 +73,11 @@ QWidget* LevelPropertiesTabView::makeRow(const levelPropertyRow& row, const Scen
         m_preview = new ImagePreview(previewBox, box);
         m_preview->setFixedSize(previewBox);
         m_imagePicker = new CustomImagePickerView(box);
-        // Only the images of the kind's own folder are offered.
-        m_imagePicker->setItems(imagesOfKind(settings.imageList(), m_kind));
+        m_imageChoices = levelImageChoices(m_kind, settings.imageList());
+        std::vector<imagePickerChoice> cells;
+        for (const levelImageChoice& choice : m_imageChoices)
+            cells.push_back({choice.name, choice.picturePath});
+        m_imagePicker->setChoices(std::move(cells));
         line->addWidget(m_preview);
         line->addWidget(m_imagePicker, 1);
         connect(m_imagePicker, &CustomImagePickerView::imageChosen, this, [this](const QString& name) {
@@ -139,8 +142,9 @@ void LevelPropertiesTabView::showEvent(QShowEvent* event)
 
 void LevelPropertiesTabView::showImage(const QString& name)
 {
-    const std::optional<fileItem> item = findFileItem(name, m_kind);
-    m_preview->setPath(item ? item->path() : QString());
+    const auto chosen = std::find_if(m_imageChoices.begin(), m_imageChoices.end(),
+                                     [&name](const levelImageChoice& choice) { return choice.name == name; });
+    m_preview->setPath(chosen != m_imageChoices.end() ? chosen->picturePath : QString());
 }
 
 void LevelPropertiesTabView::change(int selector, levelPropertyValue value)

@@ -61,6 +61,7 @@ private:
     SectionHeader* m_header = nullptr;
     QWidget* m_rows = nullptr;
     CustomImagePickerView* m_imagePicker = nullptr;
+    std::vector<levelImageChoice> m_imageChoices;
     ImagePreview* m_preview = nullptr;
     LabelledIntStepper* m_number = nullptr;
     LabelledPointStepper* m_repeatDistance = nullptr;

@@ -11,13 +11,13 @@
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
 
+#include <tessaro/model/ValueText.h>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
-
-#include <cmath>
 
 namespace stagewright {
 
@@ -39,6 +39,7 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
 
     m_sceneSize = addButton(QStringLiteral("sceneSizeButton"), tr("Scene Size: "), shellIcon(Symbol::sceneSize));
     m_sceneSize->setToolTip(tr("Scene size"));
+    m_sceneSize->setAccessibleName(tr("Scene size"));
     connect(m_sceneSize, &QToolButton::clicked, this, [this] {
         if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
             sceneSizeSelectionView::present(*tab, window());
@@ -125,8 +126,8 @@ void NavigationToolbar::refresh()
     if (!tab)
         return;
     const tessaro::SizeValue size = tab->selectedSceneSize();
-    m_sceneSize->setText(tr("Scene Size: ") +
-                         QStringLiteral("%1 x %2").arg(std::lround(size.width)).arg(std::lround(size.height)));
+    // The size as the level file writes it: "Scene Size: {874.0,402.0}".
+    m_sceneSize->setText(tr("Scene Size: ") + QString::fromStdString(tessaro::textFromPair(size.width, size.height)));
     const int index = m_scaling->findData(tab->scaledValue());
     m_scaling->setCurrentIndex(index >= 0 ? index : m_scaling->findData(QStringLiteral("1.00")));
     m_hideBackground->setChecked(tab->backgroundElementsHidden());

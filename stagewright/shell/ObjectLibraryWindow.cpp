@@ -46,7 +46,6 @@ ObjectLibraryWindow::ObjectLibraryWindow(SceneSettings& settings, QWidget* paren
     setObjectName(WindowId::objectLibrary);
     setWindowTitle(tr("Object Library"));
     setMinimumSize(700, 300);
-    setMaximumWidth(1200);
     resize(900, 620);
 
     auto* layout = new QVBoxLayout(this);

@@ -1,11 +1,11 @@
 #include "RecoveryPrompt.h"
 
-#include <stagewright/state/ProjectRecovery.h>
-
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -29,10 +29,9 @@ RecoveryPrompt::RecoveryPrompt(const std::vector<RecoveryEntry>& entries, QWidge
 
     m_list = new QTreeWidget(this);
     m_list->setObjectName(QStringLiteral("recoveryList"));
-    m_list->setHeaderLabels({tr("Level"), tr("Changed"), tr("File")});
+    m_list->setHeaderLabels({tr("Level"), tr("Changed"), tr("File"), tr("Action")});
     m_list->setRootIsDecorated(false);
     m_list->setSelectionMode(QAbstractItemView::NoSelection);
-    m_list->setFocusPolicy(Qt::NoFocus);
     const QLocale locale;
     for (const RecoveryEntry& entry : entries) {
         auto* item = new QTreeWidgetItem(m_list);
@@ -40,70 +39,99 @@ RecoveryPrompt::RecoveryPrompt(const std::vector<RecoveryEntry>& entries, QWidge
         item->setText(1, locale.toString(entry.savedAt.toLocalTime(), QLocale::ShortFormat));
         item->setText(2, entry.originalPath ? *entry.originalPath : tr("Not saved"));
         item->setToolTip(2, item->text(2));
+        auto* choice = new QComboBox(m_list);
+        choice->setObjectName(QStringLiteral("recoveryChoice"));
+        choice->addItem(tr("Recover"), int(RecoveryAnswer::Recover));
+        choice->addItem(tr("Discard"), int(RecoveryAnswer::Discard));
+        choice->addItem(tr("Keep for later"), int(RecoveryAnswer::Later));
+        m_list->setItemWidget(item, 3, choice);
+        m_choices.push_back(choice);
     }
+    // The file takes the room the other columns leave.
+    m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(2, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(3, QHeaderView::ResizeToContents);
 
     auto* buttons = new QDialogButtonBox(this);
-    m_recover = buttons->addButton(tr("Recover"), QDialogButtonBox::AcceptRole);
+    m_continue = buttons->addButton(tr("Continue"), QDialogButtonBox::AcceptRole);
     m_later = buttons->addButton(tr("Later"), QDialogButtonBox::RejectRole);
-    m_discard = buttons->addButton(tr("Discard"), QDialogButtonBox::DestructiveRole);
-    m_recover->setDefault(true);
-    connect(m_recover, &QPushButton::clicked, this, [this] { choose(RecoveryAnswer::Recover); });
-    connect(m_discard, &QPushButton::clicked, this, [this] { choose(RecoveryAnswer::Discard); });
-    connect(m_later, &QPushButton::clicked, this, [this] { choose(RecoveryAnswer::Later); });
+    m_continue->setDefault(true);
+    connect(m_continue, &QPushButton::clicked, this, [this] {
+        m_continued = true;
+        accept();
+    });
+    connect(m_later, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(heading);
     layout->addWidget(explanation);
     layout->addWidget(m_list, 1);
     layout->addWidget(new QLabel(tr("Recovered levels open with their changes; their files stay as they are "
-                                    "until you save. Later keeps the changes for the next start."),
+                                    "until you save. A project kept for later is offered again at the next "
+                                    "start, and Later keeps them all."),
                                  this));
     layout->addWidget(buttons);
     for (QLabel* label : findChildren<QLabel*>())
         label->setWordWrap(true);
 }
 
-QPushButton* RecoveryPrompt::button(RecoveryAnswer answer) const
+QComboBox* RecoveryPrompt::choice(int row) const
 {
-    switch (answer) {
-    case RecoveryAnswer::Recover: return m_recover;
-    case RecoveryAnswer::Discard: return m_discard;
-    case RecoveryAnswer::Later: return m_later;
-    }
-    return m_later;
+    return row >= 0 && row < int(m_choices.size()) ? m_choices[std::size_t(row)] : nullptr;
 }
 
-void RecoveryPrompt::choose(RecoveryAnswer answer)
+std::vector<RecoveryAnswer> RecoveryPrompt::answers() const
 {
-    m_answer = answer;
-    if (answer == RecoveryAnswer::Later)
-        reject();
-    else
-        accept();
+    std::vector<RecoveryAnswer> answers;
+    for (const QComboBox* choice : m_choices)
+        answers.push_back(m_continued ? RecoveryAnswer(choice->currentData().toInt()) : RecoveryAnswer::Later);
+    return answers;
 }
 
-RecoveryAnswer RecoveryPrompt::ask(const std::vector<RecoveryEntry>& entries, QWidget* parent)
+std::vector<RecoveryAnswer> RecoveryPrompt::ask(const std::vector<RecoveryEntry>& entries, QWidget* parent)
 {
     RecoveryPrompt prompt(entries, parent);
     prompt.exec();
-    return prompt.answer();
+    return prompt.answers();
 }
 
-std::optional<RecoveryAnswer> offerRecovery(SceneSettings& settings, RecoveryStore& store, Autosave& autosave,
-                                            const RecoveryQuestion& ask)
+bool RecoveryPrompt::askReplace(const RecoveryEntry& entry, QWidget* parent)
+{
+    QMessageBox question(QMessageBox::Question, tr("Recover Unsaved Changes"),
+                         tr("\u201c%1\u201d is open with unsaved changes of its own.").arg(entry.name),
+                         QMessageBox::NoButton, parent);
+    question.setObjectName(QStringLiteral("recoveryReplaceQuestion"));
+    question.setInformativeText(tr("Replace them with the recovered changes? Undo brings them back. Kept, the "
+                                   "recovered changes are offered again at the next start."));
+    QPushButton* replace = question.addButton(tr("Replace"), QMessageBox::AcceptRole);
+    question.addButton(tr("Keep Open Changes"), QMessageBox::RejectRole);
+    question.setDefaultButton(replace);
+    question.exec();
+    return question.clickedButton() == replace;
+}
+
+std::optional<std::vector<RecoveryAnswer>> offerRecovery(SceneSettings& settings, RecoveryStore& store,
+                                                         Autosave& autosave, const RecoveryQuestion& ask,
+                                                         const ReplaceQuestion& mayReplace)
 {
     const std::vector<RecoveryEntry> entries = store.orphans();
     if (entries.empty())
         return std::nullopt;
-    const RecoveryAnswer answer = ask(entries);
-    switch (answer) {
-    case RecoveryAnswer::Recover: recoverProjects(settings, store, autosave, entries); break;
-    case RecoveryAnswer::Discard: discardProjects(store, entries); break;
-    case RecoveryAnswer::Later: break;
+    std::vector<RecoveryAnswer> answers = ask(entries);
+    answers.resize(entries.size(), RecoveryAnswer::Later);
+    std::vector<RecoveryEntry> recovered;
+    std::vector<RecoveryEntry> discarded;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (answers[i] == RecoveryAnswer::Recover)
+            recovered.push_back(entries[i]);
+        else if (answers[i] == RecoveryAnswer::Discard)
+            discarded.push_back(entries[i]);
     }
-    return answer;
+    discardProjects(store, discarded);
+    recoverProjects(settings, store, autosave, recovered, mayReplace);
+    return answers;
 }
 
 } // namespace stagewright

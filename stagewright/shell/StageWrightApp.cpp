@@ -41,6 +41,26 @@ void setApplicationIdentity()
     QGuiApplication::setDesktopFileName(QStringLiteral("org.stagewright.StageWright"));
 }
 
+namespace {
+
+QString& buildVersion()
+{
+    static QString build;
+    return build;
+}
+
+} // namespace
+
+void setApplicationBuildVersion(const QString& build)
+{
+    buildVersion() = build;
+}
+
+QString applicationBuildVersion()
+{
+    return buildVersion();
+}
+
 SceneSettings& StageWrightApp::startState(QStringList& installedSamples)
 {
     PermissionManager::shared().setChooser(desktopFolderChooser());
@@ -103,9 +123,12 @@ void StageWrightApp::show()
     m_mainWindow->show();
     showWelcomeOnFirstStart(m_mainWindow.get(), m_settings);
     QTimer::singleShot(0, this, [this] {
-        offerRecovery(m_settings, *m_recoveryStore, *m_autosave, [this](const std::vector<RecoveryEntry>& entries) {
-            return RecoveryPrompt::ask(entries, m_mainWindow.get());
-        });
+        offerRecovery(
+            m_settings, *m_recoveryStore, *m_autosave,
+            [this](const std::vector<RecoveryEntry>& entries) {
+                return RecoveryPrompt::ask(entries, m_mainWindow.get());
+            },
+            [this](const RecoveryEntry& entry) { return RecoveryPrompt::askReplace(entry, m_mainWindow.get()); });
     });
 }
 

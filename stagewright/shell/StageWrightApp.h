@@ -37,6 +37,9 @@ class WorkspaceWatcher;
 
 /// Names the application for its settings and desktop integration.
 void setApplicationIdentity();
+/// The build of the program, shown beside its version; "" while not known.
+void setApplicationBuildVersion(const QString& build);
+QString applicationBuildVersion();
 
 class StageWrightApp : public QObject {
     Q_OBJECT

@@ -67,8 +67,9 @@ statisticsView::statisticsView(const projectTab& tab, QWidget* parent) : QDialog
     layout->addWidget(buttons);
 }
 
-statisticsView* statisticsView::present(const projectTab& tab, QWidget* parent)
+statisticsView* statisticsView::present(projectTab& tab, QWidget* parent)
 {
+    writeBackShownLevel(tab);
     auto* sheet = new statisticsView(tab, parent);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();

@@ -1,6 +1,6 @@
 // The sheet "Statistics": how many scenes the front project has, and how
 // many obstacles, coins, artifacts, checkpoints, enemies and friendlies the
-// shown scene and all scenes hold, as their records last stored them.
+// shown scene and all scenes hold now, unsaved placements included.
 #pragma once
 
 #include <QDialog>
@@ -15,8 +15,9 @@ class statisticsView : public QDialog {
     Q_OBJECT
 public:
     explicit statisticsView(const projectTab& tab, QWidget* parent = nullptr);
-    /// Opens the sheet over `parent`; it deletes itself when closed.
-    static statisticsView* present(const projectTab& tab, QWidget* parent);
+    /// Opens the sheet over `parent` with the shown level's scene written
+    /// back first; it deletes itself when closed.
+    static statisticsView* present(projectTab& tab, QWidget* parent);
 
     /// The number shown in a row: "Scenes in Level", or a row of the group
     /// of the shown scene (`allLevels` false) or of all scenes.

@@ -40,7 +40,7 @@ QWidget* WindowManager::make(const QString& id)
     else if (id == WindowId::settings)
         window = new appSettingsView(m_preferences);
     else if (id == WindowId::about)
-        window = new AboutWindow;
+        window = new AboutWindow(&m_preferences);
     else if (id == WindowId::help)
         window = new HelpWindow;
     if (window) {

@@ -57,6 +57,7 @@ AppPreferences::AppPreferences(SceneSettings& settings, QObject* parent) : QObje
     connect(&m_settings, &SceneSettings::isDarkChanged, this, &AppPreferences::darkModeChanged);
     connect(&m_settings.gate().bookmarks(), &BookmarksManager::secureUrlsChanged, this,
             &AppPreferences::grantedFoldersChanged);
+    connect(&m_settings, &SceneSettings::workingSpacePathChanged, this, &AppPreferences::followWorkspace);
 }
 
 // ---- General ------------------------------------------------------------------------
@@ -223,6 +224,15 @@ void AppPreferences::showDebugOptionsInViews()
         if (const auto& scene = tab->currentScene())
             if (SceneHost* host = scene->host())
                 host->showDebugOptions(config().debugOptions);
+}
+
+void AppPreferences::followWorkspace()
+{
+    // The store of the new workspace is in force: views that show its values
+    // take them again, so that none writes a value of the old one into it.
+    showDebugOptionsInViews();
+    emit workspaceDefaultsChanged();
+    emit debugOptionsChanged();
 }
 
 void AppPreferences::resetWorkspaceDefaults()

@@ -114,6 +114,8 @@ private:
     void store(settingsNames name, const QString& value);
     /// Shows the chosen options on the scene of every tab that has one.
     void showDebugOptionsInViews();
+    /// Another workspace is in use: its defaults and options are shown and drawn.
+    void followWorkspace();
 
     SceneSettings& m_settings;
 };

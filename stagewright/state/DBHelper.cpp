@@ -249,10 +249,7 @@ tessaro::appConfig DBHelper::settings()
         base.defaultAnchorPoint = tessaro::pointFromText(row.text(5).toStdString());
     if (!row.isNull(6))
         base.defaultSceneSize = tessaro::sizeFromText(row.text(6).toStdString());
-    const QStringList pieces = row.text(7).split(QLatin1Char(','), Qt::SkipEmptyParts);
-    for (const QString& piece : pieces)
-        if (auto option = tessaro::caseFromText<tessaro::DebugOption>(piece.trimmed().toStdString()))
-            config.debugOptions.push_back(*option);
+    config.debugOptions = tessaro::listFromText<tessaro::DebugOption>(row.text(7).toStdString());
     return config;
 }
 

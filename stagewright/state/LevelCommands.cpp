@@ -145,4 +145,55 @@ void DeleteLevelCommand::undo()
     m_tab->refreshLevelList();
 }
 
+// ---- Replace --------------------------------------------------------------------------
+
+ReplaceLevelsCommand::ReplaceLevelsCommand(projectTab& tab, std::vector<tessaro::Level> levels,
+                                           std::optional<tessaro::Uuid> shown)
+    : m_tab(&tab),
+      m_shownBefore(tab.levelSelected()),
+      m_after(std::move(levels)),
+      m_shownAfter(shown)
+{
+    setText(commandText("Recover Changes"));
+}
+
+void ReplaceLevelsCommand::redo()
+{
+    if (!m_tab)
+        return;
+    if (!m_done) {
+        // The shown level holds its truth in the scene until written back.
+        if (m_tab->currentScene())
+            m_tab->currentScene()->writeBack(m_tab->levelSelected());
+        m_before = m_tab->levelConfig();
+        m_done = true;
+        if (m_before == m_after) {
+            setObsolete(true);
+            return;
+        }
+    }
+    const bool shownIsThere = m_shownAfter &&
+        std::any_of(m_after.begin(), m_after.end(), [&](const auto& level) { return level.id == m_shownAfter; });
+    const tessaro::Uuid shown = shownIsThere ? *m_shownAfter
+        : m_after.empty()                    ? m_shownBefore
+                                             : m_after.front().id.value_or(m_shownBefore);
+    show(m_after, shown);
+}
+
+void ReplaceLevelsCommand::undo()
+{
+    if (m_tab && m_done)
+        show(m_before, m_shownBefore);
+}
+
+void ReplaceLevelsCommand::show(const std::vector<tessaro::Level>& levels, const tessaro::Uuid& shown)
+{
+    // The scene holds the levels being replaced: it writes back into an id
+    // that names no level, which changes nothing, and then shows the new ones.
+    m_tab->setLevelSelected(tessaro::Uuid::create());
+    m_tab->setLevelConfig(levels);
+    m_tab->switchLevel(shown);
+    m_tab->refreshLevelList();
+}
+
 } // namespace stagewright

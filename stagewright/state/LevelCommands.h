@@ -1,5 +1,6 @@
 // The steps of a project's history that change its list of levels: adding,
-// moving and deleting a level. Each keeps what it needs to go back exactly.
+// moving, deleting a level, and taking the levels of a recovered copy. Each
+// keeps what it needs to go back exactly.
 #pragma once
 
 #include <tessaro/model/LevelRecords.h>
@@ -56,6 +57,25 @@ private:
     std::vector<std::pair<std::size_t, tessaro::Level>> m_removed;
     /// The level that stands in when the last one goes.
     std::optional<tessaro::Level> m_replacement;
+    bool m_done = false;
+};
+
+/// All levels of the tab replaced by others (a recovered copy of the same
+/// file), the level that was shown shown again where it is still there.
+class ReplaceLevelsCommand : public QUndoCommand {
+public:
+    ReplaceLevelsCommand(projectTab& tab, std::vector<tessaro::Level> levels, std::optional<tessaro::Uuid> shown);
+    void redo() override;
+    void undo() override;
+
+private:
+    void show(const std::vector<tessaro::Level>& levels, const tessaro::Uuid& shown);
+
+    QPointer<projectTab> m_tab;
+    std::vector<tessaro::Level> m_before;
+    tessaro::Uuid m_shownBefore;
+    std::vector<tessaro::Level> m_after;
+    std::optional<tessaro::Uuid> m_shownAfter;
     bool m_done = false;
 };
 

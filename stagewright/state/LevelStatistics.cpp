@@ -1,5 +1,6 @@
 #include "LevelStatistics.h"
 
+#include "LevelScene.h"
 #include "ProjectTab.h"
 
 #include <tessaro/model/Enumerations.h>
@@ -49,6 +50,12 @@ std::int64_t countElements(const tessaro::Level& level, int selector)
     case elementCount::checkpoints: return level.checkpoints ? sizeOf(level.checkpoints->locations) : 0;
     default: return 0;
     }
+}
+
+void writeBackShownLevel(projectTab& tab)
+{
+    if (const auto& scene = tab.currentScene())
+        scene->writeBack(tab.levelSelected());
 }
 
 std::int64_t countElements(const projectTab& tab, int selector, bool allLevels)

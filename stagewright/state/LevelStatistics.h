@@ -1,6 +1,7 @@
 // The numbers of the statistics sheet: how many elements of a kind the levels
-// of a project hold. They are counted in the level records, so the shown
-// level counts what its last write-back stored.
+// of a project hold. They are counted in the level records; the sheet first
+// writes the shown level back from its scene, so that it counts what the
+// project holds now, placements not yet saved included.
 #pragma once
 
 #include <tessaro/model/LevelRecords.h>
@@ -27,6 +28,8 @@ inline constexpr int checkpoints = 8;
 
 /// The number of elements `selector` names in one level; 0 for an unknown selector.
 std::int64_t countElements(const tessaro::Level& level, int selector);
+/// Stores the shown level's scene into its record, as a save does first.
+void writeBackShownLevel(projectTab& tab);
 /// The sum over the tab's levels, or over its selected level alone when
 /// `allLevels` is false (0 when no level has the selected id).
 std::int64_t countElements(const projectTab& tab, int selector, bool allLevels);

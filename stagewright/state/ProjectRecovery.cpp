@@ -1,17 +1,29 @@
 #include "ProjectRecovery.h"
 
 #include "Autosave.h"
+#include "LevelCommands.h"
 #include "ProjectTab.h"
 #include "SceneSettings.h"
 #include "StateDiagnostics.h"
+#include "TabOfFile.h"
 
 #include <algorithm>
 
 namespace stagewright {
 
 std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const RecoveryEntry& entry,
-                                           std::vector<tessaro::Level> levels)
+                                           std::vector<tessaro::Level> levels, const ReplaceQuestion& mayReplace)
 {
+    if (const std::shared_ptr<projectTab> open =
+            entry.originalPath ? tabOfFile(settings.projectTabs(), *entry.originalPath) : nullptr) {
+        if (open->isProjectDirty() && !(mayReplace && mayReplace(entry)))
+            return nullptr;
+        // Undo brings back what the tab held.
+        open->undoStack().push(new ReplaceLevelsCommand(*open, std::move(levels), entry.shownLevel));
+        settings.selectProject(open->id());
+        return open;
+    }
+
     const auto& tabs = settings.projectTabs();
     const bool replacesStartTab = tabs.size() == 1 && tabs.front()->name().startsWith(QStringLiteral("Untitled ")) &&
         !tabs.front()->isProjectDirty();
@@ -39,7 +51,8 @@ std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const Recove
 }
 
 std::vector<std::shared_ptr<projectTab>> recoverProjects(SceneSettings& settings, RecoveryStore& store,
-                                                         Autosave& autosave, const std::vector<RecoveryEntry>& entries)
+                                                         Autosave& autosave, const std::vector<RecoveryEntry>& entries,
+                                                         const ReplaceQuestion& mayReplace)
 {
     std::vector<std::shared_ptr<projectTab>> opened;
     std::vector<const RecoveryEntry*> done;
@@ -49,7 +62,11 @@ std::vector<std::shared_ptr<projectTab>> recoverProjects(SceneSettings& settings
             diagnosticLine(QStringLiteral("Failed to recover: ") + entry.levelsFile);
             continue;
         }
-        const std::shared_ptr<projectTab> tab = restoreProject(settings, entry, std::move(*levels));
+        const std::shared_ptr<projectTab> tab = restoreProject(settings, entry, std::move(*levels), mayReplace);
+        if (!tab) {
+            diagnosticLine(QStringLiteral("Kept for later: ") + entry.name);
+            continue;
+        }
         autosave.saveTab(*tab);
         opened.push_back(tab);
         done.push_back(&entry);

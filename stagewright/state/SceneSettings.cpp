@@ -4,6 +4,7 @@
 #include "DBHelper.h"
 #include "PermissionManager.h"
 #include "StateDiagnostics.h"
+#include "TabOfFile.h"
 #include "Workspace.h"
 
 #include <tessaro/model/ConfigFiles.h>
@@ -248,6 +249,12 @@ void SceneSettings::removeTabAt(std::size_t index)
 
 void SceneSettings::openProject(const QString& location)
 {
+    // A file that is open already is shown, not opened a second time.
+    if (const std::shared_ptr<projectTab> open = tabOfFile(m_projectTabs, location)) {
+        diagnosticLine(QStringLiteral("Already open: ") + location);
+        selectProject(open->id());
+        return;
+    }
     // Only a start tab with no changes gives way to the opened project.
     const bool replacesStartTab = m_projectTabs.size() == 1 &&
         m_projectTabs.front()->name().startsWith(untitledPrefix) && !m_projectTabs.front()->isProjectDirty();

@@ -6,6 +6,7 @@
 #include "Workspace.h"
 
 #include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/NameLists.h>
 
 #include <QColor>
 #include <QDir>
@@ -88,10 +89,10 @@ QString pickFromList(const QString& name)
 {
     if (!name.contains(QLatin1Char(',')))
         return name;
-    const QStringList pieces = name.split(QLatin1Char(','), Qt::SkipEmptyParts);
-    if (pieces.isEmpty())
+    const std::vector<std::string> names = tessaro::trimmedNamesFromText(name.toStdString());
+    if (names.empty())
         return QString();
-    return pieces.at(QRandomGenerator::global()->bounded(int(pieces.size())));
+    return QString::fromStdString(names.at(QRandomGenerator::global()->bounded(int(names.size()))));
 }
 
 } // namespace

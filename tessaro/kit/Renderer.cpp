@@ -2,6 +2,7 @@
 
 #include "EffectNode.h"
 #include "PhysicsBody.h"
+#include "SpriteNode.h"
 
 #include <QPaintDevice>
 
@@ -73,8 +74,11 @@ void Renderer::drawItems(QPainter& painter, const std::vector<Item>& items)
     if (!sorted)
         std::stable_sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     qreal opacity = painter.opacity();
+    const bool counting = m_options.showsDrawCount || m_options.showsQuadCount;
     for (const auto& [z, index] : order) {
         const Item& item = items[index];
+        if (counting)
+            count(*item.node);
         if (item.opacity != opacity) {
             painter.setOpacity(item.opacity);
             opacity = item.opacity;
@@ -84,6 +88,18 @@ void Renderer::drawItems(QPainter& painter, const std::vector<Item>& items)
     }
     m_drawn += int(items.size());
     m_order.swap(order);
+}
+
+void Renderer::count(const Node& node)
+{
+    const auto* sprite = dynamic_cast<const SpriteNode*>(&node);
+    const Texture* texture = sprite ? sprite->texture().get() : nullptr;
+    if (texture)
+        ++m_quads;
+    // Sprites of one texture in a row are one pass; anything else is its own.
+    if (!texture || texture != m_lastTexture)
+        ++m_draws;
+    m_lastTexture = texture;
 }
 
 void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransform& rootToDevice, qreal opacity)
@@ -200,6 +216,9 @@ void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& targe
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_options.smoothImages);
     m_clip = target;
     m_drawn = 0;
+    m_draws = 0;
+    m_quads = 0;
+    m_lastTexture = nullptr;
     std::vector<Item> items;
     items.swap(m_items);
     items.clear();
@@ -207,10 +226,14 @@ void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& targe
     drawItems(painter, items);
     m_items.swap(items);
     m_lastNodeCount = m_drawn;
+    m_lastDrawCount = m_draws;
+    m_lastQuadCount = m_quads;
     painter.setOpacity(1);
     if (m_options.showsPhysics)
         drawPhysics(scene, painter, sceneToDevice);
-    if (m_options.showsNodeCount || m_options.showsFPS)
+    if (m_options.showsFields)
+        drawFields(scene, painter, target);
+    if (m_options.showsNodeCount || m_options.showsFPS || m_options.showsDrawCount || m_options.showsQuadCount)
         drawStatistics(painter, target);
     painter.restore();
 }
@@ -262,6 +285,10 @@ void Renderer::drawStatistics(QPainter& painter, const QRectF& target)
     QStringList parts;
     if (m_options.showsNodeCount)
         parts << QStringLiteral("nodes: %1").arg(m_lastNodeCount);
+    if (m_options.showsDrawCount)
+        parts << QStringLiteral("draws: %1").arg(m_lastDrawCount);
+    if (m_options.showsQuadCount)
+        parts << QStringLiteral("quads: %1").arg(m_lastQuadCount);
     if (m_options.showsFPS)
         parts << QStringLiteral("fps: %1").arg(m_fps, 0, 'f', 1);
     const QString text = parts.join(QStringLiteral("  "));
@@ -275,6 +302,40 @@ void Renderer::drawStatistics(QPainter& painter, const QRectF& target)
     painter.fillRect(box, QColor(0, 0, 0, 150));
     painter.setPen(Qt::white);
     painter.drawText(box, Qt::AlignCenter, text);
+}
+
+void Renderer::drawFields(const Scene& scene, QPainter& painter, const QRectF& target)
+{
+    // The one field a scene has is the world's gravity: an arrow of its
+    // direction, its strength beside it, in a box at the top left.
+    const QPointF gravity = scene.physicsWorld().gravity();
+    const qreal strength = std::hypot(gravity.x(), gravity.y());
+    painter.resetTransform();
+    QFont font = painter.font();
+    font.setPixelSize(12);
+    painter.setFont(font);
+    const QString text = QStringLiteral("gravity %1").arg(strength, 0, 'f', 1);
+    const QFontMetricsF fm(font);
+    const QRectF box(target.left() + 4, target.top() + 4, fm.horizontalAdvance(text) + 44, 32);
+    painter.fillRect(box, QColor(0, 0, 0, 150));
+    const QPointF centre(box.left() + 16, box.center().y());
+    QPen pen(QColor(255, 200, 60));
+    pen.setWidthF(2);
+    painter.setPen(pen);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    if (strength > 0) {
+        // y up in the scene, down on the screen.
+        const QPointF direction(gravity.x() / strength, -gravity.y() / strength);
+        const QPointF tip = centre + direction * 11;
+        painter.drawLine(centre - direction * 11, tip);
+        const QPointF side(-direction.y(), direction.x());
+        painter.drawLine(tip, tip - direction * 5 + side * 4);
+        painter.drawLine(tip, tip - direction * 5 - side * 4);
+    } else {
+        painter.drawEllipse(centre, 3, 3);
+    }
+    painter.setPen(Qt::white);
+    painter.drawText(QRectF(box.left() + 32, box.top(), box.width() - 32, box.height()), Qt::AlignVCenter, text);
 }
 
 } // namespace tessaro::kit

@@ -21,6 +21,7 @@
 namespace tessaro::kit {
 
 class Renderer;
+class Texture;
 
 /// What a node's draw() gets.
 struct DrawContext {
@@ -38,6 +39,9 @@ public:
         bool showsPhysics = false; ///< outlines of physics bodies
         bool showsNodeCount = false; ///< "nodes: N" in the bottom right corner
         bool showsFPS = false; ///< "fps: F" in the bottom right corner
+        bool showsDrawCount = false; ///< "draws: N", runs of one texture drawn together
+        bool showsQuadCount = false; ///< "quads: N", the textured rectangles drawn
+        bool showsFields = false; ///< the physics world's gravity, an arrow in the top left corner
         bool smoothImages = true; ///< bilinear filtering of scaled images
         bool drawBackground = true; ///< fill with the scene's background colour
     };
@@ -59,6 +63,10 @@ public:
 
     /// Nodes drawn by the last render.
     int lastNodeCount() const { return m_lastNodeCount; }
+    /// Draw passes and textured rectangles of the last render, counted while
+    /// either is shown: a run of sprites of one texture is one pass.
+    int lastDrawCount() const { return m_lastDrawCount; }
+    int lastQuadCount() const { return m_lastQuadCount; }
 
     /// `image` scaled to `size` pixels, and turned left to right when
     /// `mirrored`, made once and kept while it is drawn (up to a budget of
@@ -77,13 +85,21 @@ private:
     void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
                  std::vector<Item>& items) const;
     void drawItems(QPainter& painter, const std::vector<Item>& items);
+    /// Adds a drawn node to the draw and quad counts.
+    void count(const Node& node);
     void drawPhysics(const Scene& scene, QPainter& painter, const QTransform& sceneToDevice);
     void drawStatistics(QPainter& painter, const QRectF& target);
+    void drawFields(const Scene& scene, QPainter& painter, const QRectF& target);
 
     Options m_options;
     qreal m_fps = 0;
     int m_lastNodeCount = 0;
+    int m_lastDrawCount = 0;
+    int m_lastQuadCount = 0;
     int m_drawn = 0;
+    int m_draws = 0;
+    int m_quads = 0;
+    const Texture* m_lastTexture = nullptr;
     QRectF m_clip;
     std::vector<Item> m_items; // reused between frames
     std::vector<std::pair<qreal, quint32>> m_order;

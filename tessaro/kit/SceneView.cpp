@@ -101,6 +101,24 @@ void SceneView::setShowsNodeCount(bool on)
     update();
 }
 
+void SceneView::setShowsDrawCount(bool on)
+{
+    m_renderer.options().showsDrawCount = on;
+    update();
+}
+
+void SceneView::setShowsQuadCount(bool on)
+{
+    m_renderer.options().showsQuadCount = on;
+    update();
+}
+
+void SceneView::setShowsFields(bool on)
+{
+    m_renderer.options().showsFields = on;
+    update();
+}
+
 QPointF SceneView::convertPointToScene(const QPointF& viewPoint) const
 {
     if (!m_scene)

@@ -42,6 +42,12 @@ public:
     void setShowsFPS(bool on);
     bool showsNodeCount() const { return m_renderer.options().showsNodeCount; }
     void setShowsNodeCount(bool on);
+    bool showsDrawCount() const { return m_renderer.options().showsDrawCount; }
+    void setShowsDrawCount(bool on);
+    bool showsQuadCount() const { return m_renderer.options().showsQuadCount; }
+    void setShowsQuadCount(bool on);
+    bool showsFields() const { return m_renderer.options().showsFields; }
+    void setShowsFields(bool on);
 
     /// Widget pixels to scene coordinates and back.
     QPointF convertPointToScene(const QPointF& viewPoint) const;

@@ -1,5 +1,6 @@
 #include "ValueText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -184,7 +185,9 @@ std::vector<E> listFromText(std::string_view text)
 {
     std::vector<E> cases;
     for (std::string_view piece : splitNonEmpty(text, ",")) {
-        if (auto c = caseFromText<E>(trimBlanks(piece)))
+        // A case named twice counts once, so a list read and written back
+        // never repeats a name.
+        if (auto c = caseFromText<E>(trimBlanks(piece)); c && std::find(cases.begin(), cases.end(), *c) == cases.end())
             cases.push_back(*c);
     }
     if constexpr (std::is_same_v<E, groundPhysicsAngleType> || std::is_same_v<E, objectClassType>) {

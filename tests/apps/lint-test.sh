@@ -2,10 +2,11 @@
 # Drives `stagewright-cli lint` as a build pipeline would: a clean project
 # passes, a project with one fault of each kind fails with one line per fault
 # and the same findings as JSON, unreadable input stops with exit 2, and the
-# workspace is byte for byte what it was.
-#   lint-test.sh CLI SEED_WORKSPACE
+# workspace is byte for byte what it was. The bundled sample project passes
+# on the seed workspace.
+#   lint-test.sh CLI SEED_WORKSPACE SAMPLE_PROJECT
 set -euo pipefail
-cli=$1 seed=$2
+cli=$1 seed=$2 sample=$3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 fail() { echo "FAILED: $*" >&2; exit 1; }
@@ -46,6 +47,9 @@ with open(folder + "/Clean.plist", "wb") as f:
 with open(folder + "/Faulty.plist", "wb") as f:
     plistlib.dump([clean, faulty], f)
 EOF
+
+out=$("$cli" lint "$seed" "$sample") || fail "the bundled sample did not pass: $out"
+[ "$out" = "lint: no findings in 3 levels" ] || fail "sample output: $out"
 
 snapshot() { (cd "$ws" && find . | sort && find . -type f -exec md5sum {} + | sort); }
 before=$(snapshot)

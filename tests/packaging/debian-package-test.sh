@@ -20,7 +20,8 @@ deb=${packages[0]}
 contents=$(dpkg-deb -c "$deb" | awk '{print $NF}')
 expected=(./usr/bin/stagewright ./usr/bin/stagewright-cli ./usr/bin/tessaro-play
   "./usr/share/applications/$id.desktop" "./usr/share/metainfo/$id.metainfo.xml"
-  "./usr/share/mime/packages/$id.xml" "./usr/share/icons/hicolor/scalable/apps/$id.svg")
+  "./usr/share/mime/packages/$id.xml" "./usr/share/icons/hicolor/scalable/apps/$id.svg"
+  ./usr/share/doc/stagewright/copyright)
 for side in 16 32 48 64 128 256; do expected+=("./usr/share/icons/hicolor/${side}x${side}/apps/$id.png"); done
 for path in "${expected[@]}"; do
   grep -qxF "$path" <<<"$contents" || fail "the package lacks $path"
@@ -47,4 +48,13 @@ for library in $(readelf -d "$work"/usr/bin/* | sed -n 's/.*Shared library: \[\(
   [ -n "$owner" ] || fail "no installed package holds $library"
   grep -qxF "$owner" <<<"$declared" || fail "the programs link $library of $owner, which Depends lacks: $depends"
 done
+# The copyright file names the licence of the whole source, in Debian's
+# machine-readable form, with the licence's own text.
+dpkg-deb --fsys-tarfile "$deb" | tar -x -C "$work" ./usr/share/doc/stagewright/copyright
+copyright=$work/usr/share/doc/stagewright/copyright
+head -1 "$copyright" | grep -q '^Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/' ||
+  fail "the copyright file is not in the machine-readable format"
+grep -qx 'License: MIT' "$copyright" || fail "the copyright file names no MIT licence"
+grep -q '^ Permission is hereby granted, free of charge' "$copyright" || fail "the copyright file lacks the licence text"
+grep -qx ' \.' "$copyright" || fail "the copyright file's paragraphs are not separated by ' .'"
 echo "package: $(basename "$deb"), $(du -k "$deb" | cut -f1) KiB"

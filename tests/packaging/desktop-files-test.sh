@@ -22,6 +22,8 @@ if grep -qiE '(error|warning):' <<<"$report"; then fail "desktop-file-validate: 
 # A warning fails the validation as much as an error does.
 report=$(appstreamcli validate --no-net "$metainfo" 2>&1) || fail "appstreamcli validate: $report"
 
+grep -q '<project_license>MIT</project_license>' "$metainfo" || fail "the metainfo names no MIT licence"
+
 key() { sed -n "s/^$1=//p" "$entry"; }
 exec_line=$(key Exec)
 program=${exec_line%% *}

@@ -28,6 +28,8 @@ constexpr int cellSide = cellImage + 8;
 constexpr int cellSpacing = 4;
 constexpr int scrollBarRoom = 16;
 constexpr int gridWidth = 5 * cellSide + 4 * cellSpacing + scrollBarRoom;
+/// The widest name the button shows before it is cut short.
+constexpr int maximumButtonText = 200;
 
 /// The picture of `path` scaled to fit `box`; a null image and the picker's
 /// diagnostic line when it cannot be read.
@@ -72,7 +74,7 @@ qsizetype imageCost(const QImage& image)
 /// gray border.
 class ImageCell : public QAbstractButton {
 public:
-    ImageCell(const fileItem& item, QWidget* parent) : QAbstractButton(parent)
+    ImageCell(const imagePickerChoice& item, QWidget* parent) : QAbstractButton(parent)
     {
         setObjectName(QStringLiteral("imageCell"));
         setToolTip(item.name);
@@ -81,7 +83,7 @@ public:
         m_preview = new ImagePreview(QSize(cellImage, cellImage), this);
         m_preview->setAttribute(Qt::WA_TransparentForMouseEvents);
         m_preview->move((cellSide - cellImage) / 2, (cellSide - cellImage) / 2);
-        m_preview->setPath(item.path());
+        m_preview->setPath(item.picturePath);
     }
 
 protected:
@@ -213,9 +215,18 @@ CustomImagePickerView::CustomImagePickerView(QWidget* parent) : QWidget(parent)
     setValue(QString());
 }
 
-void CustomImagePickerView::setItems(std::vector<fileItem> items)
+void CustomImagePickerView::setItems(const std::vector<fileItem>& items)
 {
-    m_items = std::move(items);
+    std::vector<imagePickerChoice> choices;
+    choices.reserve(items.size());
+    for (const fileItem& item : items)
+        choices.push_back({item.name, item.path()});
+    setChoices(std::move(choices));
+}
+
+void CustomImagePickerView::setChoices(std::vector<imagePickerChoice> choices)
+{
+    m_items = std::move(choices);
     if (m_popover)
         rebuildGrid();
 }
@@ -228,7 +239,11 @@ QString CustomImagePickerView::value() const
 void CustomImagePickerView::setValue(const QString& name)
 {
     m_value = name;
-    m_button->setText(name.isEmpty() ? tr("Choose an image") : name);
+    // A long name is cut short on the button, whole in its tooltip, so that
+    // it never widens the pane.
+    const QString shown = name.isEmpty() ? tr("Choose an image") : name;
+    m_button->setText(m_button->fontMetrics().elidedText(shown, Qt::ElideMiddle, maximumButtonText));
+    m_button->setToolTip(m_button->text() != shown ? shown : QString());
 }
 
 bool CustomImagePickerView::isPopover() const
@@ -267,7 +282,7 @@ void CustomImagePickerView::rebuildGrid()
     grid->setSpacing(cellSpacing);
     const int columns = gridColumns(gridWidth - scrollBarRoom, cellSide, cellSpacing);
     int index = 0;
-    for (const fileItem& item : m_items) {
+    for (const imagePickerChoice& item : m_items) {
         auto* cell = new ImageCell(item, m_grid);
         const QString name = item.name;
         connect(cell, &QAbstractButton::clicked, this, [this, name] { choose(name); });

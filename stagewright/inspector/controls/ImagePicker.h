@@ -72,13 +72,22 @@ private:
     QImage m_image;
 };
 
+/// A cell of the picker's grid: the name it chooses and the file of its picture.
+struct imagePickerChoice {
+    QString name;
+    QString picturePath;
+};
+
 /// The image row's control: the name as a button and the popup grid.
 class CustomImagePickerView : public QWidget {
     Q_OBJECT
 public:
     explicit CustomImagePickerView(QWidget* parent = nullptr);
     /// The images offered, already limited to one folder.
-    void setItems(std::vector<fileItem> items);
+    void setItems(const std::vector<fileItem>& items);
+    /// Names offered with a picture each, which need not be files of their own.
+    void setChoices(std::vector<imagePickerChoice> choices);
+    const std::vector<imagePickerChoice>& choices() const { return m_items; }
     QString value() const;
     void setValue(const QString& name);
     /// Opens the popup grid (for the keyboard and for tests).
@@ -92,7 +101,7 @@ private:
     void rebuildGrid();
     void choose(const QString& name);
 
-    std::vector<fileItem> m_items;
+    std::vector<imagePickerChoice> m_items;
     QString m_value;
     QPushButton* m_button = nullptr;
     QFrame* m_popover = nullptr;

@@ -1,6 +1,7 @@
 #include "MultiSelectCombo.h"
 
 #include "ControlSymbols.h"
+#include "ElidedLabel.h"
 #include "Popover.h"
 
 #include <QHBoxLayout>
@@ -52,9 +53,12 @@ customMultiSelectCombo::customMultiSelectCombo(const QString& label, const QStri
     QLabel* title = passiveLabel(m_row);
     title->setText(label);
     row->addWidget(title);
-    m_text = passiveLabel(m_row);
+    // The names take up to the column's width and elide in a narrower pane.
+    m_text = new ElidedLabel(QString(), m_row);
+    m_text->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_text->setObjectName(QStringLiteral("multiSelectText"));
-    m_text->setFixedWidth(textColumnWidth);
+    m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_text->setMaximumWidth(textColumnWidth);
     row->addWidget(m_text);
     m_count = passiveLabel(m_row);
     m_count->setObjectName(QStringLiteral("multiSelectCount"));
@@ -142,8 +146,7 @@ void customMultiSelectCombo::click(const QString& item)
 void customMultiSelectCombo::refresh()
 {
     const QString joined = m_values.join(m_separator);
-    m_text->setText(m_text->fontMetrics().elidedText(joined, Qt::ElideRight, textColumnWidth));
-    m_text->setToolTip(joined);
+    m_text->setFullText(joined);
     const QColor text = palette().color(QPalette::WindowText);
     m_count->setPixmap(detail::circledNumber(int(m_values.size()), text));
     if (!m_list)

@@ -15,6 +15,8 @@ class QPushButton;
 
 namespace stagewright {
 
+class ElidedLabel;
+
 /// The list after a click on `value`.
 QStringList toggledSelection(QStringList values, const QString& value);
 
@@ -45,7 +47,7 @@ private:
     QStringList m_values;
     QString m_separator = QStringLiteral(", ");
     QPushButton* m_row = nullptr;
-    QLabel* m_text = nullptr;
+    ElidedLabel* m_text = nullptr;
     QLabel* m_count = nullptr;
     QFrame* m_popover = nullptr;
     QListWidget* m_list = nullptr;

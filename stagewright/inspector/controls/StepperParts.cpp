@@ -152,7 +152,9 @@ NumberGroup::NumberGroup(const QString& caption, const Style& style, QWidget* pa
     m_field = new QLineEdit(this);
     m_field->setObjectName(QStringLiteral("field"));
     m_field->setAlignment(Qt::AlignCenter);
-    m_field->setFixedWidth(76);
+    // Wide enough for six digits and a fraction; two groups and a label fit
+    // the inspector's width.
+    m_field->setFixedWidth(64);
     m_field->installEventFilter(this);
     takeColours();
     m_plus = new StepperButton(QStringLiteral("+"), style, this);

@@ -56,6 +56,18 @@ TEST(PhysicsElementsTest, LoadingListsEachKindInTypeOrderWithTheStoredValues)
     EXPECT_EQ(elements[3].framesAffected, "1,2");
 }
 
+TEST(PhysicsElementsTest, ActionListsAreReadTrimmedAndWrittenBackWhole)
+{
+    tessaro::PhysicsProperty record;
+    tessaro::EdgePhysics edge;
+    edge.action = "idle, move,idle";
+    record.edges = std::vector{edge};
+    const std::vector<physicsElement> elements = loadPhysicsElements(record);
+    ASSERT_EQ(elements.size(), 1u);
+    EXPECT_EQ(elements[0].action, (std::vector{tessaro::actionType::idle, tessaro::actionType::move}));
+    EXPECT_EQ(buildPhysicsProperty(elements).edges->front().action, "idle,move");
+}
+
 TEST(PhysicsElementsTest, ApplyingWritesOnlyTheKindsThatHaveShapes)
 {
     const tessaro::PhysicsProperty applied = buildPhysicsProperty(loadPhysicsElements(stored()));

@@ -221,13 +221,17 @@ TEST_F(PhysicsSessionTest, ShapesAreSelectedMovedAndReshapedByTheirHandles)
     EXPECT_EQ(session->element(rect)->size, (tessaro::SizeValue{2, 4}));
     EXPECT_EQ(session->element(rect)->center, (PointValue{-3, -7}));
 
-    // An edge with the sprite's edge markers moves to plain coordinates.
+    // An edge with the sprite's edge markers keeps them while it moves along
+    // the sprite's sides, and takes plain coordinates when it leaves them.
     session->setStartPoint(edge, {-9999, 15});
     session->setEndPoint(edge, {9999, 15});
     drag(*session, {0, 15}, {0, 10});
     EXPECT_EQ(session->selectedRow(), edge);
-    EXPECT_EQ(session->element(edge)->startPoint, (PointValue{-20, 10})) << "the crate is 40 wide";
-    EXPECT_EQ(session->element(edge)->endPoint, (PointValue{20, 10}));
+    EXPECT_EQ(session->element(edge)->startPoint, (PointValue{-9999, 10}));
+    EXPECT_EQ(session->element(edge)->endPoint, (PointValue{9999, 10}));
+    drag(*session, {0, 10}, {3, 10});
+    EXPECT_EQ(session->element(edge)->startPoint, (PointValue{-17, 10})) << "the crate is 40 wide";
+    EXPECT_EQ(session->element(edge)->endPoint, (PointValue{23, 10}));
 
     // A click on nothing selects nothing; with "Display only selected" nothing is drawn.
     click(*session, {0, 19});
@@ -237,7 +241,7 @@ TEST_F(PhysicsSessionTest, ShapesAreSelectedMovedAndReshapedByTheirHandles)
 
     // The sheet's history takes every step back, one at a time.
     const int steps = session->history().count();
-    EXPECT_EQ(steps, 6);
+    EXPECT_EQ(steps, 7);
     while (session->history().canUndo())
         session->history().undo();
     EXPECT_EQ(session->element(rect)->center, (PointValue{0, 0}));

@@ -1,6 +1,9 @@
 // The animation and cycle-end panes of obstacles and characters.
 #include "EditingFixture.h"
 
+#include <stagewright/inspector/PropertyRules.h>
+#include <stagewright/state/ProjectTab.h>
+
 #include <functional>
 
 namespace stagewright::test {
@@ -36,8 +39,10 @@ TEST_F(ApplyAnimationTest, EachRowStoresItsValue)
          [](const auto& animation) { EXPECT_EQ(animation->delays->fade, 1.5); }},
         {"one bound of a range", sceneObjectType::obstacles, P::delay_idleRange_upper, 2.0,
          [](const auto& animation) { EXPECT_EQ(animation->delays->idleRange, "0.0...2.0"); }},
-        {"a target distance has no field", sceneObjectType::character, P::target_near, tessaro::PointValue{5, 5},
+        {"an obstacle has no target distances", sceneObjectType::obstacles, P::target_near, tessaro::PointValue{5, 5},
          [](const auto& animation) { EXPECT_FALSE(animation); }},
+        {"the animation record has no callback", sceneObjectType::character, P::animationCallbackFunction,
+         std::string("onEnd"), [](const auto& animation) { EXPECT_FALSE(animation); }},
         {"a coin has no animation pane", sceneObjectType::coin, P::animationFrequency, std::string("once"),
          [](const auto&) {}},
     };
@@ -57,6 +62,42 @@ TEST_F(ApplyAnimationTest, EachRowStoresItsValue)
         front().undoStack().undo();
         EXPECT_EQ(comparable(saved()), before);
     }
+}
+
+TEST_F(ApplyAnimationTest, TargetDistancesAreTheCharactersOwnAndSurviveReselectionAndReload)
+{
+    show({everyKind()});
+    select(sceneObjectType::character);
+    edits().applyAnimationProperty(P::target_near, tessaro::PointValue{5, 6});
+    edits().applyAnimationProperty(P::target_moveSpeed, 3.5);
+    const tessaro::Level level = saved();
+    const tessaro::Character& walker = *level.characters->front().properties;
+    ASSERT_TRUE(walker.targetDistances);
+    EXPECT_EQ(walker.targetDistances->near, "{5.0,6.0}");
+    EXPECT_EQ(walker.targetDistances->moveSpeed, 3.5);
+    EXPECT_FALSE(walker.targetDistances->attack);
+    EXPECT_FALSE(walker.animation); // no empty animation record for them
+
+    const auto shownNear = [&] { return front().selectedAnimationObject().target_near; };
+    select(sceneObjectType::obstacles);
+    EXPECT_EQ(shownNear(), (tessaro::PointValue{}));
+    select(sceneObjectType::character);
+    EXPECT_EQ(shownNear(), (tessaro::PointValue{5, 6}));
+    EXPECT_EQ(front().selectedAnimationObject().target_moveSpeed, 3.5);
+
+    show({level});
+    select(sceneObjectType::character);
+    EXPECT_EQ(shownNear(), (tessaro::PointValue{5, 6}));
+
+    // An obstacle's target rows and every callback row have no field: read-only, and no step.
+    EXPECT_TRUE(animationRowStores(P::target_near, sceneObjectType::character));
+    EXPECT_FALSE(animationRowStores(P::target_near, sceneObjectType::obstacles));
+    EXPECT_FALSE(animationRowStores(P::animationCallbackFunction, sceneObjectType::character));
+    EXPECT_TRUE(animationRowStores(P::delay_idle, sceneObjectType::obstacles));
+    select(sceneObjectType::obstacles);
+    const int steps = front().undoStack().count();
+    edits().applyAnimationProperty(P::target_toss, tessaro::PointValue{1, 1});
+    EXPECT_EQ(front().undoStack().count(), steps);
 }
 
 TEST_F(ApplyAnimationTest, CycleEndEntriesAreAddedEditedAndDeleted)
@@ -106,6 +147,35 @@ TEST_F(ApplyAnimationTest, CycleEndEntriesAreAddedEditedAndDeleted)
     while (front().undoStack().canUndo())
         front().undoStack().undo();
     EXPECT_FALSE(saved().obstacles->front().properties->animation);
+}
+
+TEST_F(ApplyAnimationTest, CycleEndListsAreReadTrimmedAndNeverWriteANameTwice)
+{
+    tessaro::Level level = everyKind();
+    tessaro::CycleEndProperties stored;
+    stored.id = tessaro::Uuid::create();
+    stored.objectClassType = "coin , coin";
+    tessaro::CollisionDetection masks;
+    masks.category = "floor, enemyTouch";
+    stored.collisionMasks = masks;
+    tessaro::AnimationProperty animation;
+    animation.cycleEndProperties = std::vector{stored};
+    level.obstacles->front().properties->animation = animation;
+    show({level});
+    select(sceneObjectType::obstacles);
+    const selectedAnimationModel& model = front().selectedAnimationObject();
+    EXPECT_EQ(model.End_category, (std::vector<std::string>{"floor", "enemyTouch"}));
+    EXPECT_EQ(model.End_objectClassType, std::vector<std::string>{"coin"});
+
+    const auto entry = [&] { return saved().obstacles->front().properties->animation->cycleEndProperties->front(); };
+    // Unticking the second name leaves the first; a list that names one twice writes it once.
+    edits().applyCycleEndProperty(P::End_category, std::vector<std::string>{"floor"});
+    EXPECT_EQ(entry().collisionMasks->category, "floor");
+    edits().applyCycleEndProperty(P::End_contact, std::vector<std::string>{"floor", " enemyTouch", "floor"});
+    EXPECT_EQ(entry().collisionMasks->contact, "floor,enemyTouch");
+    // The primary list's masks likewise.
+    edits().applyPrimaryProperty(P::category, std::vector<std::string>{"floor", "floor"});
+    EXPECT_EQ(saved().obstacles->front().properties->collisionMasks->category, "floor");
 }
 
 } // namespace

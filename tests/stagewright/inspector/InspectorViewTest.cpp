@@ -3,18 +3,25 @@
 // with undo, and the override buttons of the device pane.
 #include "EditingFixture.h"
 
+#include <stagewright/inspector/AnimationPane.h>
 #include <stagewright/inspector/InspectorView.h>
 #include <stagewright/inspector/ModelFields.h>
 #include <stagewright/inspector/PhysicsEditorHook.h>
 #include <stagewright/inspector/PropertyRows.h>
 #include <stagewright/inspector/PropertyRules.h>
+#include <stagewright/inspector/controls/ElidedLabel.h>
+#include <stagewright/inspector/controls/InspectorIcons.h>
 #include <stagewright/inspector/controls/Steppers.h>
 #include <stagewright/scene/ElementNode.h>
 #include <stagewright/scene/SceneEditor.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QTabWidget>
 #include <QTest>
 
 #include <set>
@@ -205,13 +212,141 @@ TEST_F(InspectorViewTest, HeadButtonsOpenTheSideEditorsOfTheKind)
     EXPECT_EQ(opened, std::vector{physicsEditMode::element});
     EXPECT_FALSE(view->findChild<QPushButton*>("groundOrderButton"));
 
+    EXPECT_TRUE(view->findChild<QPushButton*>("baseButton"));
+    // Every button of the head has a picture, the theme's or the drawn one.
+    for (const QPushButton* button : view->findChild<QWidget*>("inspectorHead")->findChildren<QPushButton*>())
+        EXPECT_FALSE(button->icon().isNull()) << button->objectName().toStdString();
+
     pick(K::ground);
     EXPECT_FALSE(view->findChild<QPushButton*>("physicsButton"));
+    EXPECT_FALSE(view->findChild<QPushButton*>("baseButton"));
     auto* order = view->findChild<QPushButton*>("groundOrderButton");
     ASSERT_TRUE(order);
+    EXPECT_FALSE(order->icon().isNull());
     order->click();
     EXPECT_TRUE(settings->isGroundInspectorPresented());
     setPhysicsEditorOpener({});
+
+    // Kinds with a catalogue record but no physics show no base sheet either.
+    for (K kind : {K::coin, K::checkpoint, K::character}) {
+        pick(kind);
+        EXPECT_EQ(view->findChild<QPushButton*>("baseButton") != nullptr, kind == K::character)
+            << tessaro::caseText(kind);
+    }
+
+    // A drawn symbol, where the desktop's theme has none, is not blank.
+    for (InspectorSymbol symbol : {InspectorSymbol::physics, InspectorSymbol::cycleEnd, InspectorSymbol::close}) {
+        const QImage picture = drawnInspectorIcon(symbol).pixmap(24, 24).toImage();
+        int inked = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                inked += picture.pixelColor(x, y).alpha() > 0;
+        EXPECT_GT(inked, 20) << inspectorThemeIconName(symbol).toStdString();
+    }
+}
+
+TEST_F(InspectorViewTest, TheAnimationPaneSaysWhenTheElementsPictureIsMissing)
+{
+    view->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+    const auto showAnimation = [&]() -> animationPropertyView* {
+        auto* tabs = view->findChild<QTabWidget*>();
+        for (int i = 0; tabs && i < tabs->count(); ++i)
+            if (tabs->tabText(i) == QStringLiteral("Animation"))
+                tabs->setCurrentIndex(i);
+        QApplication::processEvents(); // a pane laid in a shown window shows after the event
+        return view->findChild<animationPropertyView*>();
+    };
+
+    pick(K::obstacles);
+    animationPropertyView* pane = showAnimation();
+    ASSERT_TRUE(pane);
+    EXPECT_FALSE(pane->imageMissingAlert()); // the crate's picture is there
+
+    edits().applyPrimaryProperty(P::image, std::string("lost"));
+    pick(K::character);
+    pick(K::obstacles);
+    pane = showAnimation();
+    ASSERT_TRUE(pane);
+    QMessageBox* alert = pane->imageMissingAlert();
+    ASSERT_TRUE(alert);
+    EXPECT_TRUE(alert->isVisible());
+    EXPECT_EQ(alert->windowModality(), Qt::WindowModal);
+    EXPECT_TRUE(alert->text().contains(QStringLiteral("\"lost\""))) << alert->text().toStdString();
+    EXPECT_TRUE(alert->informativeText().contains(QStringLiteral("Assets/Images/Obstacles/")));
+    alert->accept();
+}
+
+TEST_F(InspectorViewTest, EveryPaneFitsTheInspectorsWidthAndLongValuesElide)
+{
+    view->resize(450, 900);
+    view->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+    for (K kind :
+         {K::obstacles, K::character, K::coin, K::checkpoint, K::shield, K::artifact, K::ground, K::background}) {
+        pick(kind);
+        auto* tabs = view->findChild<QTabWidget*>();
+        ASSERT_TRUE(tabs);
+        for (int i = 0; i < tabs->count(); ++i) {
+            tabs->setCurrentIndex(i);
+            QApplication::processEvents();
+            auto* scroll = qobject_cast<QScrollArea*>(tabs->widget(i));
+            ASSERT_TRUE(scroll);
+            EXPECT_LE(scroll->widget()->minimumSizeHint().width(), scroll->viewport()->width())
+                << tessaro::caseText(kind) << " " << tabs->tabText(i).toStdString();
+            // Every row's label starts inside the pane.
+            for (const PropertyRow* row : scroll->widget()->findChildren<PropertyRow*>()) {
+                if (row->isVisible()) {
+                    EXPECT_GE(row->label()->mapTo(scroll->viewport(), QPoint(0, 0)).x(), 0)
+                        << tessaro::caseText(kind) << " " << tessaro::caseText(row->entry().property);
+                }
+            }
+        }
+    }
+
+    // A long value elides, whole in its tooltip.
+    pick(K::obstacles);
+    const std::string longName(120, 'w');
+    edits().applyPrimaryProperty(P::image, longName);
+    pick(K::character);
+    pick(K::obstacles);
+    QApplication::processEvents();
+    auto* primary = qobject_cast<QScrollArea*>(view->findChild<QTabWidget*>()->widget(0));
+    EXPECT_LE(primary->widget()->minimumSizeHint().width(), primary->viewport()->width());
+    bool found = false;
+    for (const ElidedLabel* label : view->findChildren<ElidedLabel*>())
+        if (label->fullText() == QString::fromStdString(longName)) {
+            found = true;
+            EXPECT_TRUE(label->isElided());
+            EXPECT_EQ(label->toolTip(), QString::fromStdString(longName));
+        }
+    EXPECT_TRUE(found);
+}
+
+TEST_F(InspectorViewTest, TargetRowsKeepTheirLimitsAndRowsWithoutAFieldAreReadOnly)
+{
+    pick(K::character);
+    ASSERT_TRUE(row("animationPropertyView", P::target_near));
+    EXPECT_TRUE(row("animationPropertyView", P::target_near)->isEnabled());
+    EXPECT_TRUE(row("animationPropertyView", P::target_moveSpeed)->isEnabled());
+    EXPECT_FALSE(row("animationPropertyView", P::animationCallbackFunction)->isEnabled());
+    auto* cycleEnd = view->findChild<QPushButton*>("cycleEndButton");
+    ASSERT_TRUE(cycleEnd);
+    EXPECT_FALSE(cycleEnd->icon().isNull());
+
+    // The target distances step by 0.5 between 0 and 10000.
+    for (const sectionEntry& section : animationSections())
+        if (section.title == std::string("Target distance properties"))
+            for (const rowEntry& entry : section.rows) {
+                EXPECT_EQ(entry.lower, 0) << tessaro::caseText(entry.property);
+                EXPECT_EQ(entry.upper, 10000) << tessaro::caseText(entry.property);
+                EXPECT_EQ(entry.step, 0.5) << tessaro::caseText(entry.property);
+            }
+
+    pick(K::obstacles);
+    EXPECT_FALSE(row("animationPropertyView", P::target_near)->isEnabled());
+    EXPECT_FALSE(row("animationPropertyView", P::target_moveSpeed)->isEnabled());
+    EXPECT_TRUE(row("animationPropertyView", P::delay_idle)->isEnabled());
 }
 
 TEST_F(InspectorViewTest, EveryRowOfTheTablesIsBoundToAFieldOfItsModel)

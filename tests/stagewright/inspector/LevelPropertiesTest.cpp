@@ -4,6 +4,7 @@
 #include "EditingFixture.h"
 
 #include <stagewright/inspector/LevelProperties.h>
+#include <stagewright/state/LevelStatistics.h>
 
 #include <tessaro/model/ConfigFiles.h>
 
@@ -175,6 +176,76 @@ TEST_F(LevelPropertiesTest, EachChangeIsAStepThatUndoTakesBackExactly)
     while (history.canRedo())
         history.redo();
     EXPECT_EQ(comparable(saved()), comparable(changed));
+}
+
+TEST_F(LevelPropertiesTest, AChangeToTheValueAlreadyThereNeverJoinsTheStepBeforeIt)
+{
+    show({everyKind()});
+    projectTab& tab = front();
+    QUndoStack& history = tab.undoStack();
+    // The second change writes nothing; redo must still bring the first back.
+    updateLevelProperty(tab, sceneObjectType::coin, levelField::startCoinNumber, std::int64_t{7});
+    updateLevelProperty(tab, sceneObjectType::coin, levelField::startCoinNumber, std::int64_t{7});
+    EXPECT_EQ(history.count(), 1);
+    history.undo();
+    EXPECT_FALSE(tab.findLevel(tab.levelSelected())->coins->startCoinNumber);
+    history.redo();
+    EXPECT_EQ(tab.findLevel(tab.levelSelected())->coins->startCoinNumber, 7);
+
+    // The same for a typed run that comes back to where the step stands.
+    updateLevelProperty(tab, sceneObjectType::coin, levelField::repeatDistance, tessaro::PointValue{4, 0});
+    updateLevelProperty(tab, sceneObjectType::coin, levelField::repeatDistance, tessaro::PointValue{4, 0});
+    history.undo();
+    history.redo();
+    EXPECT_EQ(tab.findLevel(tab.levelSelected())->coins->repeatDistance, "{4.0,0.0}");
+}
+
+TEST_F(LevelPropertiesTest, CheckpointsArePickedByCatalogueNameAndStayDrawnAndSaved)
+{
+    // The tab offers the catalogue's checkpoints by name, each with its picture.
+    const std::vector<levelImageChoice> choices = levelImageChoices(sceneObjectType::checkpoint, settings->imageList());
+    ASSERT_EQ(choices.size(), 1u);
+    EXPECT_EQ(choices[0].name, QStringLiteral("Flag"));
+    EXPECT_TRUE(choices[0].picturePath.endsWith(QStringLiteral("/Checkpoints/flag.png")));
+    const std::vector<levelImageChoice> shields = levelImageChoices(sceneObjectType::shield, settings->imageList());
+    ASSERT_EQ(shields.size(), 1u);
+    EXPECT_EQ(shields[0].name, QStringLiteral("shield"));
+
+    // Picked, the name keeps the checkpoints on the canvas, through a save and a reload.
+    const auto drawnCheckpoints = [&] {
+        std::size_t drawn = 0;
+        for (const elementNodePtr& node : scene().storedOrder(sceneObjectType::checkpoint))
+            drawn += !node->isHidden() && !node->keptOnly;
+        return drawn;
+    };
+    tessaro::Level level = everyKind();
+    level.checkpoints->image = "flag"; // the file's name, which names no checkpoint
+    show({level});
+    EXPECT_EQ(drawnCheckpoints(), 0u);
+    updateLevelProperty(front(), sceneObjectType::checkpoint, levelField::image, choices[0].name.toStdString());
+    EXPECT_EQ(drawnCheckpoints(), 1u);
+    const tessaro::Level stored = saved();
+    EXPECT_EQ(stored.checkpoints->image, "Flag");
+    EXPECT_EQ(stored.checkpoints->locations->size(), 1u);
+    show({stored});
+    EXPECT_EQ(drawnCheckpoints(), 1u);
+}
+
+TEST_F(LevelPropertiesTest, StatisticsCountTheShownLevelAsItStandsNow)
+{
+    show({everyKind(), everyKind()});
+    projectTab& tab = front();
+    EXPECT_EQ(countElements(tab, elementCount::obstacles, false), 1);
+    // Two placements not yet saved, and a coin taken out.
+    scene().addElement(sceneObjectType::obstacles, "Crate");
+    scene().addElement(sceneObjectType::obstacles, "Crate");
+    select(sceneObjectType::coin);
+    edits().deleteSelection();
+    writeBackShownLevel(tab);
+    EXPECT_EQ(countElements(tab, elementCount::obstacles, false), 3);
+    EXPECT_EQ(countElements(tab, elementCount::obstacles, true), 4);
+    EXPECT_EQ(countElements(tab, elementCount::coins, false), 0);
+    EXPECT_EQ(countElements(tab, elementCount::coins, true), 1);
 }
 
 TEST_F(LevelPropertiesTest, WritesThatCannotBeMadeLeaveNoStep)

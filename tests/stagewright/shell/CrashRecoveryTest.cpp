@@ -62,12 +62,12 @@ TEST(CrashRecovery, KilledEditorsEditsComeBackExactlyAtTheNextStart)
         for (int i = 0; i < prompt.list()->topLevelItemCount(); ++i)
             offered << prompt.list()->topLevelItem(i)->text(0) + QLatin1Char('|') +
                     prompt.list()->topLevelItem(i)->text(2);
-        prompt.button(RecoveryAnswer::Recover)->click();
+        prompt.continueButton()->click();
     });
-    EXPECT_EQ(
-        offerRecovery(settings, store, autosave,
-                      [](const std::vector<RecoveryEntry>& entries) { return RecoveryPrompt::ask(entries, nullptr); }),
-        RecoveryAnswer::Recover);
+    EXPECT_EQ(offerRecovery(
+                  settings, store, autosave,
+                  [](const std::vector<RecoveryEntry>& entries) { return RecoveryPrompt::ask(entries, nullptr); }, {}),
+              std::vector{RecoveryAnswer::Recover});
     EXPECT_EQ(offered, QStringList{QFileInfo(original).completeBaseName() + QLatin1Char('|') + original});
 
     // The recovered tab has unsaved changes on the untouched original; a save

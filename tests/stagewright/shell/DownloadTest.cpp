@@ -169,13 +169,43 @@ TEST_F(DownloadTest, AddressesThatNameNoFileAreRefusedAtOnce)
         EXPECT_FALSE(downloader.download(QString::fromLatin1(url))) << url;
     EXPECT_EQ(lines.lines(), std::vector<std::string>(4, "Invalid URL"));
     EXPECT_TRUE(server.requests().isEmpty());
+}
 
-    // One download at a time.
+TEST_F(DownloadTest, ASecondDownloadWaitsItsTurnAndTheFooterSaysSo)
+{
+    DownloadBar bar(downloader, {});
     server.route(QStringLiteral("/slow/a.zip"), {200, archiveBytes(1000, 'a'), 10});
+    const QByteArray second = archiveBytes(2000, 'b');
+    server.route(QStringLiteral("/files/b.zip"), {200, second});
+    downloader.setStallTimeout(300);
+    QSignalSpy queued(&downloader, &Downloader::queued);
+    QSignalSpy done(&downloader, &Downloader::finished);
+
     ASSERT_TRUE(downloader.download(server.url(QStringLiteral("/slow/a.zip")).toString()));
-    EXPECT_FALSE(downloader.download(server.url(QStringLiteral("/slow/a.zip")).toString()));
+    ASSERT_TRUE(downloader.download(server.url(QStringLiteral("/files/b.zip")).toString()));
+    ASSERT_TRUE(downloader.download(server.url(QStringLiteral("/files/b.zip")).toString())); // already waiting
+    EXPECT_EQ(downloader.waitingCount(), 1);
+    ASSERT_EQ(queued.count(), 2);
+    EXPECT_EQ(queued.first().at(0).toString(), QStringLiteral("b.zip"));
+    EXPECT_EQ(bar.message()->text(), QStringLiteral("Downloading a.zip, 1 more waiting"));
+
+    // The first stalls and fails; the second starts then and arrives.
+    ASSERT_TRUE(done.wait(10000));
+    EXPECT_EQ(done.first().at(0).toString(), target(QStringLiteral("b.zip")));
+    EXPECT_EQ(folderContents(downloads.path()), (QMap<QString, QByteArray>{{QStringLiteral("b.zip"), second}}));
+    EXPECT_EQ(downloader.waitingCount(), 0);
+
+    // Cancel stops the running download and those waiting, with a line each.
+    testing_support::DiagnosticCapture lines;
+    downloader.setStallTimeout(20000);
+    ASSERT_TRUE(downloader.download(server.url(QStringLiteral("/slow/a.zip")).toString()));
+    ASSERT_TRUE(downloader.download(server.url(QStringLiteral("/files/c.zip")).toString()));
     downloader.cancel();
     EXPECT_FALSE(downloader.isRunning());
+    EXPECT_EQ(downloader.waitingCount(), 0);
+    EXPECT_TRUE(lines.anyStartsWith("Error downloading: cancelled before it started: "));
+    settle();
+    EXPECT_FALSE(server.requests().contains(QStringLiteral("/files/c.zip")));
 }
 
 // The help menu's download commands fetch from the server of the settings,

@@ -9,6 +9,7 @@
 #include <stagewright/shell/CanvasView.h>
 #include <stagewright/shell/Downloader.h>
 #include <stagewright/shell/HelpCommands.h>
+#include <stagewright/shell/StageWrightApp.h>
 #include <stagewright/shell/WelcomeSheet.h>
 #include <stagewright/state/AppPreferences.h>
 #include <stagewright/state/Workspace.h>
@@ -109,6 +110,16 @@ TEST_F(FirstUseTest, DebugOptionsReachEveryCanvasAndNewOnes)
     EXPECT_FALSE(first->sceneView()->showsFPS());
     EXPECT_FALSE(second->sceneView()->showsFPS());
     EXPECT_TRUE(second->sceneView()->showsPhysics());
+
+    // The other three options are drawn too.
+    for (auto option : {tessaro::DebugOption::showsFields, tessaro::DebugOption::showsDrawCount,
+                        tessaro::DebugOption::showsQuadCount})
+        preferences->toggleDebugOption(option);
+    for (CanvasView* canvas : {first, second}) {
+        EXPECT_TRUE(canvas->sceneView()->showsFields());
+        EXPECT_TRUE(canvas->sceneView()->showsDrawCount());
+        EXPECT_TRUE(canvas->sceneView()->showsQuadCount());
+    }
 }
 
 TEST_F(FirstUseTest, HelpMenuOpensTheHelpAndTheSourcePageOfTheSettings)
@@ -152,6 +163,39 @@ TEST_F(FirstUseTest, WelcomeSheetComesOnTheFirstStartOnly)
     ASSERT_NE(logo, nullptr);
     EXPECT_FALSE(logo->pixmap().isNull());
     EXPECT_EQ(logo->pixmap().width(), 128);
+}
+
+TEST_F(FirstUseTest, AboutWindowShowsBothVersionsTheLicenceAndLinksOfTheServerInForce)
+{
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.2.0"));
+    setApplicationBuildVersion(QStringLiteral("345"));
+    commands->openWindow(WindowId::about);
+    QWidget* about = windows->window(WindowId::about);
+    ASSERT_NE(about, nullptr);
+    auto* version = about->findChild<QLabel*>(QStringLiteral("versionLine"));
+    ASSERT_NE(version, nullptr);
+    EXPECT_EQ(version->text(), QStringLiteral("Version 1.2.0 (345)"));
+    setApplicationBuildVersion(QString());
+    EXPECT_EQ(AboutWindow::versionLine(), QStringLiteral("Version 1.2.0 (N/A)"));
+    QCoreApplication::setApplicationVersion(QString());
+
+    auto* licence = about->findChild<QLabel*>(QStringLiteral("licenceLine"));
+    ASSERT_NE(licence, nullptr);
+    EXPECT_TRUE(licence->text().contains(QStringLiteral("MIT licence"))) << licence->text().toStdString();
+
+    // The links follow a server address set while the window is open.
+    auto* developer = about->findChild<QLabel*>(QStringLiteral("developerLink"));
+    auto* documentation = about->findChild<QLabel*>(QStringLiteral("documentationLink"));
+    ASSERT_NE(developer, nullptr);
+    ASSERT_NE(documentation, nullptr);
+    preferences->setServerAddress(QStringLiteral("https://games.example.org"));
+    EXPECT_TRUE(developer->text().contains(QStringLiteral("href=\"https://games.example.org/\"")))
+        << developer->text().toStdString();
+    EXPECT_TRUE(documentation->text().contains(QStringLiteral("href=\"https://games.example.org/doc\"")))
+        << documentation->text().toStdString();
+    EXPECT_EQ(documentation->toolTip(), QStringLiteral("https://games.example.org/doc"));
+    preferences->setServerAddress(QString());
+    EXPECT_EQ(developer->toolTip(), AppPreferences::defaultServerAddress() + QLatin1Char('/'));
 }
 
 } // namespace stagewright::test

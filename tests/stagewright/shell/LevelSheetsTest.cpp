@@ -16,6 +16,7 @@
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/Workspace.h>
 
+#include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/LevelFiles.h>
 
 #include <QComboBox>
@@ -134,35 +135,50 @@ TEST_F(LevelSheetsTest, PropertiesSheetShowsSevenTabsWithTheShownLevelsValues)
 
 TEST_F(LevelSheetsTest, AnImageChosenInTheSheetIsTheLevelsOneStep)
 {
-    writeImage(sceneObjectType::checkpoint, QStringLiteral("pole"));
+    // The checkpoints show a checkpoint of the object catalogue, by name.
     writeImage(sceneObjectType::checkpoint, QStringLiteral("banner"));
+    writeImage(sceneObjectType::checkpoint, QStringLiteral("loose"));
     writeImage(sceneObjectType::coin, QStringLiteral("gold"));
     settings->loadFileLists();
-    const tessaro::Level& level = showNewLevel([](tessaro::Level& made) { made.checkpoints->image = "pole"; });
+    tessaro::GenericObject banner;
+    banner.elementName = "Banner";
+    banner.image = "banner";
+    banner.sceneObjectType = "checkpoint";
+    tessaro::objectCatalogue().push_back(banner);
+    const tessaro::Level& level = showNewLevel([](tessaro::Level& made) { made.checkpoints->image = "Flag"; });
     LevelPropertiesTabView* checkpoints = openProperties(1)->tabView(1);
     CustomImagePickerView* picker = checkpoints->imagePicker();
-    EXPECT_EQ(picker->value(), QStringLiteral("pole"));
-    EXPECT_TRUE(checkpoints->imagePreview()->path().endsWith(QStringLiteral("/pole.png")));
+    EXPECT_EQ(picker->value(), QStringLiteral("Flag"));
+    EXPECT_TRUE(checkpoints->imagePreview()->path().endsWith(QStringLiteral("/Checkpoints/flag.png")));
 
-    // Only the checkpoints' own images are offered.
+    // The catalogue's checkpoints are offered, with their pictures; a file
+    // that no entry shows is not.
     picker->showPopover();
     QStringList offered;
-    QAbstractButton* banner = nullptr;
+    QAbstractButton* bannerCell = nullptr;
     for (QAbstractButton* cell : picker->findChildren<QAbstractButton*>(QStringLiteral("imageCell"))) {
         offered << cell->toolTip();
-        if (cell->toolTip() == QStringLiteral("banner"))
-            banner = cell;
+        if (cell->toolTip() == QStringLiteral("Banner"))
+            bannerCell = cell;
     }
-    EXPECT_TRUE(offered.contains(QStringLiteral("banner")) && offered.contains(QStringLiteral("pole")));
-    EXPECT_FALSE(offered.contains(QStringLiteral("gold")));
-    ASSERT_TRUE(banner);
-    banner->click();
-    EXPECT_EQ(level.checkpoints->image, "banner");
+    EXPECT_EQ(offered, (QStringList{"Banner", "Flag"}));
+    ASSERT_TRUE(bannerCell);
+    bannerCell->click();
+    EXPECT_EQ(level.checkpoints->image, "Banner");
     EXPECT_TRUE(checkpoints->imagePreview()->path().endsWith(QStringLiteral("/banner.png")));
     EXPECT_EQ(front().undoStack().count(), 1);
     EXPECT_TRUE(front().isProjectDirty());
     front().undoStack().undo();
-    EXPECT_EQ(level.checkpoints->image, "pole");
+    EXPECT_EQ(level.checkpoints->image, "Flag");
+
+    // The coins' tab offers the image files of its folder.
+    CustomImagePickerView* coins = openProperties(2)->tabView(2)->imagePicker();
+    QStringList coinNames;
+    for (const imagePickerChoice& choice : coins->choices())
+        coinNames << choice.name;
+    EXPECT_TRUE(coinNames.contains(QStringLiteral("gold")));
+    EXPECT_FALSE(coinNames.contains(QStringLiteral("loose")));
+    std::erase_if(tessaro::objectCatalogue(), [](const auto& record) { return record.elementName == "Banner"; });
 }
 
 TEST_F(LevelSheetsTest, NumbersSteppedOrTypedInTheSheetAreOneStep)
@@ -250,7 +266,7 @@ TEST_F(LevelSheetsTest, SceneSizeSheetSetsTheShownScene)
     EXPECT_EQ(front().selectedSceneSize(), (tessaro::SizeValue{393, 852}));
     EXPECT_EQ(front().currentScene()->size(), (tessaro::SizeValue{393, 852}));
     EXPECT_EQ(sheet->sizeStepper()->value(), (tessaro::SizeValue{393, 852}));
-    EXPECT_EQ(window->toolbar()->sceneSizeButton()->text(), QStringLiteral("Scene Size: 393 x 852"));
+    EXPECT_EQ(window->toolbar()->sceneSizeButton()->text(), QStringLiteral("Scene Size: {393.0,852.0}"));
 
     type(numbers(sheet->anchorStepper(), "x"), QStringLiteral("1"));
     EXPECT_EQ(front().currentScene()->anchorPoint(), (tessaro::PointValue{1, 0.5}));

@@ -142,6 +142,10 @@ TEST_F(LibraryTest, TabButtonsAreLargeAndTitledFromElevenHundredWide)
     libraryWindow->resize(ObjectLibraryWindow::wideWidth - 1, 600);
     EXPECT_EQ(button->size(), QSize(40, 40));
     EXPECT_EQ(button->toolButtonStyle(), Qt::ToolButtonIconOnly);
+    // The window grows as wide as the screen allows, the buttons stay large.
+    libraryWindow->resize(1600, 600);
+    EXPECT_EQ(libraryWindow->width(), 1600);
+    EXPECT_EQ(button->size(), QSize(80, 80));
 }
 
 TEST_F(LibraryTest, ClickingACellAddsItsElementAsOneStep)

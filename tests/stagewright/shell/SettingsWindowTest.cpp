@@ -17,6 +17,7 @@
 #include <stagewright/state/PermissionManager.h>
 
 #include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/ValueText.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -143,6 +144,42 @@ TEST_F(SettingsWindowTest, WorkspaceRowsTakeEffectAtOnceAndResetShowsTheFirstRun
     EXPECT_EQ(rows->sceneSize()->value(), inForce.base.defaultSceneSize);
     EXPECT_TRUE(rows->debugOptions()->values().isEmpty());
     EXPECT_FALSE(window->frontCanvas()->sceneView()->showsFPS());
+}
+
+TEST_F(SettingsWindowTest, TheWindowFollowsTheWorkspaceInUse)
+{
+    appSettingsView* view = open();
+    ASSERT_NE(view, nullptr);
+    view->tabs()->setCurrentIndex(1);
+    appWorkspaceView* rows = view->workspace();
+    type(rows->sceneSize(), "width", QStringLiteral("800"));
+    type(rows->sceneSize(), "height", QStringLiteral("600"));
+    clickOption(rows->debugOptions(), QStringLiteral("showsFPS"));
+    ASSERT_TRUE(window->frontCanvas()->sceneView()->showsFPS());
+
+    // A new workspace starts from the first-run values, and so do the window
+    // and the canvases open on the old one.
+    const QString fresh = home->path() + QStringLiteral("/Games/Other");
+    dialogs.folders.push_back(fresh);
+    action("New Workspace...")->trigger();
+    ASSERT_EQ(workingSpacePath(), fresh + QLatin1Char('/'));
+    const tessaro::SizeValue freshSize = tessaro::globalAppConfig().base.defaultSceneSize;
+    ASSERT_NE(freshSize, (tessaro::SizeValue{800, 600}));
+    EXPECT_EQ(rows->sceneSize()->value(), freshSize);
+    EXPECT_TRUE(rows->debugOptions()->values().isEmpty());
+    EXPECT_FALSE(window->frontCanvas()->sceneView()->showsFPS());
+
+    // Typing one number stores it beside the new workspace's other one.
+    type(rows->sceneSize(), "width", QStringLiteral("900"));
+    EXPECT_EQ(storedSettingsRow()[6],
+              QString::fromStdString(tessaro::textFromSize(tessaro::SizeValue{900, freshSize.height})));
+
+    // Back in the first workspace, its values come back.
+    dialogs.folders.push_back(defaultWorkspacePath());
+    action("Open Workspace...")->trigger();
+    EXPECT_EQ(rows->sceneSize()->value(), (tessaro::SizeValue{800, 600}));
+    EXPECT_EQ(rows->debugOptions()->values(), QStringList{QStringLiteral("showsFPS")});
+    EXPECT_TRUE(window->frontCanvas()->sceneView()->showsFPS());
 }
 
 TEST_F(SettingsWindowTest, TheGeneralTabSwitchesEveryWindowAndKeepsTheAddresses)

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 using namespace stagewright;
@@ -157,7 +158,7 @@ TEST_F(StateFixture, RecoveredProjectOpensDirtyOnItsUntouchedFileAndSavesThere)
     entry.name = QStringLiteral("Meadow");
     entry.originalPath = original;
     entry.shownLevel = edited[1].id;
-    const std::shared_ptr<projectTab> tab = restoreProject(*settings, entry, edited);
+    const std::shared_ptr<projectTab> tab = restoreProject(*settings, entry, edited, {});
 
     // The untouched start tab gave way to a tab that shows the level that
     // was shown, has unsaved changes and belongs to the untouched file.
@@ -173,9 +174,67 @@ TEST_F(StateFixture, RecoveredProjectOpensDirtyOnItsUntouchedFileAndSavesThere)
     // A file that could not be read when it was opened stays safe from a
     // plain save; a tab with changes is not replaced.
     entry.name = QStringLiteral("Broken");
+    entry.originalPath = writeProject(QStringLiteral("Broken.plist"), 1);
     entry.originalUnreadable = true;
     tab->setProjectDirty(true);
-    restoreProject(*settings, entry, edited);
+    restoreProject(*settings, entry, edited, {});
     EXPECT_EQ(tabNames(), (QStringList{"Meadow", "Broken"}));
     EXPECT_FALSE(settings->saveCommand().value_or(true));
+}
+
+TEST_F(StateFixture, AFileHasOneTabWhetherOpenedOrRecovered)
+{
+    start();
+    const QString original = writeProject(QStringLiteral("Meadow.plist"), 2);
+    settings->openProject(original);
+    const std::shared_ptr<projectTab> tab = settings->selectedProjectTab();
+    const std::vector<tessaro::Level> onDisk = tab->levelConfig();
+
+    // Opening it again, under another spelling of its path, shows its tab.
+    settings->newProject();
+    settings->openProject(QFileInfo(original).absolutePath() + QStringLiteral("/./Meadow.plist"));
+    EXPECT_EQ(settings->selectedProjectTab(), tab);
+    ASSERT_EQ(settings->projectTabs().size(), 2u);
+
+    // A recovered copy of it replaces the clean tab's levels as one step.
+    std::vector<tessaro::Level> recovered = onDisk;
+    recovered.push_back(tessaro::newLevel(tessaro::Uuid::create(), tessaro::BaseConfig::editorDefaults()));
+    RecoveryEntry entry;
+    entry.name = QStringLiteral("Meadow");
+    entry.originalPath = original;
+    entry.shownLevel = recovered[2].id;
+    int asked = 0;
+    const ReplaceQuestion refuse = [&](const RecoveryEntry&) {
+        ++asked;
+        return false;
+    };
+    EXPECT_EQ(restoreProject(*settings, entry, recovered, refuse), tab);
+    EXPECT_EQ(asked, 0); // a clean tab is not asked about
+    EXPECT_EQ(settings->selectedProjectTab(), tab);
+    EXPECT_EQ(settings->projectTabs().size(), 2u);
+    EXPECT_EQ(tab->levelConfig(), recovered);
+    EXPECT_EQ(tab->levelSelected(), recovered[2].id);
+    EXPECT_TRUE(tab->isProjectDirty());
+    EXPECT_EQ(tab->undoStack().count(), 1);
+    tab->undoStack().undo();
+    const auto ids = [](const std::vector<tessaro::Level>& levels) {
+        std::vector<std::optional<tessaro::Uuid>> found;
+        for (const tessaro::Level& level : levels)
+            found.push_back(level.id);
+        return found;
+    };
+    EXPECT_EQ(ids(tab->levelConfig()), ids(onDisk)); // as the scene wrote them back
+    EXPECT_FALSE(tab->isProjectDirty());
+    tab->undoStack().redo();
+
+    // A tab with changes of its own keeps them unless the user agrees.
+    std::vector<tessaro::Level> other = onDisk;
+    other.pop_back();
+    EXPECT_EQ(restoreProject(*settings, entry, other, refuse), nullptr);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(tab->levelConfig(), recovered);
+    EXPECT_EQ(restoreProject(*settings, entry, other, [](const RecoveryEntry&) { return true; }), tab);
+    EXPECT_EQ(tab->levelConfig(), other);
+    EXPECT_EQ(tab->undoStack().count(), 2);
+    EXPECT_EQ(settings->projectTabs().size(), 2u);
 }

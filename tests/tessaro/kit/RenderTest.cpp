@@ -393,6 +393,41 @@ TEST(Renderer, DebugOverlaysDrawPhysicsOutlinesAndCounts)
     const QRect stats = paintedBounds(renderer.renderToImage(*scene, {200, 100}), Qt::black);
     EXPECT_GT(stats.left(), 100);
     EXPECT_GT(stats.bottom(), 80);
+    renderer.options().showsNodeCount = false;
+
+    // Draw and quad counts: two sprites of one texture in a row are one pass.
+    renderer.options().showsDrawCount = true;
+    renderer.renderToImage(*scene, {400, 200});
+    const int passesBefore = renderer.lastDrawCount();
+    QImage red(4, 4, QImage::Format_ARGB32);
+    red.fill(Qt::red);
+    const TexturePtr shared = Texture::fromImage(red);
+    for (qreal x : {-60.0, -40.0}) {
+        auto sprite = SpriteNode::create(shared, {10, 10});
+        sprite->setPosition(x, 0);
+        sprite->setZPosition(0.5);
+        scene->addChild(sprite);
+    }
+    auto other = SpriteNode::create(Texture::fromImage(red), {10, 10});
+    other->setZPosition(1);
+    scene->addChild(other);
+    renderer.renderToImage(*scene, {400, 200});
+    EXPECT_EQ(renderer.lastDrawCount(), passesBefore + 2);
+    renderer.options().showsDrawCount = false;
+    renderer.options().showsQuadCount = true;
+    const QRect quads = paintedBounds(renderer.renderToImage(*scene, {400, 200}), Qt::black);
+    EXPECT_EQ(renderer.lastQuadCount(), 3);
+    EXPECT_GT(quads.bottom(), 160);
+    renderer.options().showsQuadCount = false;
+
+    // The fields: gravity's arrow in the top left corner, nothing there without it.
+    const auto topLeft = [&] {
+        const QImage picture = renderer.renderToImage(*scene, {400, 200});
+        return paintedBounds(picture.copy(0, 0, 60, 40), Qt::black);
+    };
+    EXPECT_EQ(topLeft(), QRect());
+    renderer.options().showsFields = true;
+    EXPECT_FALSE(topLeft().isEmpty());
 }
 
 TEST(Renderer, SvgImagesBecomeTextures)

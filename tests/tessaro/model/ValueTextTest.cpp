@@ -1,3 +1,4 @@
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 #include <gtest/gtest.h>
@@ -92,6 +93,15 @@ TEST(ValueText, CaseListsAndMasks)
 
     EXPECT_EQ(namesFromText(""), std::vector<std::string>{});
     EXPECT_EQ(namesFromText("a, b,,c"), (std::vector<std::string>{"a", " b", "", "c"}));
+
+    // Lists that are read to be edited and written back: trimmed, each name once.
+    EXPECT_EQ(listFromText<collisionTypes>("floor, enemyTouch,floor"),
+              (std::vector<collisionTypes>{collisionTypes::floor, collisionTypes::enemyTouch}));
+    EXPECT_EQ(listFromText<actionType>("idle, move"), (std::vector<actionType>{actionType::idle, actionType::move}));
+    EXPECT_EQ(trimmedNamesFromText(" floor, enemyTouch,,floor "), (std::vector<std::string>{"floor", "enemyTouch"}));
+    EXPECT_TRUE(trimmedNamesFromText(" , ").empty());
+    EXPECT_EQ(textFromNames({"floor", " enemyTouch", "floor", ""}), "floor,enemyTouch");
+    EXPECT_EQ(textFromNames({}), "");
 
     EXPECT_TRUE(deviceListHolds("iPad, defaultDevice", deviceName::defaultDevice));
     EXPECT_TRUE(deviceListHolds("iPhoneSE3rdGen", deviceName::iPhoneSE3rdGen));
