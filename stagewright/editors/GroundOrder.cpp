@@ -3,6 +3,7 @@
 #include <stagewright/inspector/EditCommands.h>
 #include <stagewright/scene/ElementNode.h>
 #include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/Workspace.h>

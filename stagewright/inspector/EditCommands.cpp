@@ -3,6 +3,7 @@
 #include "ApplyOperations.h"
 
 #include <stagewright/state/ElementClipboard.h>
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <QCoreApplication>

@@ -8,6 +8,7 @@
 
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/ElementClipboard.h>
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <QCoreApplication>

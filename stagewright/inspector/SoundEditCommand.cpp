@@ -2,6 +2,7 @@
 
 #include "ApplyCommon.h"
 
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <QCoreApplication>

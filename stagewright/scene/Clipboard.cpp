@@ -3,6 +3,7 @@
 // clipboard and into the edit history is decided above it.
 #include "SceneEditor.h"
 
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/model/ValueText.h>

@@ -5,6 +5,7 @@
 // at the next load of the level.
 #include "SceneEditor.h"
 
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 #include "SceneNumbers.h"
 #include "ScenePictures.h"
 
+#include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/model/ConfigFiles.h>

@@ -1,10 +1,12 @@
 #include "ProjectTab.h"
 
+#include "ElementHandles.h"
 #include "LevelCommands.h"
 #include "SceneSettings.h"
 
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/LevelFiles.h>
+#include <tessaro/model/LevelRecords.h>
 
 #include <algorithm>
 
@@ -24,7 +26,8 @@ SceneSetup sceneSetupFromConfig()
 projectTab::projectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner)
     : m_owner(owner),
       m_id(id),
-      m_name(name)
+      m_name(name),
+      m_elementHandles(std::make_unique<ElementHandles>())
 {
     takeSceneValuesFromConfig();
     m_currentScene = makeScene();

@@ -2,12 +2,9 @@
 // its selected level and the selection models of the inspectors.
 #pragma once
 
-#include "ElementHandles.h"
 #include "LevelScene.h"
 #include "SelectionModels.h"
 #include "StateTypes.h"
-
-#include <tessaro/model/LevelRecords.h>
 
 #include <QObject>
 #include <QPointer>
@@ -18,8 +15,15 @@
 #include <optional>
 #include <vector>
 
+// The levels and the element handles are only named here, so that the many
+// files that include this header do not compile the level records.
+namespace tessaro {
+struct Level;
+}
+
 namespace stagewright {
 
+class ElementHandles;
 class SceneSettings;
 
 class projectTab : public QObject {
@@ -109,7 +113,7 @@ public:
     /// command pushed here.
     QUndoStack& undoStack() { return m_undoStack; }
     /// The session identities of the elements of the project's levels.
-    ElementHandles& elementHandles() { return m_elementHandles; }
+    ElementHandles& elementHandles() { return *m_elementHandles; }
 
     bool backgroundElementsHidden() const { return m_backgroundElementsHidden; }
     void setBackgroundElementsHidden(bool hidden);
@@ -206,7 +210,7 @@ private:
     std::vector<levelPickerModel> m_levelListDropdownValues;
     tessaro::PointValue m_scenePosition;
     QUndoStack m_undoStack;
-    ElementHandles m_elementHandles;
+    std::unique_ptr<ElementHandles> m_elementHandles;
     bool m_changedOutsideHistory = false;
     bool m_isProjectDirty = false; // as last announced
     bool m_backgroundElementsHidden = false;

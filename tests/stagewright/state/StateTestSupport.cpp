@@ -1,5 +1,6 @@
 #include "StateTestSupport.h"
 
+#include <tessaro/model/LevelRecords.h>
 #include <tessaro/model/ValueText.h>
 
 #include <QDir>
