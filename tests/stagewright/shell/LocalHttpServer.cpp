@@ -17,9 +17,14 @@ LocalHttpServer::LocalHttpServer()
 
 LocalHttpServer::~LocalHttpServer()
 {
-    for (const QPointer<QTcpSocket>& socket : std::as_const(m_open))
-        if (socket)
+    // The sockets go now, while the buffers their destruction updates still
+    // exist; left to the server member, they would go after the buffers.
+    for (const QPointer<QTcpSocket>& socket : std::as_const(m_open)) {
+        if (socket) {
             socket->abort();
+            delete socket.data();
+        }
+    }
 }
 
 QString LocalHttpServer::address() const
