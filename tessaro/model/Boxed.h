@@ -6,7 +6,7 @@
 // The members that copy, destroy or compare the value are defined below the
 // class, not inside it: they are then not inline, and the records' headers
 // declare `extern template class boxed<R>` for every boxed record, so the
-// whole record graph is compiled once (BoxedRecords.cpp) instead of in every
+// whole record graph is compiled once (Records.cpp) instead of in every
 // file that copies a level.
 #pragma once
 

@@ -1,6 +1,6 @@
 // The records that other records hold boxed. Their boxes, and with them the
 // copy, destruction and comparison of everything inside, are compiled once in
-// BoxedRecords.cpp; every other file calls those instead of compiling the
+// Records.cpp; every other file calls those instead of compiling the
 // record graph again.
 #pragma once
 

@@ -45,7 +45,7 @@ struct Obstacle {
     std::optional<std::vector<SiblingProperties>> siblings;
     std::optional<std::vector<GameSound>> soundEffects;
 
-    bool operator==(const Obstacle&) const = default;
+    TESSARO_RECORD_MEMBERS(Obstacle);
     static constexpr auto fields()
     {
         using S = Obstacle;
@@ -114,7 +114,7 @@ struct Character {
     std::optional<std::vector<ProjectileProperties>> projectiles;
     std::optional<std::vector<GameSound>> soundEffects;
 
-    bool operator==(const Character&) const = default;
+    TESSARO_RECORD_MEMBERS(Character);
     static constexpr auto fields()
     {
         using S = Character;
@@ -162,7 +162,7 @@ struct GenericObject {
     boxed<PhysicsProperty> physics;
     boxed<AnimationProperty> animation;
 
-    bool operator==(const GenericObject&) const = default;
+    TESSARO_RECORD_MEMBERS(GenericObject);
     static constexpr auto fields()
     {
         using S = GenericObject;

@@ -27,6 +27,20 @@ Field(const char*, Member Record::*) -> Field<Record, Member>;
 /// record's `fields()` with `using S = TheRecord;` in scope.
 // clang-format off
 #define TESSARO_FIELD(name) ::tessaro::Field{#name, &S::name}
+
+/// Declares a record's construction, copy, move, destruction and comparison,
+/// for records that hold other records. Records.cpp defines them, member-wise,
+/// once for the whole tree: a file that copies or compares a level calls them
+/// instead of compiling the record graph again. Records of plain values stay
+/// aggregates.
+#define TESSARO_RECORD_MEMBERS(T) \
+    T();                          \
+    T(const T&);                  \
+    T(T&&) noexcept;              \
+    T& operator=(const T&);       \
+    T& operator=(T&&) noexcept;   \
+    ~T();                         \
+    bool operator==(const T&) const
 // clang-format on
 
 namespace detail {

@@ -49,7 +49,7 @@ struct BackgroundImage {
     std::optional<std::vector<PinnedRange>> pinnedRanges;
     std::optional<double> zPosition;
 
-    bool operator==(const BackgroundImage&) const = default;
+    TESSARO_RECORD_MEMBERS(BackgroundImage);
     static constexpr auto fields()
     {
         using S = BackgroundImage;
@@ -64,7 +64,7 @@ struct Background {
     std::optional<std::vector<BackgroundImage>> backgrounds;
     std::optional<std::vector<GameSound>> soundEffects;
 
-    bool operator==(const Background&) const = default;
+    TESSARO_RECORD_MEMBERS(Background);
     static constexpr auto fields()
     {
         using S = Background;
@@ -88,7 +88,7 @@ struct GroundSection {
     std::optional<std::vector<DeviceProperties>> devices;
     std::optional<std::vector<ExtraProperties>> extraProperties;
 
-    bool operator==(const GroundSection&) const = default;
+    TESSARO_RECORD_MEMBERS(GroundSection);
     static constexpr auto fields()
     {
         using S = GroundSection;
@@ -116,7 +116,7 @@ struct ObstacleLevelItem {
     std::optional<bool> isVisible;
     boxed<Obstacle> properties;
 
-    bool operator==(const ObstacleLevelItem&) const = default;
+    TESSARO_RECORD_MEMBERS(ObstacleLevelItem);
     static constexpr auto fields()
     {
         using S = ObstacleLevelItem;
@@ -135,7 +135,7 @@ struct CharacterLevelItem {
     std::optional<std::string> hidesBehindObject;
     boxed<Character> properties;
 
-    bool operator==(const CharacterLevelItem&) const = default;
+    TESSARO_RECORD_MEMBERS(CharacterLevelItem);
     static constexpr auto fields()
     {
         using S = CharacterLevelItem;
@@ -151,7 +151,7 @@ struct CheckPointLocation {
     double zPosition = 0;
     std::optional<std::vector<DeviceProperties>> devices;
 
-    bool operator==(const CheckPointLocation&) const = default;
+    TESSARO_RECORD_MEMBERS(CheckPointLocation);
     static constexpr auto fields()
     {
         using S = CheckPointLocation;
@@ -165,7 +165,7 @@ struct CheckPointData {
     std::optional<std::vector<GameSound>> soundEffects;
     std::optional<std::vector<CheckPointLocation>> locations;
 
-    bool operator==(const CheckPointData&) const = default;
+    TESSARO_RECORD_MEMBERS(CheckPointData);
     static constexpr auto fields()
     {
         using S = CheckPointData;
@@ -195,7 +195,7 @@ struct WindowItem {
     double zPosition = 0;
     std::optional<std::vector<DeviceProperties>> devices;
 
-    bool operator==(const WindowItem&) const = default;
+    TESSARO_RECORD_MEMBERS(WindowItem);
     static constexpr auto fields()
     {
         using S = WindowItem;
@@ -213,7 +213,7 @@ struct LevelEndData {
     std::optional<std::vector<ObstacleLevelItem>> obstacles;
     std::optional<std::vector<GameSound>> soundEffects;
 
-    bool operator==(const LevelEndData&) const = default;
+    TESSARO_RECORD_MEMBERS(LevelEndData);
     static constexpr auto fields()
     {
         using S = LevelEndData;
@@ -231,7 +231,7 @@ struct Coin {
     std::optional<bool> useGravity;
     std::optional<double> zPosition;
 
-    bool operator==(const Coin&) const = default;
+    TESSARO_RECORD_MEMBERS(Coin);
     static constexpr auto fields()
     {
         using S = Coin;
@@ -248,7 +248,7 @@ struct Coins {
     std::optional<std::string> repeatDistance;
     std::optional<std::vector<GameSound>> soundEffects;
 
-    bool operator==(const Coins&) const = default;
+    TESSARO_RECORD_MEMBERS(Coins);
     static constexpr auto fields()
     {
         using S = Coins;
@@ -264,7 +264,7 @@ struct Shield {
     std::optional<double> timed;
     std::optional<double> zPosition;
 
-    bool operator==(const Shield&) const = default;
+    TESSARO_RECORD_MEMBERS(Shield);
     static constexpr auto fields()
     {
         using S = Shield;
@@ -278,7 +278,7 @@ struct Shields {
     std::optional<std::vector<Shield>> shields;
     std::optional<std::vector<GameSound>> soundEffects;
 
-    bool operator==(const Shields&) const = default;
+    TESSARO_RECORD_MEMBERS(Shields);
     static constexpr auto fields()
     {
         using S = Shields;
@@ -294,7 +294,7 @@ struct Artifact {
     std::optional<std::string> objectClassType;
     std::optional<double> zPosition;
 
-    bool operator==(const Artifact&) const = default;
+    TESSARO_RECORD_MEMBERS(Artifact);
     static constexpr auto fields()
     {
         using S = Artifact;
@@ -309,7 +309,7 @@ struct Artifacts {
     std::optional<std::vector<GameSound>> soundEffects;
     std::optional<std::int64_t> startArtifactNumber;
 
-    bool operator==(const Artifacts&) const = default;
+    TESSARO_RECORD_MEMBERS(Artifacts);
     static constexpr auto fields()
     {
         using S = Artifacts;
@@ -332,7 +332,7 @@ struct Level {
     boxed<Shields> shields;
     boxed<Artifacts> artifacts;
 
-    bool operator==(const Level&) const = default;
+    TESSARO_RECORD_MEMBERS(Level);
     static constexpr auto fields()
     {
         using S = Level;

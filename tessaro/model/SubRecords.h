@@ -178,7 +178,7 @@ struct PolyPhysics {
     std::vector<Point> points;
     std::optional<std::string> framesAffected;
 
-    bool operator==(const PolyPhysics&) const = default;
+    TESSARO_RECORD_MEMBERS(PolyPhysics);
     static constexpr auto fields()
     {
         using S = PolyPhysics;
@@ -195,7 +195,7 @@ struct PhysicsProperty {
     std::optional<std::vector<RectanglePhysics>> rectangles;
     std::optional<std::vector<PolyPhysics>> polygons;
 
-    bool operator==(const PhysicsProperty&) const = default;
+    TESSARO_RECORD_MEMBERS(PhysicsProperty);
     static constexpr auto fields()
     {
         using S = PhysicsProperty;
@@ -219,7 +219,7 @@ struct CycleEndProperties {
     std::optional<std::vector<DeviceProperties>> devices;
     boxed<PhysicsProperty> physics;
 
-    bool operator==(const CycleEndProperties&) const = default;
+    TESSARO_RECORD_MEMBERS(CycleEndProperties);
     static constexpr auto fields()
     {
         using S = CycleEndProperties;
@@ -255,7 +255,7 @@ struct AnimationProperty {
     std::optional<std::vector<CycleEndProperties>> cycleEndProperties;
     boxed<PhysicsProperty> physics;
 
-    bool operator==(const AnimationProperty&) const = default;
+    TESSARO_RECORD_MEMBERS(AnimationProperty);
     static constexpr auto fields()
     {
         using S = AnimationProperty;
@@ -320,7 +320,7 @@ struct ProjectileProperties {
     boxed<PhysicsProperty> physics;
     std::optional<std::vector<VelocityRangeProperties>> velocityRanges;
 
-    bool operator==(const ProjectileProperties&) const = default;
+    TESSARO_RECORD_MEMBERS(ProjectileProperties);
     static constexpr auto fields()
     {
         using S = ProjectileProperties;
@@ -338,7 +338,7 @@ struct SiblingProperties {
     std::optional<std::string> siblingType; // case of siblingType
     std::optional<std::vector<DeviceProperties>> devices;
 
-    bool operator==(const SiblingProperties&) const = default;
+    TESSARO_RECORD_MEMBERS(SiblingProperties);
     static constexpr auto fields()
     {
         using S = SiblingProperties;
