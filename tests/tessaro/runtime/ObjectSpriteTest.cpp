@@ -272,6 +272,25 @@ TEST(ObjectSprite, CycleEndSpritesTakeTheShapesDrawnOnThem)
     EXPECT_TRUE(touched(20, 0)) << "frame 1's block";
 }
 
+TEST(ObjectSprite, AnObjectWhosePictureIsFlippedCarriesItsBodyFlipped)
+{
+    Stage stage;
+    stage.pictures.atlas("flag", 2);
+    AnimationProperty flipped = animationOf("foreverAutomatically");
+    flipped.flipImage = true;
+    auto flag = stage.object("flag", flipped);
+    flag->setPosition(-100, -100);
+    PhysicsSettings settings;
+    settings.isDynamic = false;
+    flag->usePhysicsRectangle(QSizeF(4, 4), QPointF(3, 0), settings);
+    Clock clock(*stage.scene);
+    flag->startAnimation();
+    clock.to(0.1);
+    ASSERT_EQ(flag->xScale(), -1);
+    EXPECT_TRUE(stage.scene->physicsWorld().bodyAtPoint({-103, -100}));
+    EXPECT_FALSE(stage.scene->physicsWorld().bodyAtPoint({-97, -100}));
+}
+
 TEST(ObjectSprite, HitsEmptyTheHealthBarAndVolumeFallsWithDistance)
 {
     Stage stage;
