@@ -149,24 +149,53 @@ const QImage& Renderer::scaledImage(const QImage& image, const QSize& size, bool
     constexpr qint64 kBudget = 128 * 1024 * 1024; // bytes of scaled pictures kept
     const auto key = std::make_tuple(image.cacheKey(), size.width(), size.height(), smooth, mirrored);
     auto found = m_scaled.find(key);
+    // A sprite's edges are rounded to pixels where it stands, so a moving
+    // one is a pixel wider now and then: the picture a pixel off serves, or
+    // each step would scale the picture anew.
+    for (int dw = -1; dw <= 1 && found == m_scaled.end(); ++dw)
+        for (int dh = -1; dh <= 1 && found == m_scaled.end(); ++dh)
+            found = m_scaled.find(
+                std::make_tuple(image.cacheKey(), size.width() + dw, size.height() + dh, smooth, mirrored));
     if (found == m_scaled.end()) {
         Scaled made;
-        made.image =
-            image.scaled(size, Qt::IgnoreAspectRatio, smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
-        if (mirrored)
-            made.image = std::move(made.image).mirrored(true, false);
-        // Blending costs by the pixel: a picture with wide transparent
-        // margins keeps only what it paints.
-        const QRect painted = paintedRect(made.image);
-        if (qint64(painted.width()) * painted.height() * 10 < qint64(made.image.width()) * made.image.height() * 9) {
-            made.offset = painted.topLeft();
-            made.image = painted.isEmpty() ? QImage() : made.image.copy(painted);
+        QSize madeSize = size;
+        auto twin = m_scaled.end();
+        for (int dw = 0; dw <= 2 && twin == m_scaled.end(); ++dw)
+            for (int dh = 0; dh <= 2 && twin == m_scaled.end(); ++dh) {
+                // Nearest sizes first: 0, then +1, then -1.
+                const QSize near(size.width() + (dw == 2 ? -1 : dw), size.height() + (dh == 2 ? -1 : dh));
+                twin = m_scaled.find(std::make_tuple(image.cacheKey(), near.width(), near.height(), smooth, !mirrored));
+                if (twin != m_scaled.end())
+                    madeSize = near;
+            }
+        if (twin != m_scaled.end()) {
+            // The mirror of a kept picture costs far less than scaling anew
+            // (a view-filling background shows both, side by side).
+            made.image = twin->second.image.mirrored(true, false);
+            made.offset = QPoint(madeSize.width() - twin->second.offset.x() - twin->second.image.width(),
+                                 twin->second.offset.y());
+        } else {
+            made.image =
+                image.scaled(size, Qt::IgnoreAspectRatio, smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
+            if (mirrored)
+                made.image = std::move(made.image).mirrored(true, false);
+            // Blending costs by the pixel: a picture with wide transparent
+            // margins keeps only what it paints.
+            const QRect painted = paintedRect(made.image);
+            if (qint64(painted.width()) * painted.height() * 10 <
+                qint64(made.image.width()) * made.image.height() * 9) {
+                made.offset = painted.topLeft();
+                made.image = painted.isEmpty() ? QImage() : made.image.copy(painted);
+            }
+            // An opaque picture is copied where it is drawn rather than blended.
+            if (isOpaque(made.image))
+                made.image = std::move(made.image).convertToFormat(QImage::Format_RGB32);
         }
-        // An opaque picture is copied where it is drawn rather than blended.
-        if (isOpaque(made.image))
-            made.image = std::move(made.image).convertToFormat(QImage::Format_RGB32);
         m_scaledBytes += made.image.sizeInBytes();
-        found = m_scaled.emplace(key, std::move(made)).first;
+        found = m_scaled
+                    .emplace(std::make_tuple(image.cacheKey(), madeSize.width(), madeSize.height(), smooth, mirrored),
+                             std::move(made))
+                    .first;
         // Over budget: the pictures not drawn for longest go first, never
         // one of the present render.
         while (m_scaledBytes > kBudget) {

@@ -65,6 +65,7 @@ public:
     /// memory): upright sprites are drawn from it without scaling them again
     /// every frame. Wide transparent margins are cut off the kept picture:
     /// it is to be drawn `offset` pixels from the scaled picture's corner.
+    /// A kept picture one pixel off `size` either way serves for it.
     const QImage& scaledImage(const QImage& image, const QSize& size, bool smooth, bool mirrored, QPoint& offset);
 
 private:

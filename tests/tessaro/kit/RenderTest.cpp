@@ -412,3 +412,31 @@ TEST(Renderer, SvgImagesBecomeTextures)
     EXPECT_EQ(texture->image().pixelColor(5, 10), QColor(255, 0, 0));
     EXPECT_EQ(texture->image().pixelColor(35, 10), QColor(0, 0, 255));
 }
+
+TEST(Renderer, KeptPicturesServeAPixelOffAndTheirMirror)
+{
+    // A picture whose left half is red and right half blue, with a clear
+    // margin on the right that the kept picture leaves out.
+    QImage picture(40, 20, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 30; ++x)
+            picture.setPixelColor(x, y, x < 15 ? Qt::red : Qt::blue);
+    Renderer renderer;
+    QPoint offset, nearOffset, mirroredOffset;
+    const QImage kept = renderer.scaledImage(picture, QSize(80, 40), true, false, offset);
+    ASSERT_FALSE(kept.isNull());
+    // A sprite a pixel wider where it now stands is drawn from the same picture.
+    const QImage near = renderer.scaledImage(picture, QSize(81, 40), true, false, nearOffset);
+    EXPECT_EQ(near.cacheKey(), kept.cacheKey());
+    EXPECT_NE(renderer.scaledImage(picture, QSize(83, 40), true, false, nearOffset).cacheKey(), kept.cacheKey());
+
+    // The mirror comes from the kept picture, its margin now on the left.
+    const QImage mirrored = renderer.scaledImage(picture, QSize(80, 40), true, true, mirroredOffset);
+    ASSERT_EQ(mirrored.size(), kept.size());
+    EXPECT_EQ(mirroredOffset, QPoint(80 - offset.x() - kept.width(), offset.y()));
+    EXPECT_GT(mirroredOffset.x(), 0);
+    EXPECT_EQ(mirrored.pixelColor(0, 10), kept.pixelColor(kept.width() - 1, 10));
+    EXPECT_EQ(mirrored.pixelColor(2, 10).blue(), 255) << "blue now on the left";
+    EXPECT_EQ(mirrored.pixelColor(mirrored.width() - 3, 10).red(), 255);
+}
