@@ -2,6 +2,7 @@
 
 #include "EffectNode.h"
 #include "PhysicsBody.h"
+#include "SpriteNode.h"
 
 #include <QPaintDevice>
 
@@ -32,8 +33,10 @@ inline bool drawsAsEffect(const Node& n)
 } // namespace
 
 void Renderer::collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
-                       std::vector<Item>& items) const
+                       std::vector<Item>& items, std::vector<Item>* coming) const
 {
+    // What covers a good part of the view costs a frame of its own to scale.
+    constexpr qreal kLargeArea = 250'000;
     for (const auto& childPtr : node.children()) {
         const Node& child = *childPtr;
         if (child.isHidden())
@@ -51,9 +54,12 @@ void Renderer::collect(const Node& node, const QTransform& parentToDevice, qreal
             const QRectF device = t.mapRect(child.contentRect());
             if (device.intersects(m_clip) || m_clip.isNull())
                 items.push_back({&child, t, a, cz});
+            else if (coming && device.width() * device.height() >= kLargeArea &&
+                     device.intersects(m_clip.adjusted(-m_clip.width(), 0, m_clip.width(), 0)))
+                coming->push_back({&child, t, a, cz});
         }
         if (!child.children().empty())
-            collect(child, t, a, cz, items);
+            collect(child, t, a, cz, items, coming);
     }
 }
 
@@ -84,6 +90,32 @@ void Renderer::drawItems(QPainter& painter, const std::vector<Item>& items)
     }
     m_drawn += int(items.size());
     m_order.swap(order);
+}
+
+void Renderer::prepareComing()
+{
+    // A large picture about to scroll into view is scaled ahead, one a
+    // frame, rather than all in the frame it appears in: the size and the
+    // choices are those SpriteNode::draw makes for an upright sprite.
+    const quint64 made = m_picturesMade;
+    for (const Item& item : m_coming) {
+        const auto* sprite = dynamic_cast<const SpriteNode*>(item.node);
+        const QTransform& t = item.transform;
+        if (!sprite || !sprite->texture() || t.m12() != 0 || t.m21() != 0 || t.m22() >= 0 || t.m11() == 0)
+            continue;
+        const QRectF target = t.mapRect(sprite->contentRect());
+        const QPoint topLeft(qRound(target.left()), qRound(target.top()));
+        const QSize size(qRound(target.right()) - topLeft.x(), qRound(target.bottom()) - topLeft.y());
+        const QImage image = sprite->colorBlendFactor() > 0 ? sprite->blendedImage() : sprite->texture()->image();
+        if (image.isNull() || size.isEmpty() || qint64(size.width()) * size.height() > 16'000'000 ||
+            (t.m11() > 0 && size == image.size()))
+            continue;
+        const bool nearest = sprite->texture()->filteringMode() == Texture::Filtering::Nearest;
+        QPoint offset;
+        scaledImage(image, size, !nearest && m_options.smoothImages, t.m11() < 0, offset);
+        if (m_picturesMade != made)
+            return;
+    }
 }
 
 void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransform& rootToDevice, qreal opacity)
@@ -192,6 +224,7 @@ const QImage& Renderer::scaledImage(const QImage& image, const QSize& size, bool
                 made.image = std::move(made.image).convertToFormat(QImage::Format_RGB32);
         }
         m_scaledBytes += made.image.sizeInBytes();
+        ++m_picturesMade;
         found = m_scaled
                     .emplace(std::make_tuple(image.cacheKey(), madeSize.width(), madeSize.height(), smooth, mirrored),
                              std::move(made))
@@ -232,9 +265,11 @@ void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& targe
     std::vector<Item> items;
     items.swap(m_items);
     items.clear();
-    collect(scene, sceneToDevice, scene.alpha(), 0, items);
+    m_coming.clear();
+    collect(scene, sceneToDevice, scene.alpha(), 0, items, &m_coming);
     drawItems(painter, items);
     m_items.swap(items);
+    prepareComing();
     m_lastNodeCount = m_drawn;
     painter.setOpacity(1);
     if (m_options.showsPhysics)

@@ -59,6 +59,10 @@ public:
 
     /// Nodes drawn by the last render.
     int lastNodeCount() const { return m_lastNodeCount; }
+    /// Scaled pictures made so far. A render makes those of the sprites it
+    /// draws, and at most one more for a large sprite within a view's width
+    /// of the view, which is about to come into it.
+    quint64 picturesMade() const { return m_picturesMade; }
 
     /// `image` scaled to `size` pixels, and turned left to right when
     /// `mirrored`, made once and kept while it is drawn (up to a budget of
@@ -75,8 +79,12 @@ private:
         qreal opacity;
         qreal z;
     };
-    void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
-                 std::vector<Item>& items) const;
+    /// The items of the subtree that show in the clip; into `coming`, when
+    /// given, the large ones that lie within a view's width of it.
+    void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z, std::vector<Item>& items,
+                 std::vector<Item>* coming = nullptr) const;
+    /// Gets the picture of one coming item ready, if one needs it.
+    void prepareComing();
     void drawItems(QPainter& painter, const std::vector<Item>& items);
     void drawPhysics(const Scene& scene, QPainter& painter, const QTransform& sceneToDevice);
     void drawStatistics(QPainter& painter, const QRectF& target);
@@ -87,6 +95,7 @@ private:
     int m_drawn = 0;
     QRectF m_clip;
     std::vector<Item> m_items; // reused between frames
+    std::vector<Item> m_coming;
     std::vector<std::pair<qreal, quint32>> m_order;
 
     struct Scaled {
@@ -96,6 +105,7 @@ private:
     };
     std::map<std::tuple<qint64, int, int, bool, bool>, Scaled> m_scaled;
     qint64 m_scaledBytes = 0;
+    quint64 m_picturesMade = 0;
     quint64 m_renders = 0;
 };
 
