@@ -210,11 +210,11 @@ void PlayRules::meetEnemies(double now)
             m_player->bounce();
             continue;
         }
-        const pathDirection side =
-            enemy->position().x() < m_player->position().x() ? pathDirection::left : pathDirection::right;
         if (m_player->isSafe(now))
             continue;
         m_sounds.play(enemy->soundEffects(), soundBiteType::attack);
+        const pathDirection side =
+            enemy->position().x() < m_player->position().x() ? pathDirection::left : pathDirection::right;
         if (m_player->hurt(now, side))
             loseLife();
     }
