@@ -27,6 +27,19 @@ constexpr double sceneHeight = 402;
 constexpr double tile = 64;
 constexpr double floorTop = -sceneHeight / 2 + tile; // top of a one-tile floor
 
+/// A sound of the seed workspace, played when the player reaches the part.
+std::vector<GameSound> touchSound(const char* file)
+{
+    GameSound sound;
+    sound.id = Uuid::create();
+    sound.type = "touch";
+    sound.filename = file;
+    sound.fileExtension = "wav";
+    sound.volume = 0.8;
+    sound.waitForCompletion = false;
+    return {sound};
+}
+
 DeviceProperties at(double x, double y)
 {
     DeviceProperties device;
@@ -43,7 +56,11 @@ public:
         config.defaultSceneSize = {sceneWidth, sceneHeight};
         level = newLevel(Uuid::create(), config);
         level.checkpoints->image = "Flag";
+        level.checkpoints->soundEffects = touchSound("checkpoint");
+        if (level.levelEnd)
+            level.levelEnd->soundEffects = touchSound("levelEnd");
         level.coins->image = "coin";
+        level.coins->soundEffects = touchSound("coin");
         level.coins->coins.emplace();
         level.shields->image = "shield";
         level.shields->shields.emplace();

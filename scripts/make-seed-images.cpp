@@ -1,5 +1,6 @@
-// Draws the seed images of a new workspace, writes the seed catalogues that
-// name them and lists them all in the resource file "seed.qrc". Run from the repository root after changing the seed:
+// Draws the seed images of a new workspace, makes its sounds, writes the seed
+// catalogues that name them and lists them all in the resource file "seed.qrc". Run from the repository root after
+// changing the seed:
 //
 //   cmake --build <build> --target stagewright-make-seed
 //   QT_QPA_PLATFORM=offscreen <build>/resources/stagewright-make-seed resources/seed
@@ -9,6 +10,7 @@
 #include <tessaro/model/ElementRecords.h>
 #include <tessaro/model/FileIO.h>
 #include <tessaro/model/PlistCodec.h>
+#include <tessaro/model/ValueText.h>
 
 #include <QDir>
 #include <QDirIterator>
@@ -369,7 +371,7 @@ QImage slime(double squash)
     green.setColorAt(1, QColor(40, 150, 50));
     p.setBrush(green);
     p.setPen(QPen(QColor(20, 90, 30), 3));
-    p.drawChord(QRectF(48 - width / 2, 62 - 2 * height, width, 2 * height), 0, 180 * 16);
+    p.drawChord(QRectF(48 - width / 2, 62 - height, width, 2 * height), 0, 180 * 16);
     p.setPen(Qt::NoPen);
     p.setBrush(Qt::white);
     p.drawEllipse(QPointF(38, 62 - height * 0.55), 6, 7);
@@ -448,6 +450,55 @@ void drawImages()
              QStringLiteral("Characters/slime_Move.atlas/slime_Move_%1.png").arg(i, 2, 10, QLatin1Char('0')));
 }
 
+// ---- Sounds ---------------------------------------------------------------
+
+/// A short sound: `notes` (hertz) one after the other, each `seconds` long,
+/// as a 16-bit mono WAV file at 22050 samples a second that fades out.
+QByteArray tones(std::initializer_list<double> notes, double seconds)
+{
+    constexpr int rate = 22050;
+    const int perNote = int(seconds * rate);
+    QByteArray samples;
+    int n = 0;
+    const int total = perNote * int(notes.size());
+    for (const double hertz : notes)
+        for (int i = 0; i < perNote; ++i, ++n) {
+            const double fade = 1.0 - double(n) / total;
+            const auto value =
+                qint16(std::lround(9000 * fade * std::sin(2 * std::numbers::pi * hertz * double(i) / rate)));
+            samples.append(char(value & 0xff)).append(char((value >> 8) & 0xff));
+        }
+    const auto le = [](quint32 v, int bytes) {
+        QByteArray out;
+        for (int b = 0; b < bytes; ++b)
+            out.append(char((v >> (8 * b)) & 0xff));
+        return out;
+    };
+    QByteArray wav = "RIFF" + le(quint32(36 + samples.size()), 4) + "WAVEfmt " + le(16, 4) + le(1, 2) + le(1, 2) +
+        le(rate, 4) + le(rate * 2, 4) + le(2, 2) + le(16, 2) + "data" + le(quint32(samples.size()), 4);
+    return wav + samples;
+}
+
+void saveSound(const QByteArray& wav, const QString& name)
+{
+    const QString path = root + QStringLiteral("/Assets/Sounds/") + name;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    if (auto error = tessaro::writeFileAtomically(path.toStdString(), wav.toStdString())) {
+        std::fprintf(stderr, "cannot write %s: %s\n", qPrintable(path), error->c_str());
+        ++failures;
+    }
+}
+
+void makeSounds()
+{
+    saveSound(tones({988, 1319}, 0.06), QStringLiteral("coin.wav"));
+    saveSound(tones({523, 659, 784}, 0.08), QStringLiteral("checkpoint.wav"));
+    saveSound(tones({196}, 0.08), QStringLiteral("knock.wav"));
+    saveSound(tones({330, 247, 165}, 0.07), QStringLiteral("break.wav"));
+    saveSound(tones({147}, 0.12), QStringLiteral("hurt.wav"));
+    saveSound(tones({523, 659, 784, 1047}, 0.12), QStringLiteral("levelEnd.wav"));
+}
+
 // ---- Catalogues -----------------------------------------------------------
 
 using tessaro::Uuid;
@@ -482,6 +533,27 @@ tessaro::CollisionDetection masks(const char* category, const char* contact, con
     return detection;
 }
 
+tessaro::GameSound sound(const char* type, const char* file)
+{
+    tessaro::GameSound sound;
+    sound.id = Uuid::create();
+    sound.type = type;
+    sound.filename = file;
+    sound.fileExtension = "wav";
+    sound.volume = 0.8;
+    sound.waitForCompletion = false;
+    return sound;
+}
+
+/// `record` taking `hits` hits, with `sounds`.
+template <class R>
+R with(R record, int hits, std::vector<tessaro::GameSound> sounds)
+{
+    record.allowedTimesToHit = hits;
+    record.soundEffects = std::move(sounds);
+    return record;
+}
+
 tessaro::Obstacle obstacle(const char* element, const char* image, const char* size, const char* classType,
                            bool dynamic, bool gravity, const char* category)
 {
@@ -510,8 +582,26 @@ tessaro::Obstacle obstacle(const char* element, const char* image, const char* s
     return record;
 }
 
+/// A character's body: one polygon around its picture, in points from the
+/// picture's centre, y up, for every state and facing.
+tessaro::PhysicsProperty outline(std::initializer_list<std::pair<double, double>> corners)
+{
+    tessaro::PolyPhysics polygon;
+    polygon.id = Uuid::create();
+    polygon.action = "idle,move,attack";
+    polygon.direction = "both";
+    for (const auto& [x, y] : corners)
+        polygon.points.push_back({Uuid::create(), std::nullopt, tessaro::textFromPair(x, y)});
+    polygon.points.push_back({Uuid::create(), std::nullopt, polygon.points.front().point}); // closed
+    tessaro::PhysicsProperty physics;
+    physics.id = Uuid::create();
+    physics.polygons = std::vector{polygon};
+    return physics;
+}
+
 tessaro::Character character(const char* element, const char* image, const char* size, const char* type,
-                             const char* category, std::optional<std::string> idle, std::string move)
+                             const char* category, std::optional<std::string> idle, std::string move,
+                             tessaro::PhysicsProperty physics)
 {
     tessaro::Character record;
     record.id = Uuid::create();
@@ -545,7 +635,7 @@ tessaro::Character character(const char* element, const char* image, const char*
     wait.move = 0.08;
     animation.waitPerAnimationFrame = wait;
     record.animation = animation;
-    record.physics = box(size);
+    record.physics = std::move(physics);
     record.devices = defaultDevice(size);
     return record;
 }
@@ -581,16 +671,48 @@ void writeCatalogues()
 {
     writeCatalogue(
         std::vector{
-            obstacle("Crate", "crate", "{64.0,64.0}", "none", true, true, "staticObjectMovable"),
-            obstacle("Spikes", "spikes", "{64.0,32.0}", "stoneSpike", false, false, "objectCausesDeath"),
+            // A crate breaks after three knocks.
+            with(obstacle("Crate", "crate", "{64.0,64.0}", "none", true, true, "staticObjectMovable"), 3,
+                 {sound("touch", "knock"), sound("die", "break")}),
+            with(obstacle("Spikes", "spikes", "{64.0,32.0}", "stoneSpike", false, false, "objectCausesDeath"), 1,
+                 {sound("attack", "hurt")}),
             obstacle("Platform", "platform", "{160.0,24.0}", "movingPlatform", false, false, "floorAboveGround"),
             obstacle("Barrel", "barrel", "{48.0,64.0}", "barrel", true, true, "staticObjectMovable"),
         },
         "ObstacleList.plist");
     writeCatalogue(
         std::vector{
-            character("Hero", "hero", "{48.0,64.0}", "human", "humanPlayer", "Idle", "Move"),
-            character("Slime", "slime", "{48.0,32.0}", "animal", "enemyTouch", std::nullopt, "Move"),
+            // Head, dress and legs; the feet are the legs' ends.
+            character("Hero", "hero", "{48.0,64.0}", "human", "humanPlayer", "Idle", "Move",
+                      outline({{-2, -32},
+                               {2, -32},
+                               {2, -11},
+                               {13, -9},
+                               {10, 8},
+                               {5, 12},
+                               {9, 17},
+                               {9, 24},
+                               {5, 29},
+                               {-5, 29},
+                               {-9, 24},
+                               {-9, 17},
+                               {-5, 12},
+                               {-10, 8},
+                               {-13, -9},
+                               {-2, -11}})),
+            // The dome.
+            with(character("Slime", "slime", "{48.0,32.0}", "animal", "enemyTouch", std::nullopt, "Move",
+                           outline({{-21, -16},
+                                    {21, -16},
+                                    {20.5, -9},
+                                    {17.5, -3},
+                                    {10, 6},
+                                    {3.5, 9},
+                                    {-3.5, 9},
+                                    {-10, 6},
+                                    {-17.5, -3},
+                                    {-20.5, -9}})),
+                 3, {sound("attack", "hurt"), sound("die", "break")}),
         },
         "CharacterList.plist");
     writeCatalogue(
@@ -651,6 +773,7 @@ int main(int argc, char** argv)
     root = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
     QDir().mkpath(root + QStringLiteral("/Assets"));
     drawImages();
+    makeSounds();
     writeCatalogues();
     writeResourceList();
     return failures == 0 ? 0 : 1;

@@ -57,13 +57,25 @@ QStringList reportLines(const PlayScene& scene, const HeadlessResult& result)
         << (player
                 ? QStringLiteral("player final position: %1,%2").arg(player->x(), 0, 'f', 1).arg(player->y(), 0, 'f', 1)
                 : QStringLiteral("player final position: none"));
+    QStringList sounds;
+    for (const auto& [name, count] : scene.rules().sounds().started())
+        sounds << QStringLiteral("%1 %2").arg(QString::fromStdString(name)).arg(count);
+    lines << QStringLiteral("sounds started: ") + (sounds.isEmpty() ? QStringLiteral("none") : sounds.join(", "));
+    QStringList hits;
+    for (const auto& [element, count] : stats.hits)
+        hits << QStringLiteral("%1 %2%3")
+                    .arg(QString::fromStdString(element))
+                    .arg(count)
+                    .arg(stats.destroyed.count(element) ? QStringLiteral(" (destroyed)") : QString());
+    lines << QStringLiteral("hits: ") + (hits.isEmpty() ? QStringLiteral("none") : hits.join(", "));
     std::vector<double> times = result.frameMilliseconds;
     std::sort(times.begin(), times.end());
     if (times.empty())
         times.push_back(0);
-    lines << QStringLiteral("frame time: min %1 ms, median %2 ms, max %3 ms")
+    lines << QStringLiteral("frame time: min %1 ms, median %2 ms, 99th percentile %3 ms, max %4 ms")
                  .arg(times.front(), 0, 'f', 2)
                  .arg(times[times.size() / 2], 0, 'f', 2)
+                 .arg(times[std::min(times.size() - 1, times.size() * 99 / 100)], 0, 'f', 2)
                  .arg(times.back(), 0, 'f', 2);
     return lines;
 }

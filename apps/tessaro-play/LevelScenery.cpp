@@ -154,9 +154,11 @@ private:
         const double top = node->position().y() + ps.height() / 2;
         const auto angles = listFromText<groundPhysicsAngleType>(section.groundPhysicsAngleType.value_or(""));
         const bool sloped = std::find(angles.begin(), angles.end(), groundPhysicsAngleType::angle) != angles.end();
-        // Stretches of equal height (or a slope) make one floor piece.
+        // Stretches of equal height (or a slope) that meet make one floor
+        // piece; a gap between them parts them.
         auto& pieces = m_scene.groundBaseVariants();
-        if (!pieces.empty() && (pieces.back().y() == top || sloped))
+        const bool meets = !pieces.empty() && std::abs(pieces.back().left() + pieces.back().width() - m_runningX) < 0.5;
+        if (meets && (pieces.back().y() == top || sloped))
             pieces.back().setWidth(pieces.back().width() + ps.width());
         else
             pieces.emplace_back(m_runningX, top, ps.width(), 0);

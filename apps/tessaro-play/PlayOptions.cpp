@@ -18,13 +18,15 @@ std::optional<int> wholeNumberFrom(const QString& text, int lowest)
 QString playUsage()
 {
     return QStringLiteral(
-        "usage: tessaro-play WORKSPACE PROJECT [--level N] [--autopilot]\n"
+        "usage: tessaro-play WORKSPACE PROJECT [--level N] [--autopilot] [--watch]\n"
         "       tessaro-play WORKSPACE PROJECT [--level N] --headless [--frames N] [--report] [--autopilot]\n"
         "                    [--screenshot FILE.png]\n"
         "  Plays level N (from 1) of the project with the workspace's catalogues and images.\n"
         "  Keys: arrows or A/D to run, Space to jump, Esc to quit.\n"
         "  --headless runs N frames (600 by default) of 1/60 s without a window; --report prints\n"
-        "  what was made and counted and the frame times; --autopilot runs right and jumps.\n");
+        "  what was made and counted and the frame times; --autopilot runs right and jumps.\n"
+        "  --watch builds the level again, the player where it was, when the project or a\n"
+        "  catalogue of the workspace changes; a line \"restart\" on standard input starts it over.\n");
 }
 
 std::optional<PlayOptions> parsePlayOptions(const QStringList& arguments, QString& error)
@@ -59,6 +61,8 @@ std::optional<PlayOptions> parsePlayOptions(const QStringList& arguments, QStrin
             options.report = true;
         } else if (argument == QLatin1String("--autopilot")) {
             options.autopilot = true;
+        } else if (argument == QLatin1String("--watch")) {
+            options.watch = true;
         } else if (argument.startsWith(QLatin1String("--"))) {
             error = QStringLiteral("unknown option ") + argument;
             return std::nullopt;

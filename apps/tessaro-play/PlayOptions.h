@@ -16,6 +16,7 @@ struct PlayOptions {
     int frames = 600;
     bool report = false;
     bool autopilot = false;
+    bool watch = false; // build the level again when its files change
     QString screenshot; // a PNG of the last frame, when given
 };
 

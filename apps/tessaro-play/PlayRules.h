@@ -7,12 +7,17 @@
 #include "LevelEndWindow.h"
 #include "LevelScenery.h"
 #include "Player.h"
+#include "SoundBoard.h"
 
 #include <tessaro/kit/LabelNode.h>
 #include <tessaro/runtime/SceneDelegates.h>
 
 #include <memory>
 #include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace play {
 
@@ -24,6 +29,10 @@ struct PlayStats {
     int artifactsCollected = 0;
     int enemiesDefeated = 0;
     int livesLost = 0;
+    /// Hits taken by objects and enemies, by element, in the order of the
+    /// first hit; and the elements the hits destroyed.
+    std::vector<std::pair<std::string, int>> hits;
+    std::set<std::string> destroyed;
 };
 
 class PlayRules : public tessaro::SceneBaseCustomDelegate, public tessaro::SceneBaseContactDelegate {
@@ -39,10 +48,14 @@ public:
     void setAutopilot(bool on) { m_autopilot = on; }
 
     const PlayStats& stats() const { return m_stats; }
+    const SoundBoard& sounds() const { return m_sounds; }
     /// The player's place in the level, or nothing without a player.
     std::optional<QPointF> playerPosition() const;
     /// The player has reached the end and the level end window shows.
     bool isFinished() const { return m_finished; }
+    /// Puts the player at `place`, at rest; one that would stand inside
+    /// something solid stands on top of it instead.
+    void placePlayer(const QPointF& place);
 
     void update(double currentTime) override;
     void didFinishUpdate() override;
@@ -50,8 +63,19 @@ public:
 
 private:
     void flyAutopilot();
+    /// Whether the ground has a floor under scene x `x`.
+    bool hasFloorAt(double x) const;
     void meetEnemies(double now);
     void collect(tessaro::kit::Node& item);
+    /// The player ran or jumped into an object: it sounds, and one that
+    /// takes several hits takes one.
+    void touchObject(tessaro::SKSpriteNode2dBase& object);
+    /// The player landed on an enemy.
+    void hitEnemy(tessaro::SKSpriteNodeEnemy2dBase& enemy);
+    bool justHit(const tessaro::kit::Node& element) const;
+    /// Whether a hit on `element` counts now; it then does.
+    bool takesHitNow(tessaro::kit::Node& element) const;
+    void countHit(const std::string& element);
     void loseLife();
     void finish();
     void followWithCamera();
@@ -69,6 +93,7 @@ private:
     Controls m_controls;
     bool m_autopilot = false;
     PlayStats m_stats;
+    SoundBoard m_sounds;
     QPointF m_respawnAt;
     double m_now = 0;
     double m_startTime = -1;

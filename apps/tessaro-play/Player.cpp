@@ -14,11 +14,6 @@ using namespace tessaro;
 
 namespace {
 
-/// What the player bumps into and stands on, beyond what its record says.
-constexpr std::uint32_t kSolid = collisionBit(collisionTypes::floor) | collisionBit(collisionTypes::staticObjectBody) |
-    collisionBit(collisionTypes::staticObjectMovable) | collisionBit(collisionTypes::staticObjectBouncible) |
-    collisionBit(collisionTypes::floorAboveGround) | collisionBit(collisionTypes::floatingFloor) |
-    collisionBit(collisionTypes::staticObjectSpecialHandling);
 /// What the game wants to hear of when the player touches it.
 constexpr std::uint32_t kNoticed = collisionBit(collisionTypes::collectibleTouched) |
     collisionBit(collisionTypes::objectCausesDeath) | collisionBit(collisionTypes::objectCausesDamageAllSides) |
@@ -31,19 +26,24 @@ Player::Player(SKSpriteNodeEnemy2dBasePtr sprite, AppSharedSceneBase& scene)
     : m_sprite(std::move(sprite)),
       m_scene(scene)
 {
-    const CollisionDetection masks = m_sprite->collisionMasks().value_or(CollisionDetection{});
-    PhysicsSettings settings;
-    settings.category = collisionBit(collisionTypes::humanPlayer);
-    settings.collision = (masks.collision ? maskFromText(*masks.collision) : 0) | kSolid;
-    settings.contact = (masks.contact ? maskFromText(*masks.contact) : 0) | kNoticed;
-    settings.isDynamic = true;
-    settings.useGravity = true;
-    // A little narrower than the picture, so that the player fits through
-    // gaps its picture only just fits.
-    const QSizeF size = m_sprite->size();
-    m_sprite->usePhysicsRectangle(QSizeF(size.width() * 0.8, size.height()), settings);
-    if (auto* body = m_sprite->physicsBody())
+    // The body is the character's own, the polygons of its record; one
+    // drawn with none stands in a box of its picture.
+    m_sprite->setUseGravity(true);
+    m_sprite->applyStatePhysics(StateAnimation::idle);
+    if (!m_sprite->physicsBody()) {
+        PhysicsSettings settings;
+        settings.isDynamic = true;
+        settings.useGravity = true;
+        m_sprite->usePhysicsRectangle(m_sprite->size(), settings);
+    }
+    if (auto* body = m_sprite->physicsBody()) {
+        // It is the player, stands on what is solid and tells the game of
+        // what it touches, whatever its record says.
+        body->setCategoryBitMask(collisionBit(collisionTypes::humanPlayer));
+        body->setCollisionBitMask(body->collisionBitMask() | kSolidCategories);
+        body->setContactTestBitMask(body->contactTestBitMask() | kNoticed);
         body->setFriction(0);
+    }
     m_sprite->setExecuteState(enemyStateType::None);
     showAction(std::nullopt, std::nullopt);
 }
@@ -61,8 +61,8 @@ bool Player::onGround() const
     const double feet = m_sprite->position().y() - m_sprite->size().height() * 0.25;
     for (const auto& other : body->allContactedBodies()) {
         const kit::Node* node = other->node();
-        if (node && !node->userData().contains(QStringLiteral("collectible")) && (other->categoryBitMask() & kSolid) &&
-            node->position().y() < feet)
+        if (node && !node->userData().contains(QStringLiteral("collectible")) &&
+            (other->categoryBitMask() & kSolidCategories) && node->position().y() < feet)
             return true;
     }
     return false;
@@ -129,11 +129,16 @@ void Player::bounce()
         body->setVelocity(QPointF(body->velocity().x(), kJumpSpeed * 0.6));
 }
 
-void Player::respawn(const QPointF& place)
+void Player::moveTo(const QPointF& place)
 {
     m_sprite->setPosition(place);
     if (auto* body = m_sprite->physicsBody())
         body->setVelocity(QPointF());
+}
+
+void Player::respawn(const QPointF& place)
+{
+    moveTo(place);
     m_sprite->setHitsRemaining(m_sprite->allowedTimesToHit());
     refreshHealth();
     m_scene.setDamageOccurred(false);
@@ -142,12 +147,7 @@ void Player::respawn(const QPointF& place)
 
 void Player::refreshHealth()
 {
-    const int hits = std::min(m_sprite->allowedTimesToHit(), kHealthBarSlots);
-    for (int slot = 1; slot <= hits; ++slot)
-        setHealthSlot(*m_sprite, slot,
-                      slot > m_sprite->hitsRemaining()     ? QStringLiteral("object_HealthEmpty")
-                          : m_sprite->hitsRemaining() == 1 ? QStringLiteral("object_HealthRed")
-                                                           : QStringLiteral("object_HealthGreen"));
+    showHitsRemaining(*m_sprite, m_sprite->allowedTimesToHit(), m_sprite->hitsRemaining());
 }
 
 } // namespace play

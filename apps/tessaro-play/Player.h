@@ -8,6 +8,15 @@
 
 namespace play {
 
+/// What the player bumps into and stands on, beyond what its record says.
+inline constexpr std::uint32_t kSolidCategories = tessaro::collisionBit(tessaro::collisionTypes::floor) |
+    tessaro::collisionBit(tessaro::collisionTypes::staticObjectBody) |
+    tessaro::collisionBit(tessaro::collisionTypes::staticObjectMovable) |
+    tessaro::collisionBit(tessaro::collisionTypes::staticObjectBouncible) |
+    tessaro::collisionBit(tessaro::collisionTypes::floorAboveGround) |
+    tessaro::collisionBit(tessaro::collisionTypes::floatingFloor) |
+    tessaro::collisionBit(tessaro::collisionTypes::staticObjectSpecialHandling);
+
 /// What the keys (or the autopilot) ask for in one frame.
 struct Controls {
     bool left = false;
@@ -38,6 +47,8 @@ public:
     void bounce();
     /// Back at `place` with every hit restored.
     void respawn(const QPointF& place);
+    /// At `place`, at rest.
+    void moveTo(const QPointF& place);
 
 private:
     void showAction(const std::optional<std::string>& action, std::optional<double> perFrame);

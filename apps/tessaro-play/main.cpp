@@ -4,6 +4,9 @@
 //   tessaro-play WORKSPACE PROJECT [--level N]            a window; arrows or
 //                                                         A/D run, Space jumps,
 //                                                         Esc quits
+//   tessaro-play WORKSPACE PROJECT [--level N] --watch    the same, built again
+//                                                         when the project or
+//                                                         a catalogue changes
 //   tessaro-play WORKSPACE PROJECT --headless --frames N --report
 //
 // It uses only the library's public interface, as any game would: the
@@ -13,38 +16,16 @@
 #include "HeadlessRun.h"
 #include "PlayOptions.h"
 #include "PlayScene.h"
-#include "PlayView.h"
+#include "PlaySession.h"
 
 #include <tessaro/kit/AudioNode.h>
-#include <tessaro/model/Diagnostics.h>
-#include <tessaro/model/LevelFiles.h>
 #include <tessaro/runtime/GameResources.h>
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QTextStream>
 
 #include <cstdio>
 #include <memory>
-
-namespace {
-
-/// The level to play, or nothing (with the reason written) when the project
-/// cannot be read or has no such level.
-std::optional<tessaro::Level> levelToPlay(const play::PlayOptions& options)
-{
-    tessaro::LevelsReadResult read = tessaro::readLevels(options.project.toStdString());
-    if (!read.ok)
-        return std::nullopt;
-    if (size_t(options.level) > read.levels.size()) {
-        tessaro::diagnostic("The project has " + std::to_string(read.levels.size()) + " levels; there is no level " +
-                            std::to_string(options.level));
-        return std::nullopt;
-    }
-    return read.levels[size_t(options.level - 1)];
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
@@ -67,13 +48,12 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tessaro-play"));
 
-    if (!tessaro::loadWorkspace(options->workspace))
-        return 1;
-    const std::optional<tessaro::Level> level = levelToPlay(*options);
-    if (!level)
-        return 1;
-
     if (options->headless) {
+        if (!tessaro::loadWorkspace(options->workspace))
+            return 1;
+        const std::optional<tessaro::Level> level = play::levelToPlay(*options);
+        if (!level)
+            return 1;
         tessaro::kit::AudioNode::setAudioEnabled(false);
         auto scene = std::make_shared<play::PlayScene>(*level);
         scene->rules().setAutopilot(options->autopilot);
@@ -86,16 +66,8 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    auto scene = std::make_shared<play::PlayScene>(*level);
-    scene->rules().setAutopilot(options->autopilot);
-    play::PlayView view;
-    view.setWindowTitle(
-        QStringLiteral("%1 - level %2").arg(QFileInfo(options->project).completeBaseName()).arg(options->level));
-    view.resize(1280, 720);
-    view.presentScene(scene);
-    view.show();
-    view.setFocus();
-    const int status = QApplication::exec();
-    view.presentScene(nullptr);
-    return status;
+    play::PlaySession session(*options);
+    if (!session.start())
+        return 1;
+    return QApplication::exec();
 }

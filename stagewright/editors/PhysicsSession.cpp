@@ -12,6 +12,7 @@
 
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/FrameShapes.h>
 #include <tessaro/model/ValueText.h>
 
 #include <algorithm>
@@ -49,15 +50,38 @@ std::optional<defaultViewRecord> baseRecord(const projectTab& tab)
     return findCatalogueRecord(object.type, baseFieldText(baseField::elementName, object.defaultViewProperties));
 }
 
+/// The template's shapes; an obstacle's shapes of single frames are kept in
+/// its animation and shown beside the others.
 std::optional<tessaro::PhysicsProperty> physicsOf(const defaultViewRecord& record)
 {
-    return std::visit(
-        [](const auto& r) -> std::optional<tessaro::PhysicsProperty> {
-            if (r.physics)
-                return *r.physics;
-            return std::nullopt;
-        },
-        record);
+    std::optional<tessaro::PhysicsProperty> physics =
+        std::visit([](const auto& r) { return r.physics ? std::optional(*r.physics) : std::nullopt; }, record);
+    if (const auto* obstacle = std::get_if<tessaro::Obstacle>(&record))
+        if (obstacle->animation && obstacle->animation->physics)
+            physics =
+                tessaro::joinedShapes(physics.value_or(tessaro::PhysicsProperty{}), *obstacle->animation->physics);
+    return physics;
+}
+
+/// Stores the sheet's shapes in a template: an obstacle's shapes of single
+/// frames go to its animation, which then changes its body frame by frame.
+void storePhysics(defaultViewRecord& record, const tessaro::PhysicsProperty& stored)
+{
+    auto* obstacle = std::get_if<tessaro::Obstacle>(&record);
+    if (!obstacle) {
+        std::visit([&](auto& r) { r.physics = stored; }, record);
+        return;
+    }
+    tessaro::SplitShapes split = tessaro::splitFrameShapes(stored);
+    obstacle->physics = std::move(split.whole);
+    if (tessaro::hasShapes(split.frames)) {
+        tessaro::AnimationProperty& animation =
+            obstacle->animation ? *obstacle->animation : obstacle->animation.emplace();
+        animation.physics = std::move(split.frames);
+        animation.changePhysics = true;
+    } else if (obstacle->animation) {
+        obstacle->animation->physics.reset();
+    }
 }
 
 tessaro::SizeValue deviceSizeOf(const defaultViewRecord& record)
@@ -600,7 +624,7 @@ bool imagePhysicsSession::applyPhysics()
         if (!before)
             return false;
         defaultViewRecord after = *before;
-        std::visit([&](auto& record) { record.physics = stored; }, after);
+        storePhysics(after, stored);
         m_tab->undoStack().push(new CatalogueRecordCommand(*m_catalogues, *before, after, tr("Change Base Physics")));
         return true;
     }

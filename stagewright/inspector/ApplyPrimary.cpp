@@ -11,6 +11,7 @@
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/FrameShapes.h>
 #include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
@@ -212,10 +213,31 @@ void applyImage(projectTab& tab, elementNode& node, const std::string& image)
     replaceGlow(node);
 }
 
+/// The shapes an obstacle's sheet drew for single frames go to its animation,
+/// which the game plays with a body per frame; drawing them asks for that.
+/// The animation pane shows the change.
+void applyFrameShapes(projectTab& tab, elementNode& node, const tessaro::PhysicsProperty& frames)
+{
+    const bool drawn = tessaro::hasShapes(frames);
+    if (!drawn && !(node.animationOverrides && node.animationOverrides->physics))
+        return;
+    tessaro::AnimationProperty& animation =
+        node.animationOverrides ? *node.animationOverrides : node.animationOverrides.emplace();
+    if (!drawn) {
+        animation.physics.reset();
+        return;
+    }
+    animation.physics = frames;
+    animation.changePhysics = true;
+    tab.selectedAnimationObject().changePhysics = true;
+    tab.notifySelectedAnimationObjectChanged();
+}
+
 /// The shapes of the physics editor become the element's own: obstacles and
 /// characters keep them in their override record, and the node shows them as
-/// the shapes in force.
-void applyPhysics(elementNode& node, const tessaro::PhysicsProperty& physics)
+/// the shapes in force. An obstacle's shapes of single frames go to its
+/// animation instead.
+void applyPhysics(projectTab& tab, elementNode& node, const tessaro::PhysicsProperty& physics)
 {
     tessaro::boxed<tessaro::PhysicsProperty>* stored = nullptr;
     if (node.kind() == sceneObjectType::obstacles && node.obstacleOverrides)
@@ -224,12 +246,18 @@ void applyPhysics(elementNode& node, const tessaro::PhysicsProperty& physics)
         stored = &node.characterOverrides->physics;
     if (!stored)
         return;
+    tessaro::PhysicsProperty whole = physics;
+    if (node.kind() == sceneObjectType::obstacles) {
+        tessaro::SplitShapes split = tessaro::splitFrameShapes(physics);
+        applyFrameShapes(tab, node, split.frames);
+        whole = std::move(split.whole);
+    }
     if (!*stored)
         *stored = tessaro::PhysicsProperty{};
-    copyList(physics, **stored, &tessaro::PhysicsProperty::edges);
-    copyList(physics, **stored, &tessaro::PhysicsProperty::radiuses);
-    copyList(physics, **stored, &tessaro::PhysicsProperty::rectangles);
-    copyList(physics, **stored, &tessaro::PhysicsProperty::polygons);
+    copyList(whole, **stored, &tessaro::PhysicsProperty::edges);
+    copyList(whole, **stored, &tessaro::PhysicsProperty::radiuses);
+    copyList(whole, **stored, &tessaro::PhysicsProperty::rectangles);
+    copyList(whole, **stored, &tessaro::PhysicsProperty::polygons);
     node.physics = **stored;
 }
 
@@ -385,7 +413,7 @@ void applyTo(sceneEditor& scene, projectTab& tab, elementNode& node, publishedEl
     case P::isVisible: setVisible(node, flag); break;
     case P::physics:
         if (const auto* physics = std::get_if<tessaro::PhysicsProperty>(&value))
-            applyPhysics(node, *physics);
+            applyPhysics(tab, node, *physics);
         break;
     case P::allowedTimesToHit:
         onOverride(node, [&](auto& over) { over.allowedTimesToHit = integerOf(value).value_or(1); });

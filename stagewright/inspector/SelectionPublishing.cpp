@@ -9,6 +9,7 @@
 #include <tessaro/kit/PhysicsBody.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/FrameShapes.h>
 #include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
@@ -120,6 +121,19 @@ void showTargetDistances(selectedAnimationModel& model, const tessaro::TargetDis
     model.target_moveSpeed = distances.moveSpeed.value_or(0);
 }
 
+/// The shapes of single frames of an obstacle: those of its animation in the
+/// level, else its template's.
+const tessaro::PhysicsProperty* frameShapesOf(const elementNode& node)
+{
+    if (node.animationOverrides && node.animationOverrides->physics)
+        return &*node.animationOverrides->physics;
+    const auto* base =
+        node.defaultViewProperties ? std::get_if<tessaro::Obstacle>(&*node.defaultViewProperties) : nullptr;
+    if (base && base->animation && base->animation->physics)
+        return &*base->animation->physics;
+    return nullptr;
+}
+
 void showKindFields(selectedObjectModel& model, const elementNode& node, const sceneEditor& scene)
 {
     switch (node.kind()) {
@@ -128,6 +142,9 @@ void showKindFields(selectedObjectModel& model, const elementNode& node, const s
         model.isVisible = true;
         if (node.physics)
             model.physics = *node.physics;
+        // The sheet shows the shapes of single frames beside those of the whole image.
+        if (const tessaro::PhysicsProperty* frames = frameShapesOf(node))
+            model.physics = tessaro::joinedShapes(model.physics, *frames);
         // The rotation shown is the catalogue's until the level overrides it.
         if (node.rotationOverrides) {
             const tessaro::RotationProperties& rotation = *node.rotationOverrides;

@@ -16,6 +16,7 @@
 #include <QPixmap>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QUndoStack>
 
 #include <algorithm>
 #include <cstdio>
@@ -104,6 +105,9 @@ PlayLevel::PlayLevel(ShellDialogs& dialogs, QObject* parent)
       m_dialogs(dialogs),
       m_program(findGame(QCoreApplication::applicationDirPath()))
 {
+    m_editsSettle.setSingleShot(true);
+    m_editsSettle.setInterval(kEditDelay);
+    connect(&m_editsSettle, &QTimer::timeout, this, &PlayLevel::sendEdits);
 }
 
 PlayLevel::~PlayLevel()
@@ -141,8 +145,27 @@ void PlayLevel::stop()
 
 void PlayLevel::cleanUp()
 {
+    disconnect(m_edits);
+    m_editsSettle.stop();
+    m_tab = nullptr;
     m_folder.reset();
     m_projectFile.clear();
+}
+
+bool PlayLevel::writeProject(const std::vector<tessaro::Level>& levels)
+{
+    // Replaced in one step: the game never reads half a project.
+    return tessaro::saveLevels(levels, m_projectFile.toStdString());
+}
+
+void PlayLevel::sendEdits()
+{
+    if (!isRunning() || !m_tab)
+        return;
+    if (const auto& scene = m_tab->currentScene())
+        scene->writeBack(m_tab->levelSelected());
+    if (!writeProject(m_tab->levelConfig()))
+        tessaro::diagnostic("Play Level: the edits could not be written to " + m_projectFile.toStdString());
 }
 
 bool PlayLevel::play(projectTab* tab, const QString& workspace)
@@ -163,12 +186,30 @@ bool PlayLevel::play(projectTab* tab, const QString& workspace)
         return false;
     }
     const QString name = tab->filePath() ? QFileInfo(*tab->filePath()).completeBaseName() : tab->name();
-    return play(levels, int(selected - levels.begin()) + 1, name, workspace);
+    if (!play(levels, int(selected - levels.begin()) + 1, name, workspace))
+        return false;
+    if (m_tab != tab) {
+        disconnect(m_edits);
+        m_tab = tab;
+        m_edits = connect(&tab->undoStack(), &QUndoStack::indexChanged, this, [this] { m_editsSettle.start(); });
+    }
+    return true;
 }
 
 bool PlayLevel::play(const std::vector<tessaro::Level>& levels, int levelNumber, const QString& projectName,
                      const QString& workspace)
 {
+    if (isRunning() && projectName == m_projectName && levelNumber == m_levelNumber &&
+        m_arguments.value(0) == workspace) {
+        // The game on show: it takes the levels as they are and starts over.
+        m_editsSettle.stop();
+        if (!writeProject(levels)) {
+            fail(tr("The level could not be written to %1.").arg(m_projectFile));
+            return false;
+        }
+        m_process->write("restart\n");
+        return true;
+    }
     stop();
     if (m_program.isEmpty()) {
         fail(tr("The game program %1 was found neither beside StageWright nor on the PATH.").arg(gameProgramName()));
@@ -180,13 +221,15 @@ bool PlayLevel::play(const std::vector<tessaro::Level>& levels, int levelNumber,
         return false;
     }
     const QString file = QDir(m_folder->path()).filePath(safeFileName(projectName) + QStringLiteral(".plist"));
-    if (!tessaro::saveLevels(levels, file.toStdString())) {
+    m_projectFile = file;
+    if (!writeProject(levels)) {
         cleanUp();
         fail(tr("The level could not be written to %1.").arg(file));
         return false;
     }
-    m_projectFile = file;
-    m_arguments = {workspace, file, QStringLiteral("--level"), QString::number(levelNumber)};
+    m_projectName = projectName;
+    m_levelNumber = levelNumber;
+    m_arguments = {workspace, file, QStringLiteral("--level"), QString::number(levelNumber), QStringLiteral("--watch")};
 
     m_process = new QProcess(this);
     // The game's lines appear where the editor's do; the last one tells

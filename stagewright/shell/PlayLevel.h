@@ -3,15 +3,22 @@
 // user's is written: the project goes to a private temporary folder outside
 // the workspace, which is removed when the game ends. The editor does not
 // wait for the game; when the game fails, its last line is shown.
+//
+// One game keeps running while the designer works: it watches its project,
+// and every edit of the tab is written there shortly after it is made, so
+// the game shows it. Playing the same level again restarts that game and
+// brings its window to the front.
 #pragma once
 
 #include <tessaro/model/LevelRecords.h>
 
 #include <QIcon>
 #include <QObject>
+#include <QPointer>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -47,15 +54,20 @@ public:
     void setGameProgram(const QString& path) { m_program = path; }
 
     /// Plays the selected level of `tab`: its scene is written back into the
-    /// tab's levels first, so unsaved edits are played too. A game still
-    /// running from an earlier start is ended. False, with a message to the
-    /// user, when there is nothing to play or the game cannot start.
+    /// tab's levels first, so unsaved edits are played too. While the game
+    /// runs, the tab's edits follow it. False, with a message to the user,
+    /// when there is nothing to play or the game cannot start.
     bool play(projectTab* tab, const QString& workspace);
     /// Writes `levels` to a new temporary project named after `projectName`
     /// and starts the game on level `levelNumber` (from 1) of it with the
-    /// catalogues and images of `workspace`.
+    /// catalogues and images of `workspace`. A game still running on the
+    /// same level of the same project is given the levels and restarted; one
+    /// running another level or project is ended first.
     bool play(const std::vector<tessaro::Level>& levels, int levelNumber, const QString& projectName,
               const QString& workspace);
+
+    /// How long edits settle before they are written for the game, in ms.
+    static constexpr int kEditDelay = 200;
 
     /// A game started here runs (or is starting).
     bool isRunning() const;
@@ -73,6 +85,9 @@ private:
     void fail(const QString& detail);
     void stop();
     void cleanUp();
+    /// Writes the levels of the followed tab for the running game.
+    void sendEdits();
+    bool writeProject(const std::vector<tessaro::Level>& levels);
 
     ShellDialogs& m_dialogs;
     QString m_program;
@@ -81,6 +96,11 @@ private:
     QString m_projectFile;
     QStringList m_arguments;
     QString m_lastLine; // the last line the game wrote
+    QString m_projectName;
+    int m_levelNumber = 0;
+    QPointer<projectTab> m_tab; // whose edits the running game follows
+    QMetaObject::Connection m_edits;
+    QTimer m_editsSettle;
 };
 
 } // namespace stagewright

@@ -203,7 +203,10 @@ bool createWorkspace(const QString& rawPath, PermissionManager& gate)
                 for (const char* catalogue : {"ObjectList.plist", "CharacterList.plist", "ObstacleList.plist"})
                     copySeedFile(seed + QStringLiteral("Assets/") + QLatin1String(catalogue),
                                  assetsFolder(path) + QLatin1String(catalogue));
-            makeFolder(soundsFolder(path));
+            bool soundsCreated = false;
+            makeFolder(soundsFolder(path), &soundsCreated);
+            if (soundsCreated)
+                copySeedFolder(seed + QStringLiteral("Assets/Sounds"), soundsFolder(path).chopped(1));
             makeFolder(imagesFolder(path));
             bool extrasCreated = false;
             makeFolder(extrasFolder(path), &extrasCreated);

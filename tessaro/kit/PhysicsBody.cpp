@@ -1,6 +1,7 @@
 #include "PhysicsBody.h"
 
 #include "Geometry.h"
+#include "Node.h"
 #include "PhysicsWorld.h"
 #include "Types.h"
 
@@ -264,8 +265,37 @@ bool PhysicsBody::isEdgeBased() const
 
 // --- engine side --------------------------------------------------------------------
 
+void PhysicsBody::followMirror()
+{
+    bool x = false, y = false;
+    // The scene itself is the view's frame, not part of what is drawn mirrored.
+    for (const Node* n = m_node; n && n->parent(); n = n->parent()) {
+        x = x != (n->xScale() < 0);
+        y = y != (n->yScale() < 0);
+    }
+    if (x == m_mirrorX && y == m_mirrorY)
+        return;
+    m_mirrorX = x;
+    m_mirrorY = y;
+    if (!m_body)
+        return;
+    while (b2Fixture* f = m_body->GetFixtureList())
+        m_body->DestroyFixture(f);
+    addShapesTo(m_body);
+    m_body->SetAwake(true);
+}
+
 void PhysicsBody::addShapesTo(b2Body* body) const
 {
+    const auto mirror = [this](const QPointF& p) {
+        return QPointF(m_mirrorX ? -p.x() : p.x(), m_mirrorY ? -p.y() : p.y());
+    };
+    const auto inMeters = [&](const QPointF& p) { return toMeters(mirror(p)); };
+    const auto mirrored = [&](std::vector<QPointF> points) {
+        for (QPointF& p : points)
+            p = mirror(p);
+        return points;
+    };
     for (const PhysicsShape& s : m_shapes) {
         b2FixtureDef def;
         def.friction = float(m_friction);
@@ -276,7 +306,7 @@ void PhysicsBody::addShapesTo(b2Body* body) const
         case PhysicsShape::Kind::Polygon: {
             std::vector<b2Vec2> pts;
             for (const QPointF& p : s.points)
-                pts.push_back(toMeters(p));
+                pts.push_back(inMeters(p));
             const auto hull = engineHull(pts);
             if (hull.empty())
                 break;
@@ -288,7 +318,7 @@ void PhysicsBody::addShapesTo(b2Body* body) const
         }
         case PhysicsShape::Kind::Circle: {
             b2CircleShape shape;
-            shape.m_p = toMeters(s.center);
+            shape.m_p = inMeters(s.center);
             shape.m_radius = float(s.radius / kPointsPerMeter);
             def.shape = &shape;
             body->CreateFixture(&def);
@@ -297,7 +327,7 @@ void PhysicsBody::addShapesTo(b2Body* body) const
         case PhysicsShape::Kind::Edge: {
             if (s.points.size() < 2)
                 break;
-            const b2Vec2 a = toMeters(s.points[0]), b = toMeters(s.points[1]);
+            const b2Vec2 a = inMeters(s.points[0]), b = inMeters(s.points[1]);
             if (b2DistanceSquared(a, b) <= b2_linearSlop * b2_linearSlop)
                 break;
             b2EdgeShape shape;
@@ -312,7 +342,7 @@ void PhysicsBody::addShapesTo(b2Body* body) const
             // Separate two-sided edges: the engine's chains collide from one
             // side only, and a loop must hold things inside as well as outside.
             const bool loop = s.kind == PhysicsShape::Kind::Loop;
-            const auto v = chainVertices(s.points, loop);
+            const auto v = chainVertices(mirrored(s.points), loop);
             if (v.size() < 2)
                 break;
             const size_t segments = loop && v.size() > 2 ? v.size() : v.size() - 1;

@@ -1,7 +1,9 @@
 // Physics bodies over Box2D.
 //
 // A body is a description of shapes (in points, in the node's space, not
-// scaled with the node) and of physical properties. It comes to life in the
+// scaled with the node) and of physical properties. It mirrors with its
+// node: under a negative xScale (or yScale) of the node or an ancestor the
+// shapes lie mirrored on that axis, as the picture does. It comes to life in the
 // scene's physics world while its node is in a scene. Properties can be read
 // and set at any time.
 //
@@ -172,6 +174,9 @@ private:
     /// that the step's contact checks need not look up this object.
     uintptr_t engineMasks() const { return (uintptr_t(m_collision) << 32) | m_category; }
     void addShapesTo(b2Body* body) const;
+    /// Gives the engine body the shapes mirrored as the node now is, when
+    /// that changed.
+    void followMirror();
     void applyTypeToBody();
 
     std::vector<PhysicsShape> m_shapes;
@@ -202,6 +207,8 @@ private:
     bool m_written = false;
     bool m_following = false; // waits in the world's list of bodies to follow their nodes
     bool m_nodeMoved = false; // its node (or an ancestor) moved since it last followed
+    bool m_mirrorX = false; // the engine's shapes are mirrored on x
+    bool m_mirrorY = false;
 };
 
 using PhysicsBodyPtr = std::shared_ptr<PhysicsBody>;

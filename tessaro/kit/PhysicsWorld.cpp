@@ -226,6 +226,7 @@ void PhysicsWorld::attach(PhysicsBody& body)
     def.linearDamping = float(body.m_linearDamping);
     def.angularDamping = float(body.m_angularDamping);
     b2Body* b = m_world->CreateBody(&def);
+    body.followMirror();
     body.addShapesTo(b);
     body.m_body = b;
     body.m_world = this;
@@ -442,6 +443,8 @@ void PhysicsWorld::syncBodiesFromNodes(double dt)
         body->m_nodeMoved = false;
         if (!node || !b || body->m_world != this)
             continue;
+        if (moved)
+            body->followMirror();
         if (b->GetType() == b2_dynamicBody) {
             // A dynamic body moves its node; a node moved from outside moves it back.
             if (body->m_written && node->position() == body->m_writtenPosition &&

@@ -33,8 +33,10 @@ inline bool drawsAsEffect(const Node& n)
 } // namespace
 
 void Renderer::collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
-                       std::vector<Item>& items) const
+                       std::vector<Item>& items, std::vector<Item>* coming) const
 {
+    // What covers a good part of the view costs a frame of its own to scale.
+    constexpr qreal kLargeArea = 250'000;
     for (const auto& childPtr : node.children()) {
         const Node& child = *childPtr;
         if (child.isHidden())
@@ -52,9 +54,12 @@ void Renderer::collect(const Node& node, const QTransform& parentToDevice, qreal
             const QRectF device = t.mapRect(child.contentRect());
             if (device.intersects(m_clip) || m_clip.isNull())
                 items.push_back({&child, t, a, cz});
+            else if (coming && device.width() * device.height() >= kLargeArea &&
+                     device.intersects(m_clip.adjusted(-m_clip.width(), 0, m_clip.width(), 0)))
+                coming->push_back({&child, t, a, cz});
         }
         if (!child.children().empty())
-            collect(child, t, a, cz, items);
+            collect(child, t, a, cz, items, coming);
     }
 }
 
@@ -100,6 +105,32 @@ void Renderer::count(const Node& node)
     if (!texture || texture != m_lastTexture)
         ++m_draws;
     m_lastTexture = texture;
+}
+
+void Renderer::prepareComing()
+{
+    // A large picture about to scroll into view is scaled ahead, one a
+    // frame, rather than all in the frame it appears in: the size and the
+    // choices are those SpriteNode::draw makes for an upright sprite.
+    const quint64 made = m_picturesMade;
+    for (const Item& item : m_coming) {
+        const auto* sprite = dynamic_cast<const SpriteNode*>(item.node);
+        const QTransform& t = item.transform;
+        if (!sprite || !sprite->texture() || t.m12() != 0 || t.m21() != 0 || t.m22() >= 0 || t.m11() == 0)
+            continue;
+        const QRectF target = t.mapRect(sprite->contentRect());
+        const QPoint topLeft(qRound(target.left()), qRound(target.top()));
+        const QSize size(qRound(target.right()) - topLeft.x(), qRound(target.bottom()) - topLeft.y());
+        const QImage image = sprite->colorBlendFactor() > 0 ? sprite->blendedImage() : sprite->texture()->image();
+        if (image.isNull() || size.isEmpty() || qint64(size.width()) * size.height() > 16'000'000 ||
+            (t.m11() > 0 && size == image.size()))
+            continue;
+        const bool nearest = sprite->texture()->filteringMode() == Texture::Filtering::Nearest;
+        QPoint offset;
+        scaledImage(image, size, !nearest && m_options.smoothImages, t.m11() < 0, offset);
+        if (m_picturesMade != made)
+            return;
+    }
 }
 
 void Renderer::renderSubtree(const Node& root, QPainter& painter, const QTransform& rootToDevice, qreal opacity)
@@ -165,24 +196,54 @@ const QImage& Renderer::scaledImage(const QImage& image, const QSize& size, bool
     constexpr qint64 kBudget = 128 * 1024 * 1024; // bytes of scaled pictures kept
     const auto key = std::make_tuple(image.cacheKey(), size.width(), size.height(), smooth, mirrored);
     auto found = m_scaled.find(key);
+    // A sprite's edges are rounded to pixels where it stands, so a moving
+    // one is a pixel wider now and then: the picture a pixel off serves, or
+    // each step would scale the picture anew.
+    for (int dw = -1; dw <= 1 && found == m_scaled.end(); ++dw)
+        for (int dh = -1; dh <= 1 && found == m_scaled.end(); ++dh)
+            found = m_scaled.find(
+                std::make_tuple(image.cacheKey(), size.width() + dw, size.height() + dh, smooth, mirrored));
     if (found == m_scaled.end()) {
         Scaled made;
-        made.image =
-            image.scaled(size, Qt::IgnoreAspectRatio, smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
-        if (mirrored)
-            made.image = std::move(made.image).mirrored(true, false);
-        // Blending costs by the pixel: a picture with wide transparent
-        // margins keeps only what it paints.
-        const QRect painted = paintedRect(made.image);
-        if (qint64(painted.width()) * painted.height() * 10 < qint64(made.image.width()) * made.image.height() * 9) {
-            made.offset = painted.topLeft();
-            made.image = painted.isEmpty() ? QImage() : made.image.copy(painted);
+        QSize madeSize = size;
+        auto twin = m_scaled.end();
+        for (int dw = 0; dw <= 2 && twin == m_scaled.end(); ++dw)
+            for (int dh = 0; dh <= 2 && twin == m_scaled.end(); ++dh) {
+                // Nearest sizes first: 0, then +1, then -1.
+                const QSize near(size.width() + (dw == 2 ? -1 : dw), size.height() + (dh == 2 ? -1 : dh));
+                twin = m_scaled.find(std::make_tuple(image.cacheKey(), near.width(), near.height(), smooth, !mirrored));
+                if (twin != m_scaled.end())
+                    madeSize = near;
+            }
+        if (twin != m_scaled.end()) {
+            // The mirror of a kept picture costs far less than scaling anew
+            // (a view-filling background shows both, side by side).
+            made.image = twin->second.image.mirrored(true, false);
+            made.offset = QPoint(madeSize.width() - twin->second.offset.x() - twin->second.image.width(),
+                                 twin->second.offset.y());
+        } else {
+            made.image =
+                image.scaled(size, Qt::IgnoreAspectRatio, smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
+            if (mirrored)
+                made.image = std::move(made.image).mirrored(true, false);
+            // Blending costs by the pixel: a picture with wide transparent
+            // margins keeps only what it paints.
+            const QRect painted = paintedRect(made.image);
+            if (qint64(painted.width()) * painted.height() * 10 <
+                qint64(made.image.width()) * made.image.height() * 9) {
+                made.offset = painted.topLeft();
+                made.image = painted.isEmpty() ? QImage() : made.image.copy(painted);
+            }
+            // An opaque picture is copied where it is drawn rather than blended.
+            if (isOpaque(made.image))
+                made.image = std::move(made.image).convertToFormat(QImage::Format_RGB32);
         }
-        // An opaque picture is copied where it is drawn rather than blended.
-        if (isOpaque(made.image))
-            made.image = std::move(made.image).convertToFormat(QImage::Format_RGB32);
         m_scaledBytes += made.image.sizeInBytes();
-        found = m_scaled.emplace(key, std::move(made)).first;
+        ++m_picturesMade;
+        found = m_scaled
+                    .emplace(std::make_tuple(image.cacheKey(), madeSize.width(), madeSize.height(), smooth, mirrored),
+                             std::move(made))
+                    .first;
         // Over budget: the pictures not drawn for longest go first, never
         // one of the present render.
         while (m_scaledBytes > kBudget) {
@@ -222,9 +283,11 @@ void Renderer::render(const Scene& scene, QPainter& painter, const QRectF& targe
     std::vector<Item> items;
     items.swap(m_items);
     items.clear();
-    collect(scene, sceneToDevice, scene.alpha(), 0, items);
+    m_coming.clear();
+    collect(scene, sceneToDevice, scene.alpha(), 0, items, &m_coming);
     drawItems(painter, items);
     m_items.swap(items);
+    prepareComing();
     m_lastNodeCount = m_drawn;
     m_lastDrawCount = m_draws;
     m_lastQuadCount = m_quads;

@@ -67,12 +67,17 @@ public:
     /// either is shown: a run of sprites of one texture is one pass.
     int lastDrawCount() const { return m_lastDrawCount; }
     int lastQuadCount() const { return m_lastQuadCount; }
+    /// Scaled pictures made so far. A render makes those of the sprites it
+    /// draws, and at most one more for a large sprite within a view's width
+    /// of the view, which is about to come into it.
+    quint64 picturesMade() const { return m_picturesMade; }
 
     /// `image` scaled to `size` pixels, and turned left to right when
     /// `mirrored`, made once and kept while it is drawn (up to a budget of
     /// memory): upright sprites are drawn from it without scaling them again
     /// every frame. Wide transparent margins are cut off the kept picture:
     /// it is to be drawn `offset` pixels from the scaled picture's corner.
+    /// A kept picture one pixel off `size` either way serves for it.
     const QImage& scaledImage(const QImage& image, const QSize& size, bool smooth, bool mirrored, QPoint& offset);
 
 private:
@@ -82,8 +87,12 @@ private:
         qreal opacity;
         qreal z;
     };
-    void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z,
-                 std::vector<Item>& items) const;
+    /// The items of the subtree that show in the clip; into `coming`, when
+    /// given, the large ones that lie within a view's width of it.
+    void collect(const Node& node, const QTransform& parentToDevice, qreal opacity, qreal z, std::vector<Item>& items,
+                 std::vector<Item>* coming = nullptr) const;
+    /// Gets the picture of one coming item ready, if one needs it.
+    void prepareComing();
     void drawItems(QPainter& painter, const std::vector<Item>& items);
     /// Adds a drawn node to the draw and quad counts.
     void count(const Node& node);
@@ -102,6 +111,7 @@ private:
     const Texture* m_lastTexture = nullptr;
     QRectF m_clip;
     std::vector<Item> m_items; // reused between frames
+    std::vector<Item> m_coming;
     std::vector<std::pair<qreal, quint32>> m_order;
 
     struct Scaled {
@@ -111,6 +121,7 @@ private:
     };
     std::map<std::tuple<qint64, int, int, bool, bool>, Scaled> m_scaled;
     qint64 m_scaledBytes = 0;
+    quint64 m_picturesMade = 0;
     quint64 m_renders = 0;
 };
 

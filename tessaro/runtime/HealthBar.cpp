@@ -97,4 +97,14 @@ void setHealthSlot(kit::Node& node, int slot, const QString& image)
         health->setTexture(healthBarTexture(image));
 }
 
+void showHitsRemaining(kit::Node& node, int allowedTimesToHit, int hitsRemaining)
+{
+    const int shown = std::min(allowedTimesToHit, kHealthBarSlots);
+    for (int slot = 1; slot <= shown; ++slot)
+        setHealthSlot(node, slot,
+                      slot > hitsRemaining     ? QStringLiteral("object_HealthEmpty")
+                          : hitsRemaining == 1 ? QStringLiteral("object_HealthRed")
+                                               : QStringLiteral("object_HealthGreen"));
+}
+
 } // namespace tessaro

@@ -20,6 +20,11 @@ void addHealthBar(kit::SpriteNode& node, int allowedTimesToHit, const QPointF& o
 /// node has no such slot.
 void setHealthSlot(kit::Node& node, int slot, const QString& image);
 
+/// Shows `hitsRemaining` of `allowedTimesToHit` on the node's bar: the
+/// slots above it empty, the last one red, the others green. For games that
+/// count hits of characters, which have no `hit` of their own.
+void showHitsRemaining(kit::Node& node, int allowedTimesToHit, int hitsRemaining);
+
 /// The bar's pictures: "object_HealthBar", "object_HealthGreen",
 /// "object_HealthRed" and "object_HealthEmpty". A game supplies its own
 /// images of these names; plain coloured bars stand in for missing ones.

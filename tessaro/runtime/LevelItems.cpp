@@ -77,6 +77,13 @@ Obstacle mergedObstacle(const ObstacleLevelItem& item, const Obstacle& catalogue
     Obstacle merged = catalogue;
     if (item.properties) {
         overlay(merged, *item.properties);
+        // The item's animation says what differs from the template's: the
+        // shapes of its frames alone, say, keep the template's timing.
+        if (catalogue.animation && item.properties->animation) {
+            AnimationProperty animation = *catalogue.animation;
+            overlay(animation, *item.properties->animation);
+            merged.animation = std::move(animation);
+        }
         if (item.properties->devices)
             merged.devices =
                 mergedDevices(*item.properties->devices, catalogue.devices.value_or(std::vector<DeviceProperties>{}));

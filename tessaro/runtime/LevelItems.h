@@ -24,8 +24,9 @@ std::vector<DeviceProperties> mergedDevices(const std::vector<DeviceProperties>&
                                             const std::vector<DeviceProperties>& catalogue);
 
 /// The obstacle that a level item stands for: every value the item sets
-/// wins over its catalogue record, device entries merge field by field, and
-/// the item's name, depth and visibility are the obstacle's.
+/// wins over its catalogue record, device entries and the animation merge
+/// field by field, and the item's name, depth and visibility are the
+/// obstacle's.
 Obstacle mergedObstacle(const ObstacleLevelItem& item, const Obstacle& catalogue);
 
 } // namespace tessaro

@@ -8,6 +8,7 @@
 #include "RandomDraw.h"
 
 #include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/FrameShapes.h>
 
 #include <algorithm>
 
@@ -44,6 +45,16 @@ struct KeptBody {
         return {body->isDynamic(),       body->affectedByGravity(), body->allowsRotation(),
                 body->categoryBitMask(), body->collisionBitMask(),  body->contactTestBitMask()};
     }
+
+    void applyTo(PhysicsBody& body) const
+    {
+        body.setDynamic(isDynamic);
+        body.setAffectedByGravity(affectedByGravity);
+        body.setAllowsRotation(allowsRotation);
+        body.setCategoryBitMask(category);
+        body.setCollisionBitMask(collision);
+        body.setContactTestBitMask(contact);
+    }
 };
 
 PhysicsBodyPtr frameBody(const boxed<PhysicsProperty>& physics, int frame, const kit::TexturePtr& texture,
@@ -64,6 +75,35 @@ PhysicsBodyPtr frameBody(const boxed<PhysicsProperty>& physics, int frame, const
     if (bodies.empty())
         bodies.push_back(PhysicsBody::bodyWithTexture(texture, nodeSize));
     return PhysicsBody::bodyWithBodies(bodies);
+}
+
+/// The shapes drawn on a cycle-end animation for frame `frame`: those of
+/// every frame and those of that frame. Null when none is drawn.
+PhysicsBodyPtr drawnEndBody(const boxed<PhysicsProperty>& physics, int frame, const QSizeF& size)
+{
+    if (!physics)
+        return nullptr;
+    const auto wanted = [frame](const std::optional<std::string>& frames) {
+        return !isFrameShape(frames) || shapeAppliesToFrame(frames, frame);
+    };
+    std::vector<PhysicsBodyPtr> bodies;
+    for (const RectanglePhysics& r : physics->rectangles.value_or(std::vector<RectanglePhysics>{}))
+        if (wanted(r.framesAffected))
+            bodies.push_back(rectangleBody(r));
+    for (const EdgePhysics& e : physics->edges.value_or(std::vector<EdgePhysics>{}))
+        if (wanted(e.framesAffected))
+            bodies.push_back(edgeBody(e, size));
+    for (const RadiusPhysics& c : physics->radiuses.value_or(std::vector<RadiusPhysics>{}))
+        if (wanted(c.framesAffected))
+            bodies.push_back(circleBody(c));
+    std::erase(bodies, nullptr);
+    return bodies.empty() ? nullptr : PhysicsBody::bodyWithBodies(bodies);
+}
+
+/// Whether a cycle-end animation's body changes from frame to frame.
+bool hasFrameShapes(const boxed<PhysicsProperty>& physics)
+{
+    return physics && hasShapes(splitFrameShapes(*physics).frames);
 }
 
 } // namespace
@@ -270,7 +310,12 @@ void SKSpriteNode2dBase::runCycleEndAnimation(const CycleEndProperties& entry, S
     settings.collision = masks.collision;
     settings.contact = masks.contact;
     settings.useGravity = true;
-    end->usePhysicsRectangle(QSizeF(size.width, size.height), QPointF(), settings);
+    // The shapes drawn on the animation in the physics sheet, else its whole size.
+    const QSizeF endSize(size.width, size.height);
+    if (const PhysicsBodyPtr drawn = drawnEndBody(entry.physics, 0, endSize))
+        end->usePhysicsBodies(std::vector<PhysicsBodyPtr>{drawn}, settings);
+    else
+        end->usePhysicsRectangle(endSize, QPointF(), settings);
     target.parent()->addChild(end);
 
     const double duration = entry.animationDuration.value_or(0);
@@ -284,8 +329,27 @@ void SKSpriteNode2dBase::runCycleEndAnimation(const CycleEndProperties& entry, S
             onTarget.push_back(Action::fadeInWithDuration(0.01));
     }
     target.runAction(Action::sequence(onTarget));
-    end->runAction(Action::sequence(
-        {Action::animateWithTextures(frames, duration / double(frames.size())), Action::removeFromParent()}));
+    const double perFrame = duration / double(frames.size());
+    if (!hasFrameShapes(entry.physics)) {
+        end->runAction(Action::sequence({Action::animateWithTextures(frames, perFrame), Action::removeFromParent()}));
+        return;
+    }
+    // Shapes drawn for single frames: each frame brings its own body.
+    std::vector<ActionPtr> steps;
+    const boxed<PhysicsProperty> shapes = entry.physics;
+    for (int f = 0; f < int(frames.size()); ++f) {
+        steps.push_back(end->block([f, frames, shapes, endSize](SKSpriteNode2dBase& node) {
+            const KeptBody kept = KeptBody::of(node.physicsBody());
+            if (PhysicsBodyPtr body = drawnEndBody(shapes, f, endSize)) {
+                node.setPhysicsBody(body);
+                kept.applyTo(*body);
+            }
+            node.setTexture(frames[size_t(f)]);
+        }));
+        steps.push_back(Action::waitForDuration(perFrame));
+    }
+    steps.push_back(Action::removeFromParent());
+    end->runAction(Action::sequence(steps));
 }
 
 void SKSpriteNode2dBase::runMoveEndAnimation()

@@ -49,10 +49,13 @@ echo "stagewright-cli: all checks passed"
 sample="$seed/../sample/Levels/Sample.plist"
 report=$("$play" "$seed" "$sample" --headless --frames 600 --report --autopilot --screenshot "$work/play.png")
 for start in "sprites created: obstacles 11, characters 4, coins 13, shields 1, artifacts 1, checkpoints 1" \
-             "bodies: " "contacts begun: " "coins collected: " "player final position: " "frame time: min "; do
+             "bodies: " "contacts begun: " "coins collected: " "player final position: " "sounds started: " "hits: " \
+             "frame time: min "; do
   grep -q "^$start" <<<"$report" || fail "tessaro-play report lacks '$start': $report"
 done
-[ "$(grep -c . <<<"$report")" -eq 6 ] || fail "tessaro-play report is not six lines: $report"
+[ "$(grep -c . <<<"$report")" -eq 8 ] || fail "tessaro-play report is not eight lines: $report"
+grep -q "^sounds started: .*coin.wav [1-9]" <<<"$report" || fail "collected coins made no sound: $report"
+grep -q "^frame time: .* median .* 99th percentile .* max " <<<"$report" || fail "frame time line: $report"
 collected=$(sed -n 's/^coins collected: \([0-9]*\) of 13$/\1/p' <<<"$report")
 [ "${collected:-0}" -gt 0 ] || fail "the autopilot collected no coin: $report"
 x=$(sed -n 's/^player final position: \(-\{0,1\}[0-9]*\)\..*/\1/p' <<<"$report")

@@ -157,7 +157,14 @@ TEST_F(PhysicsChainTest, ShapesDrawnFrameByFrameOnAnAtlasMakeTheBodyOfTheirFrame
                 picture.setPixelColor(x, y, Qt::black);
         picture.save(atlas + QStringLiteral("door_%1.png").arg(frame));
     }
-    tessaro::obstacleCatalogue().push_back(obstacleTemplate("Door", "door", "{40,40}"));
+    // The template animates the door; nothing says yet that its body changes.
+    tessaro::Obstacle door = obstacleTemplate("Door", "door", "{40,40}");
+    door.useGravity = false;
+    door.collisionMasks.emplace().category = "staticObjectBody";
+    tessaro::AnimationProperty& animation = door.animation.emplace();
+    animation.frequency = "foreverAutomatically";
+    animation.waitPerAnimationFrame.emplace().idle = 0.2;
+    tessaro::obstacleCatalogue().push_back(door);
     tessaro::Level level = everyKind();
     level.obstacles->front().elementName = "Door";
     show({level});
@@ -166,7 +173,8 @@ TEST_F(PhysicsChainTest, ShapesDrawnFrameByFrameOnAnAtlasMakeTheBodyOfTheirFrame
     ASSERT_EQ(session->imageList().size(), 2);
     Canvas canvas(*session);
 
-    // On each frame a 16 by 16 square, moved to the left on frame 0 and to the right on frame 1.
+    // On each frame a 16 by 16 square, moved to the left on frame 0 and to
+    // the right on frame 1; and a bar across the bottom on every frame.
     for (const int frame : {0, 1}) {
         session->selectImage(frame);
         session->setActiveType(insertType::rectangle);
@@ -175,24 +183,40 @@ TEST_F(PhysicsChainTest, ShapesDrawnFrameByFrameOnAnAtlasMakeTheBodyOfTheirFrame
         const double to = frame == 0 ? -12 : 12;
         canvas.gesture({Canvas::pixel(1, 1), Canvas::pixel(1 + to, 1), Canvas::pixel(1 + to, 1)});
     }
-    const tessaro::PhysicsProperty stored = session->record();
-    ASSERT_EQ(stored.rectangles->size(), 2u);
-    EXPECT_EQ(stored.rectangles->at(0).framesAffected, "0");
-    EXPECT_EQ(stored.rectangles->at(0).center, "{-12.0,0.0}");
-    EXPECT_EQ(stored.rectangles->at(1).framesAffected, "1");
+    session->setActiveType(insertType::edge);
+    canvas.gesture({Canvas::pixel(-20, 18), Canvas::pixel(20, 18), Canvas::pixel(20, 18)});
+    session->setFramesAffected(session->physicsElements().front().id, "");
+    const tessaro::PhysicsProperty drawn = session->record();
+    ASSERT_EQ(drawn.rectangles->size(), 2u);
+    EXPECT_EQ(drawn.rectangles->at(0).framesAffected, "0");
+    EXPECT_EQ(drawn.rectangles->at(0).center, "{-12.0,0.0}");
+    EXPECT_EQ(drawn.rectangles->at(1).framesAffected, "1");
 
-    // The game animates the atlas with a body per frame from these shapes.
+    // Applied and saved, the frames' shapes are the animation's and the bar the door's own.
+    ASSERT_TRUE(session->applyPhysics());
+    const tessaro::Level written = saved();
+    const tessaro::ObstacleLevelItem& item = written.obstacles->front();
+    ASSERT_TRUE(item.properties->animation && item.properties->animation->physics);
+    const auto& frames = item.properties->animation->physics->rectangles;
+    ASSERT_TRUE(frames && frames->size() == 2u);
+    EXPECT_EQ(frames->at(0).framesAffected, "0");
+    EXPECT_EQ(frames->at(0).center, "{-12.0,0.0}");
+    EXPECT_EQ(frames->at(1).framesAffected, "1");
+    EXPECT_EQ(frames->at(1).center, "{12.0,0.0}");
+    EXPECT_EQ(item.properties->animation->changePhysics, true) << "the body changes with the frames now";
+    ASSERT_TRUE(item.properties->physics);
+    EXPECT_FALSE(item.properties->physics->rectangles);
+    ASSERT_TRUE(item.properties->physics->edges && item.properties->physics->edges->size() == 1u);
+    EXPECT_FALSE(item.properties->physics->edges->front().framesAffected) << "the bar is on every frame";
+    // The sheet opens again on all of them.
+    EXPECT_EQ(open(physicsEditMode::element)->physicsElements().size(), 3u);
+
+    // The game animates the atlas with a body per frame from the saved level.
     tessaro::kit::resources::setSearchPaths(tessaro::workspaceSearchPaths(workspace->path()));
-    tessaro::Obstacle record = obstacleTemplate("Door", "door", "{40,40}");
-    record.useGravity = false;
-    record.collisionMasks.emplace().category = "staticObjectBody";
-    tessaro::AnimationProperty& animation = record.animation.emplace();
-    animation.frequency = "foreverAutomatically";
-    animation.changePhysics = true;
-    animation.waitPerAnimationFrame.emplace().idle = 0.2;
-    animation.physics = stored;
     Game game;
-    auto node = tessaro::ObstacleCreationHelper::createObstacle(record, *game.scene, *game.scene);
+    auto node = tessaro::ObstacleCreationHelper::createObstacle(
+        tessaro::mergedObstacle(item, *tessaro::findObstacle(tessaro::obstacleCatalogue(), "Door")), *game.scene,
+        *game.scene);
     game.scene->addChild(node);
     game.runTo(0.1); // frame 0
     EXPECT_TRUE(game.touches(*node, {-12, 0}));

@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 #include <QTest>
 #include <QToolBar>
+#include <QUndoCommand>
 
 namespace stagewright::test {
 
@@ -35,6 +36,26 @@ QString fakeGame(const QString& folder, const QString& notes, int seconds)
                                 "sleep %2\n")
                      .arg(notes)
                      .arg(seconds)
+                     .toUtf8());
+    script.close();
+    script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+    return path;
+}
+
+/// A stand-in for a watching tessaro-play: notes its arguments and the
+/// project's path in `notes`, then writes each line it is sent to
+/// "commands" until its input closes.
+QString watchingGame(const QString& folder, const QString& notes)
+{
+    QDir().mkpath(folder);
+    const QString path = folder + QStringLiteral("/tessaro-play");
+    QFile script(path);
+    EXPECT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(QStringLiteral("#!/bin/sh\n"
+                                "printf '%s\\n' \"$@\" > \"%1/arguments.tmp\"\n"
+                                "mv \"%1/arguments.tmp\" \"%1/arguments\"\n"
+                                "while read -r line; do echo \"$line\" >> \"%1/commands\"; done\n")
+                     .arg(notes)
                      .toUtf8());
     script.close();
     script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
@@ -95,12 +116,12 @@ TEST_F(PlayLevelTest, PlaysTheFrontLevelWithItsUnsavedEditsWithoutTouchingTheUse
 
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(notes + QStringLiteral("/arguments")), 10000);
     const QStringList given = lines(notes + QStringLiteral("/arguments"));
-    ASSERT_EQ(given.size(), 4);
+    ASSERT_EQ(given.size(), 5);
     EXPECT_EQ(given[0], workingSpacePath());
     EXPECT_EQ(QFileInfo(given[1]).fileName(), QStringLiteral("Forest.plist"));
     EXPECT_FALSE(given[1].startsWith(workingSpacePath())) << "nothing is written into the workspace";
     EXPECT_NE(QFileInfo(given[1]).absoluteFilePath(), QFileInfo(file).absoluteFilePath());
-    EXPECT_EQ(given.mid(2), QStringList({QStringLiteral("--level"), QStringLiteral("2")}));
+    EXPECT_EQ(given.mid(2), QStringList({QStringLiteral("--level"), QStringLiteral("2"), QStringLiteral("--watch")}));
 
     const std::vector<tessaro::Level> played = readProject(notes + QStringLiteral("/project.plist"));
     ASSERT_EQ(played.size(), 3u);
@@ -182,6 +203,49 @@ TEST_F(PlayLevelTest, AGameThatCannotStartIsToldAndANewPlayEndsTheRunningGame)
     EXPECT_EQ(PlayLevel::findGame(editor), home->folder(QStringLiteral("apps/tessaro-play")) + "/tessaro-play");
     fakeGame(editor, notes, 0);
     EXPECT_EQ(PlayLevel::findGame(editor), editor + "/tessaro-play");
+}
+
+TEST_F(PlayLevelTest, TheRunningGameFollowsTheTabsEditsAndPlayingAgainRestartsIt)
+{
+    const QString notes = home->folder(QStringLiteral("notes"));
+    PathWith path(QFileInfo(watchingGame(home->folder(QStringLiteral("bin")), notes)).path());
+    const QString file = project(QStringLiteral("Meadow.plist"), 2);
+    QFile original(file);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    const QByteArray before = original.readAll();
+    original.close();
+    settings->openProject(file);
+    settle();
+    QAction* play = action(QStringLiteral("Play Level"));
+    ASSERT_NE(play, nullptr);
+    play->trigger();
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(notes + QStringLiteral("/arguments")), 10000);
+    const QStringList given = lines(notes + QStringLiteral("/arguments"));
+    ASSERT_EQ(given.size(), 5);
+    const QString temporary = given[1];
+
+    // An edit, as a step of the tab's history, reaches the game's project.
+    std::vector<tessaro::Level> edited = front().levelConfig();
+    edited[0].settings.size = "{2345,700}";
+    front().setLevelConfig(edited);
+    front().undoStack().push(new QUndoCommand(QStringLiteral("Resize")));
+    const auto playedSize = [&] {
+        const std::vector<tessaro::Level> played = readProject(temporary);
+        return played.empty() ? std::nullopt : played.front().settings.size;
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(playedSize(), std::optional<std::string>("{2345,700}"), 5000);
+
+    // Playing again restarts the same game rather than starting another.
+    QFile::remove(notes + QStringLiteral("/arguments"));
+    play->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(lines(notes + QStringLiteral("/commands")), QStringList{QStringLiteral("restart")}, 5000);
+    QTest::qWait(200);
+    EXPECT_FALSE(QFile::exists(notes + QStringLiteral("/arguments"))) << "no second game";
+    EXPECT_TRUE(dialogs.failures.isEmpty()) << dialogs.failures.join(QLatin1Char('\n')).toStdString();
+
+    // None of this touched the user's file.
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    EXPECT_EQ(original.readAll(), before);
 }
 
 } // namespace stagewright::test

@@ -108,7 +108,24 @@ TEST_F(SampleTest, EverythingItNamesIsInTheSeedOfANewWorkspace)
         EXPECT_TRUE(imageExists(sceneObjectType::coin, *level.coins->image));
         EXPECT_TRUE(imageExists(sceneObjectType::shield, *level.shields->image));
         EXPECT_TRUE(imageExists(sceneObjectType::artifact, *level.artifacts->image));
+        std::vector<tessaro::GameSound> sounds;
+        for (const auto* part : {level.coins ? &level.coins->soundEffects : nullptr,
+                                 level.checkpoints ? &level.checkpoints->soundEffects : nullptr,
+                                 level.levelEnd ? &level.levelEnd->soundEffects : nullptr})
+            if (part && *part)
+                sounds.insert(sounds.end(), (*part)->begin(), (*part)->end());
+        EXPECT_FALSE(sounds.empty()) << "coins, checkpoints and the level end sound";
+        for (const tessaro::GameSound& sound : sounds)
+            EXPECT_TRUE(QFileInfo::exists(soundsFolder(workingSpacePath()) + QString::fromStdString(sound.filename) +
+                                          "." + QString::fromStdString(sound.fileExtension)))
+                << sound.filename;
     }
+    // The catalogues' sounds are there too.
+    for (const auto& record : tessaro::obstacleCatalogue())
+        for (const tessaro::GameSound& sound : record.soundEffects.value_or(std::vector<tessaro::GameSound>{}))
+            EXPECT_TRUE(
+                QFileInfo::exists(soundsFolder(workingSpacePath()) + QString::fromStdString(sound.filename) + ".wav"))
+                << sound.filename;
 }
 
 TEST_F(SampleTest, InstallingNeverReplacesAUsersFile)

@@ -489,3 +489,61 @@ TEST(Physics, PolygonBodiesSplitConcaveOutlines)
         area += polygonArea(s.points);
     EXPECT_NEAR(area, polygonArea(round), 1e-6);
 }
+
+TEST(Physics, BodiesMirrorWithTheirNodes)
+{
+    World w;
+    w.scene->physicsWorld().setGravity({0, 0});
+    // An L: a post left of the centre and a foot to the right.
+    QPainterPath outline;
+    outline.moveTo(-20, -20);
+    outline.lineTo(30, -20);
+    outline.lineTo(30, -10);
+    outline.lineTo(-10, -10);
+    outline.lineTo(-10, 20);
+    outline.lineTo(-20, 20);
+    outline.closeSubpath();
+    auto carrier = Node::create();
+    carrier->setPosition(100, 0);
+    auto node = Node::create();
+    node->setPhysicsBody(PhysicsBody::bodyWithPolygonFromPath(outline));
+    node->physicsBody()->setDynamic(false);
+    carrier->addChild(node);
+    w.scene->addChild(carrier);
+    const auto at = [&](double x, double y) {
+        return w.scene->physicsWorld().bodyAtPoint(QPointF(100 + x, y)) != nullptr;
+    };
+
+    w.run(1.0 / 60);
+    EXPECT_TRUE(at(25, -15)) << "the foot, as drawn";
+    EXPECT_FALSE(at(-25, -15));
+    EXPECT_TRUE(at(-15, 10)) << "the post";
+
+    node->setXScale(-1);
+    w.run(1.0 / 60);
+    EXPECT_TRUE(at(-25, -15)) << "the foot points left with the picture";
+    EXPECT_FALSE(at(25, -15));
+    EXPECT_TRUE(at(15, 10));
+    EXPECT_FALSE(at(-15, 10));
+
+    // A mirrored carrier mirrors its children; two mirrors cancel out.
+    carrier->setXScale(-1);
+    w.run(1.0 / 60);
+    EXPECT_TRUE(at(25, -15));
+    EXPECT_FALSE(at(-25, -15));
+    node->setXScale(1);
+    node->setYScale(-1);
+    w.run(1.0 / 60);
+    EXPECT_TRUE(at(-25, 15)) << "mirrored on both axes";
+    EXPECT_FALSE(at(25, -15));
+
+    // A body given to an already mirrored node starts mirrored.
+    auto late = Node::create();
+    late->setXScale(-1);
+    late->setPosition(-200, 0);
+    late->setPhysicsBody(PhysicsBody::bodyWithRectangleOfSize({10, 10}, {20, 0}));
+    w.scene->addChild(late);
+    w.run(1.0 / 60);
+    EXPECT_TRUE(w.scene->physicsWorld().bodyAtPoint({-220, 0}));
+    EXPECT_FALSE(w.scene->physicsWorld().bodyAtPoint({-180, 0}));
+}

@@ -6,6 +6,7 @@
 #include <tessaro/kit/SpriteNode.h>
 
 #include <QFile>
+#include <QPainter>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -446,4 +447,73 @@ TEST(Renderer, SvgImagesBecomeTextures)
     EXPECT_EQ(texture->size(), QSizeF(40, 20));
     EXPECT_EQ(texture->image().pixelColor(5, 10), QColor(255, 0, 0));
     EXPECT_EQ(texture->image().pixelColor(35, 10), QColor(0, 0, 255));
+}
+
+TEST(Renderer, KeptPicturesServeAPixelOffAndTheirMirror)
+{
+    // A picture whose left half is red and right half blue, with a clear
+    // margin on the right that the kept picture leaves out.
+    QImage picture(40, 20, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 30; ++x)
+            picture.setPixelColor(x, y, x < 15 ? Qt::red : Qt::blue);
+    Renderer renderer;
+    QPoint offset, nearOffset, mirroredOffset;
+    const QImage kept = renderer.scaledImage(picture, QSize(80, 40), true, false, offset);
+    ASSERT_FALSE(kept.isNull());
+    // A sprite a pixel wider where it now stands is drawn from the same picture.
+    const QImage near = renderer.scaledImage(picture, QSize(81, 40), true, false, nearOffset);
+    EXPECT_EQ(near.cacheKey(), kept.cacheKey());
+    EXPECT_NE(renderer.scaledImage(picture, QSize(83, 40), true, false, nearOffset).cacheKey(), kept.cacheKey());
+
+    // The mirror comes from the kept picture, its margin now on the left.
+    const QImage mirrored = renderer.scaledImage(picture, QSize(80, 40), true, true, mirroredOffset);
+    ASSERT_EQ(mirrored.size(), kept.size());
+    EXPECT_EQ(mirroredOffset, QPoint(80 - offset.x() - kept.width(), offset.y()));
+    EXPECT_GT(mirroredOffset.x(), 0);
+    EXPECT_EQ(mirrored.pixelColor(0, 10), kept.pixelColor(kept.width() - 1, 10));
+    EXPECT_EQ(mirrored.pixelColor(2, 10).blue(), 255) << "blue now on the left";
+    EXPECT_EQ(mirrored.pixelColor(mirrored.width() - 3, 10).red(), 255);
+}
+
+TEST(Renderer, LargeSpritesAboutToComeIntoViewAreScaledAheadOneAFrame)
+{
+    // A scene of 400 by 200 shown at 800 by 400: every picture is scaled.
+    auto scene = Scene::sceneWithSize({400, 200});
+    const auto sprite = [&](QSize size, QColor colour, qreal x) {
+        QImage image(size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(colour); // a picture of its own
+        auto node = std::make_shared<SpriteNode>(Texture::fromImage(image));
+        node->setPosition(x, 0);
+        scene->addChild(node);
+        return node;
+    };
+    auto near = sprite({600, 200}, Qt::darkGreen, 520); // starts a little right of the view
+    auto next = sprite({600, 200}, Qt::green, 540);
+    auto far = sprite({600, 200}, Qt::gray, 1800); // farther than a view's width
+    sprite({10, 10}, Qt::red, 0); // small, in view
+    sprite({10, 10}, Qt::blue, 300); // small, coming
+    Renderer renderer;
+    QImage picture(800, 400, QImage::Format_ARGB32_Premultiplied);
+    const auto render = [&] {
+        QPainter painter(&picture);
+        renderer.render(*scene, painter, QRectF(0, 0, 800, 400));
+    };
+
+    render();
+    EXPECT_EQ(renderer.picturesMade(), 2u) << "the one in view, and one large coming sprite";
+    render();
+    EXPECT_EQ(renderer.picturesMade(), 3u) << "the other the next frame";
+    render();
+    EXPECT_EQ(renderer.picturesMade(), 3u) << "nothing small, nothing far off";
+    // Scrolled into view, they cost no scaling.
+    near->setPosition(100, 0);
+    next->setPosition(120, 0);
+    render();
+    EXPECT_EQ(renderer.picturesMade(), 3u);
+    EXPECT_EQ(renderer.lastNodeCount(), 3);
+    far->setPosition(400, 0);
+    render();
+    EXPECT_EQ(renderer.picturesMade(), 4u) << "one that appears at once is scaled as it is drawn";
 }

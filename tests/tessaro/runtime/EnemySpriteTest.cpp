@@ -164,6 +164,42 @@ TEST(EnemySprite, WalksItsStatesFromIdleToAttackAndBack)
     EXPECT_LT(enemy->physicsBody()->shapes().size(), leftShapes) << "no idle shape faces left but 'all'";
 }
 
+TEST(EnemySprite, ABodyDrawnOnTheRightFacingPictureTurnsWithIt)
+{
+    Stage stage;
+    Character record = slimeRecord();
+    record.targetDistances->near.reset(); // it stays where it is
+    // A snout right of the centre, on the picture as drawn (facing right).
+    PolyPhysics snout;
+    snout.action = "idle";
+    snout.direction = "both";
+    for (const char* corner : {"{4,-3}", "{14,-3}", "{14,3}", "{4,3}", "{4,-3}"})
+        snout.points.push_back(Point{{}, {}, corner});
+    record.physics.emplace().polygons = std::vector<PolyPhysics>{snout};
+    auto enemy = stage.slime(record);
+    enemy->setPosition(100, 0);
+    Clock clock(*stage.scene);
+    const auto touches = [&](double dx) {
+        return stage.scene->physicsWorld().bodyAtPoint(enemy->position() + QPointF(dx, 0)).get() ==
+            enemy->physicsBody();
+    };
+
+    stage.player->setPosition(0, 0); // on its left: the picture is mirrored
+    enemy->update();
+    clock.to(1.0 / 60);
+    ASSERT_EQ(enemy->xScale(), -1);
+    ASSERT_NE(enemy->physicsBody(), nullptr);
+    EXPECT_TRUE(touches(-9)) << "the snout shows on the left";
+    EXPECT_FALSE(touches(9)) << "nothing where the unmirrored snout would be";
+
+    stage.player->setPosition(300, 0);
+    enemy->update();
+    clock.to(2.0 / 60);
+    ASSERT_EQ(enemy->xScale(), 1);
+    EXPECT_TRUE(touches(9));
+    EXPECT_FALSE(touches(-9));
+}
+
 TEST(EnemySprite, DiesOnceFallsAwayAndClearsTheDamage)
 {
     Stage stage;

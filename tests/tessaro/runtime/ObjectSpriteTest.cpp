@@ -226,6 +226,71 @@ TEST(ObjectSprite, CycleEndsShowTheirEndSpriteCallBackAndRemove)
     EXPECT_EQ(lamp->parent(), nullptr);
 }
 
+TEST(ObjectSprite, CycleEndSpritesTakeTheShapesDrawnOnThem)
+{
+    Stage stage;
+    stage.pictures.image("lamp", 10, 10);
+    stage.pictures.atlas("burst", 2);
+    const auto rectangle = [](const char* center, std::optional<std::string> frames) {
+        RectanglePhysics r;
+        r.size = "{6,6}";
+        r.center = center;
+        r.framesAffected = std::move(frames);
+        return r;
+    };
+    CycleEndProperties end;
+    end.atlasName = "burst";
+    end.animationDuration = 0.4;
+    DeviceProperties device;
+    device.deviceName = "defaultDevice";
+    device.size = "{60,60}";
+    end.devices = std::vector<DeviceProperties>{device};
+    end.collisionMasks.emplace().category = "staticObjectBody";
+    // A block on every frame, and one that moves from the left on frame 0 to the right on frame 1.
+    end.physics.emplace().rectangles = std::vector<RectanglePhysics>{
+        rectangle("{0,20}", std::nullopt), rectangle("{-20,0}", "0"), rectangle("{20,0}", "1")};
+    AnimationProperty animation = animationOf("once");
+    animation.cycleEndProperties = std::vector<CycleEndProperties>{end};
+    auto lamp = stage.object("lamp", animation);
+    lamp->setPosition(100, 100);
+    Clock clock(*stage.scene);
+    const auto touched = [&](double dx, double dy) {
+        const kit::PhysicsBodyPtr body = stage.scene->physicsWorld().bodyAtPoint(QPointF(100 + dx, 100 + dy));
+        return body && body->node() && body->node()->name() == QLatin1String("OBJECT_lamp_end");
+    };
+
+    lamp->runCycleEnds();
+    clock.to(0.1);
+    ASSERT_TRUE(stage.scene->childNodeWithName("OBJECT_lamp_end"));
+    EXPECT_TRUE(touched(0, 20)) << "the block of every frame";
+    EXPECT_TRUE(touched(-20, 0)) << "frame 0's block";
+    EXPECT_FALSE(touched(20, 0));
+    EXPECT_FALSE(touched(0, -20)) << "not the whole picture";
+    clock.to(0.3);
+    EXPECT_TRUE(touched(0, 20));
+    EXPECT_FALSE(touched(-20, 0));
+    EXPECT_TRUE(touched(20, 0)) << "frame 1's block";
+}
+
+TEST(ObjectSprite, AnObjectWhosePictureIsFlippedCarriesItsBodyFlipped)
+{
+    Stage stage;
+    stage.pictures.atlas("flag", 2);
+    AnimationProperty flipped = animationOf("foreverAutomatically");
+    flipped.flipImage = true;
+    auto flag = stage.object("flag", flipped);
+    flag->setPosition(-100, -100);
+    PhysicsSettings settings;
+    settings.isDynamic = false;
+    flag->usePhysicsRectangle(QSizeF(4, 4), QPointF(3, 0), settings);
+    Clock clock(*stage.scene);
+    flag->startAnimation();
+    clock.to(0.1);
+    ASSERT_EQ(flag->xScale(), -1);
+    EXPECT_TRUE(stage.scene->physicsWorld().bodyAtPoint({-103, -100}));
+    EXPECT_FALSE(stage.scene->physicsWorld().bodyAtPoint({-97, -100}));
+}
+
 TEST(ObjectSprite, HitsEmptyTheHealthBarAndVolumeFallsWithDistance)
 {
     Stage stage;
