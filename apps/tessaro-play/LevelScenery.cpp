@@ -1,6 +1,7 @@
 #include "LevelScenery.h"
 
 #include <tessaro/model/DeviceLookup.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 #include <tessaro/runtime/SKSpriteNodeSharedBase.h>
 
@@ -127,7 +128,7 @@ private:
         std::vector<std::vector<TexturePtr>> grid;
         if (stacked) {
             std::vector<TexturePtr> column;
-            for (const std::string& name : namesFromText(section.image.value_or("")))
+            for (const std::string& name : trimmedNamesFromText(section.image.value_or("")))
                 if (!name.empty())
                     column.push_back(m_scene.cachedTexture(QString::fromStdString(name)));
             grid.assign(size_t(repeat + 1), column);

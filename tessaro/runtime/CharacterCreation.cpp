@@ -6,6 +6,7 @@
 
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 namespace tessaro {
@@ -121,8 +122,8 @@ SKSpriteNodeEnemy2dBasePtr ObstacleCreationHelper::createCharacter(const Charact
     std::string startAction = "IdleBlinking";
     if (actions.initial)
         startAction = *actions.initial;
-    else if (actions.idle && !namesFromText(*actions.idle).empty())
-        startAction = namesFromText(*actions.idle).front();
+    else if (actions.idle && !trimmedNamesFromText(*actions.idle).empty())
+        startAction = trimmedNamesFromText(*actions.idle).front();
 
     const std::vector<DeviceProperties> devices = merged.devices.value_or(std::vector<DeviceProperties>{});
     const PointValue anchor = pointFromText(merged.anchorPoint.value_or("{0.5,0.5}"));

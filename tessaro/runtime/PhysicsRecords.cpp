@@ -1,5 +1,6 @@
 #include "PhysicsRecords.h"
 
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 namespace tessaro {
@@ -76,7 +77,7 @@ bool shapeAppliesToFrame(const std::optional<std::string>& framesAffected, int f
     if (!framesAffected)
         return false;
     const std::string wanted = std::to_string(frame);
-    for (const std::string& token : namesFromText(*framesAffected))
+    for (const std::string& token : trimmedNamesFromText(*framesAffected))
         if (token == wanted)
             return true;
     return false;

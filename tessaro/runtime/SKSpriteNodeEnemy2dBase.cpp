@@ -6,6 +6,7 @@
 #include "RandomDraw.h"
 #include "SKSpriteNode2dBase.h"
 
+#include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
 
 #include <algorithm>
@@ -179,7 +180,7 @@ void SKSpriteNodeEnemy2dBase::runStateAnimation(StateAnimation kind)
     case StateAnimation::move: text = actions.move.value_or(idle); break;
     case StateAnimation::attack: text = actions.attack.value_or(idle); break;
     }
-    const std::vector<std::string> choices = namesFromText(text);
+    const std::vector<std::string> choices = trimmedNamesFromText(text);
     if (choices.size() > 1)
         text = choices[size_t(randomIndex(int(choices.size())))];
 

@@ -136,7 +136,7 @@ TEST(SpriteBase, ShapesBelongToTheFramesTheyName)
         int frame;
         bool applies;
     };
-    for (const Case& c : {Case{"0,2", 2, true}, Case{"0,2", 1, false}, Case{"12", 1, false}, Case{" 1", 1, false},
-                          Case{std::nullopt, 0, false}, Case{"", 0, false}, Case{"3", 3, true}})
+    for (const Case& c : {Case{"0,2", 2, true}, Case{"0,2", 1, false}, Case{"12", 1, false}, Case{" 1", 1, true},
+                          Case{"0, 2", 2, true}, Case{std::nullopt, 0, false}, Case{"", 0, false}, Case{"3", 3, true}})
         EXPECT_EQ(shapeAppliesToFrame(c.frames, c.frame), c.applies) << c.frames.value_or("(absent)") << " " << c.frame;
 }
