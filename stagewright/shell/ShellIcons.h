@@ -3,13 +3,9 @@
 // drawn icon that follows the palette, so it reads in dark and light.
 #pragma once
 
+#include <stagewright/inspector/controls/DrawnIcon.h>
+
 #include <QIcon>
-
-#include <functional>
-
-class QColor;
-class QPainter;
-class QPalette;
 
 namespace stagewright {
 
@@ -47,10 +43,5 @@ QString themeIconName(Symbol symbol);
 QIcon shellIcon(Symbol symbol);
 /// The drawn icon alone.
 QIcon drawnIcon(Symbol symbol);
-
-/// Draws a symbol into a 24 by 24 box; the painter's pen is already the ink.
-using SymbolDrawing = std::function<void(QPainter& painter, const QColor& ink, const QPalette& palette)>;
-/// An icon that `drawing` draws at paint time, in the palette's colours.
-QIcon drawnIcon(SymbolDrawing drawing);
 
 } // namespace stagewright

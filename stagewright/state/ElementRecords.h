@@ -83,15 +83,9 @@ struct elementData {
     /// is hidden, has no picture, and a save writes `loadedItem` back as read.
     bool keptOnly = false;
 
-    // Copied, destroyed and compared out of line: the records inside are
-    // compiled once, not in every file that copies an element.
-    elementData();
-    elementData(const elementData&);
-    elementData(elementData&&) noexcept;
-    elementData& operator=(const elementData&);
-    elementData& operator=(elementData&&) noexcept;
-    ~elementData();
-    bool operator==(const elementData&) const;
+    // Made, copied and compared out of line, so that the records inside are
+    // compiled once.
+    TESSARO_RECORD_MEMBERS(elementData);
 };
 
 struct ElementRecords : elementData {
@@ -111,15 +105,9 @@ struct ElementRecords : elementData {
     /// The element has a size handle.
     bool hasSizeHandle = false;
 
-    // Copied, destroyed and compared out of line: the records inside are
-    // compiled once, not in every file that copies an element.
-    ElementRecords();
-    ElementRecords(const ElementRecords&);
-    ElementRecords(ElementRecords&&) noexcept;
-    ElementRecords& operator=(const ElementRecords&);
-    ElementRecords& operator=(ElementRecords&&) noexcept;
-    ~ElementRecords();
-    bool operator==(const ElementRecords&) const;
+    // Made, copied and compared out of line, so that the records inside are
+    // compiled once.
+    TESSARO_RECORD_MEMBERS(ElementRecords);
 };
 
 } // namespace stagewright

@@ -2,21 +2,9 @@
 
 namespace stagewright {
 
-selectedObjectModel::selectedObjectModel() = default;
-selectedObjectModel::selectedObjectModel(const selectedObjectModel&) = default;
-selectedObjectModel::selectedObjectModel(selectedObjectModel&&) noexcept = default;
-selectedObjectModel& selectedObjectModel::operator=(const selectedObjectModel&) = default;
-selectedObjectModel& selectedObjectModel::operator=(selectedObjectModel&&) noexcept = default;
-selectedObjectModel::~selectedObjectModel() = default;
-bool selectedObjectModel::operator==(const selectedObjectModel&) const = default;
+TESSARO_DEFINE_RECORD_MEMBERS(selectedObjectModel)
 
-selectedAnimationModel::selectedAnimationModel() = default;
-selectedAnimationModel::selectedAnimationModel(const selectedAnimationModel&) = default;
-selectedAnimationModel::selectedAnimationModel(selectedAnimationModel&&) noexcept = default;
-selectedAnimationModel& selectedAnimationModel::operator=(const selectedAnimationModel&) = default;
-selectedAnimationModel& selectedAnimationModel::operator=(selectedAnimationModel&&) noexcept = default;
-selectedAnimationModel::~selectedAnimationModel() = default;
-bool selectedAnimationModel::operator==(const selectedAnimationModel&) const = default;
+TESSARO_DEFINE_RECORD_MEMBERS(selectedAnimationModel)
 
 tessaro::GameSound selectedObjectModel::newSound()
 {

@@ -142,15 +142,9 @@ struct selectedObjectModel {
     double speed = 0;
     std::vector<pinnedRangeValue> pinnedRanges;
 
-    // Copied, destroyed and compared out of line: the records inside are
-    // compiled once, not in every file that copies a selection.
-    selectedObjectModel();
-    selectedObjectModel(const selectedObjectModel&);
-    selectedObjectModel(selectedObjectModel&&) noexcept;
-    selectedObjectModel& operator=(const selectedObjectModel&);
-    selectedObjectModel& operator=(selectedObjectModel&&) noexcept;
-    ~selectedObjectModel();
-    bool operator==(const selectedObjectModel&) const;
+    // Made, copied and compared out of line, so that the records inside are
+    // compiled once.
+    TESSARO_RECORD_MEMBERS(selectedObjectModel);
 
     /// A sound record with a new id, the one being edited before a choice.
     static tessaro::GameSound newSound();
@@ -235,15 +229,9 @@ struct selectedAnimationModel {
     double End_aspectRatio = 0;
     std::vector<publishedElementList> inherited;
 
-    // Copied, destroyed and compared out of line: the records inside are
-    // compiled once, not in every file that copies a selection.
-    selectedAnimationModel();
-    selectedAnimationModel(const selectedAnimationModel&);
-    selectedAnimationModel(selectedAnimationModel&&) noexcept;
-    selectedAnimationModel& operator=(const selectedAnimationModel&);
-    selectedAnimationModel& operator=(selectedAnimationModel&&) noexcept;
-    ~selectedAnimationModel();
-    bool operator==(const selectedAnimationModel&) const;
+    // Made, copied and compared out of line, so that the records inside are
+    // compiled once.
+    TESSARO_RECORD_MEMBERS(selectedAnimationModel);
 };
 
 /// Level-wide values of the level properties panes.

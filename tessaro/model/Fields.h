@@ -41,6 +41,16 @@ Field(const char*, Member Record::*) -> Field<Record, Member>;
     T& operator=(T&&) noexcept;   \
     ~T();                         \
     bool operator==(const T&) const
+
+/// Defines what TESSARO_RECORD_MEMBERS declares, member-wise, in one source.
+#define TESSARO_DEFINE_RECORD_MEMBERS(T)                 \
+    T::T() = default;                                    \
+    T::T(const T&) = default;                            \
+    T::T(T&&) noexcept = default;                        \
+    T& T::operator=(const T&) = default;                 \
+    T& T::operator=(T&&) noexcept = default;             \
+    T::~T() = default;                                   \
+    bool T::operator==(const T&) const = default;
 // clang-format on
 
 namespace detail {

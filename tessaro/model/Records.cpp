@@ -6,17 +6,6 @@
 
 namespace tessaro {
 
-// clang-format off
-#define TESSARO_DEFINE_RECORD_MEMBERS(T)                 \
-    T::T() = default;                                    \
-    T::T(const T&) = default;                            \
-    T::T(T&&) noexcept = default;                        \
-    T& T::operator=(const T&) = default;                 \
-    T& T::operator=(T&&) noexcept = default;             \
-    T::~T() = default;                                   \
-    bool T::operator==(const T&) const = default;
-// clang-format on
-
 TESSARO_DEFINE_RECORD_MEMBERS(PolyPhysics)
 TESSARO_DEFINE_RECORD_MEMBERS(PhysicsProperty)
 TESSARO_DEFINE_RECORD_MEMBERS(CycleEndProperties)
