@@ -1,5 +1,7 @@
 #include "ShellIcons.h"
 
+#include <stagewright/inspector/controls/InspectorIcons.h>
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
@@ -183,29 +185,10 @@ void drawSymbol(QPainter& p, const QColor& ink, const QPalette& palette, Symbol 
             p.drawPolyline(QPolygonF({QPointF(8.5, 6.5), QPointF(12, 3), QPointF(15.5, 6.5)}));
         break;
     }
-    case Symbol::trash:
-        p.drawLine(QPointF(4, 6), QPointF(20, 6));
-        p.drawPolyline(QPolygonF({QPointF(9, 6), QPointF(9.5, 3.5), QPointF(14.5, 3.5), QPointF(15, 6)}));
-        p.drawPolyline(QPolygonF({QPointF(6, 6), QPointF(7, 21), QPointF(17, 21), QPointF(18, 6)}));
-        p.drawLine(QPointF(10, 10), QPointF(10, 17));
-        p.drawLine(QPointF(14, 10), QPointF(14, 17));
-        break;
-    case Symbol::cut:
-        p.drawEllipse(QPointF(7, 18), 3, 3);
-        p.drawEllipse(QPointF(17, 18), 3, 3);
-        p.drawLine(QPointF(9, 15.5), QPointF(17, 3));
-        p.drawLine(QPointF(15, 15.5), QPointF(7, 3));
-        break;
-    case Symbol::copy:
-        p.drawRoundedRect(QRectF(4, 3, 11, 14), 1.5, 1.5);
-        p.drawRoundedRect(QRectF(9, 7, 11, 14), 1.5, 1.5);
-        break;
-    case Symbol::paste:
-        p.drawRoundedRect(QRectF(5, 4, 14, 17), 2, 2);
-        p.drawRoundedRect(QRectF(9, 2.5, 6, 3.5), 1, 1);
-        p.drawLine(QPointF(9, 12), QPointF(15, 12));
-        p.drawLine(QPointF(9, 16), QPointF(15, 16));
-        break;
+    case Symbol::trash: drawInspectorSymbol(p, InspectorSymbol::trash); break;
+    case Symbol::cut: drawInspectorSymbol(p, InspectorSymbol::cut); break;
+    case Symbol::copy: drawInspectorSymbol(p, InspectorSymbol::copy); break;
+    case Symbol::paste: drawInspectorSymbol(p, InspectorSymbol::paste); break;
     case Symbol::workspace:
         p.drawPath(folderOutline());
         p.drawLine(QPointF(3, 10.5), QPointF(21, 10.5));

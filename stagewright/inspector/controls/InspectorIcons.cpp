@@ -16,7 +16,8 @@ QPainterPath squareOutline()
     return square;
 }
 
-/// Draws `symbol` into a 24 by 24 box with the pen set to the ink.
+} // namespace
+
 void drawInspectorSymbol(QPainter& p, InspectorSymbol symbol)
 {
     switch (symbol) {
@@ -43,25 +44,27 @@ void drawInspectorSymbol(QPainter& p, InspectorSymbol symbol)
         p.drawPoint(QPointF(10, 12));
         break;
     case InspectorSymbol::cut:
-        p.drawEllipse(QPointF(7, 17), 3, 3);
-        p.drawEllipse(QPointF(17, 17), 3, 3);
-        p.drawLine(QPointF(9, 15), QPointF(17, 4));
-        p.drawLine(QPointF(15, 15), QPointF(7, 4));
+        p.drawEllipse(QPointF(7, 18), 3, 3);
+        p.drawEllipse(QPointF(17, 18), 3, 3);
+        p.drawLine(QPointF(9, 15.5), QPointF(17, 3));
+        p.drawLine(QPointF(15, 15.5), QPointF(7, 3));
         break;
     case InspectorSymbol::copy:
-        p.drawRoundedRect(QRectF(8, 8, 12, 13), 2, 2);
-        p.drawPolyline(QPolygonF({QPointF(5, 16), QPointF(4, 16), QPointF(4, 3), QPointF(15, 3), QPointF(15, 5)}));
+        p.drawRoundedRect(QRectF(4, 3, 11, 14), 1.5, 1.5);
+        p.drawRoundedRect(QRectF(9, 7, 11, 14), 1.5, 1.5);
         break;
     case InspectorSymbol::paste:
-        p.drawRoundedRect(QRectF(5, 5, 14, 16), 2, 2);
-        p.drawRoundedRect(QRectF(9, 3, 6, 4), 1, 1);
-        p.drawLine(QPointF(8, 12), QPointF(16, 12));
-        p.drawLine(QPointF(8, 16), QPointF(14, 16));
+        p.drawRoundedRect(QRectF(5, 4, 14, 17), 2, 2);
+        p.drawRoundedRect(QRectF(9, 2.5, 6, 3.5), 1, 1);
+        p.drawLine(QPointF(9, 12), QPointF(15, 12));
+        p.drawLine(QPointF(9, 16), QPointF(15, 16));
         break;
     case InspectorSymbol::trash:
         p.drawLine(QPointF(4, 6), QPointF(20, 6));
-        p.drawLine(QPointF(10, 3), QPointF(14, 3));
+        p.drawPolyline(QPolygonF({QPointF(9, 6), QPointF(9.5, 3.5), QPointF(14.5, 3.5), QPointF(15, 6)}));
         p.drawPolyline(QPolygonF({QPointF(6, 6), QPointF(7, 21), QPointF(17, 21), QPointF(18, 6)}));
+        p.drawLine(QPointF(10, 10), QPointF(10, 17));
+        p.drawLine(QPointF(14, 10), QPointF(14, 17));
         break;
     case InspectorSymbol::cycleEnd: // a circle of arrows round a stop
         p.drawArc(QRectF(3, 3, 18, 18), 30 * 16, 300 * 16);
@@ -84,8 +87,6 @@ void drawInspectorSymbol(QPainter& p, InspectorSymbol symbol)
         break;
     }
 }
-
-} // namespace
 
 QString inspectorThemeIconName(InspectorSymbol symbol)
 {

@@ -6,6 +6,8 @@
 
 #include <QIcon>
 
+class QPainter;
+
 namespace stagewright {
 
 enum class InspectorSymbol {
@@ -29,5 +31,8 @@ QString inspectorThemeIconName(InspectorSymbol symbol);
 QIcon inspectorIcon(InspectorSymbol symbol);
 /// The drawn icon alone.
 QIcon drawnInspectorIcon(InspectorSymbol symbol);
+/// Draws `symbol` into a 24 by 24 box with the pen set to the ink; the shell
+/// draws its cut, copy, paste and delete symbols with it too.
+void drawInspectorSymbol(QPainter& p, InspectorSymbol symbol);
 
 } // namespace stagewright
