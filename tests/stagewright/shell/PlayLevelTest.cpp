@@ -21,25 +21,30 @@ namespace stagewright::test {
 
 namespace {
 
-/// A stand-in for tessaro-play: writes its arguments, one a line, and a copy
-/// of the project it was given into `notes`, then waits `seconds`.
-QString fakeGame(const QString& folder, const QString& notes, int seconds)
+/// Writes an executable shell script named tessaro-play into `folder`.
+QString gameScript(const QString& folder, const QString& body)
 {
     QDir().mkpath(folder);
     const QString path = folder + QStringLiteral("/tessaro-play");
     QFile script(path);
     EXPECT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write(QStringLiteral("#!/bin/sh\n"
-                                "cp \"$2\" \"%1/project.plist\"\n"
-                                "printf '%s\\n' \"$@\" > \"%1/arguments.tmp\"\n"
-                                "mv \"%1/arguments.tmp\" \"%1/arguments\"\n"
-                                "sleep %2\n")
-                     .arg(notes)
-                     .arg(seconds)
-                     .toUtf8());
+    script.write((QStringLiteral("#!/bin/sh\n") + body).toUtf8());
     script.close();
     script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
     return path;
+}
+
+/// A stand-in for tessaro-play: writes its arguments, one a line, and a copy
+/// of the project it was given into `notes`, then waits `seconds`.
+QString fakeGame(const QString& folder, const QString& notes, int seconds)
+{
+    return gameScript(folder,
+                      QStringLiteral("cp \"$2\" \"%1/project.plist\"\n"
+                                     "printf '%s\\n' \"$@\" > \"%1/arguments.tmp\"\n"
+                                     "mv \"%1/arguments.tmp\" \"%1/arguments\"\n"
+                                     "sleep %2\n")
+                          .arg(notes)
+                          .arg(seconds));
 }
 
 /// A stand-in for a watching tessaro-play: notes its arguments and the
@@ -47,19 +52,11 @@ QString fakeGame(const QString& folder, const QString& notes, int seconds)
 /// "commands" until its input closes.
 QString watchingGame(const QString& folder, const QString& notes)
 {
-    QDir().mkpath(folder);
-    const QString path = folder + QStringLiteral("/tessaro-play");
-    QFile script(path);
-    EXPECT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write(QStringLiteral("#!/bin/sh\n"
-                                "printf '%s\\n' \"$@\" > \"%1/arguments.tmp\"\n"
-                                "mv \"%1/arguments.tmp\" \"%1/arguments\"\n"
-                                "while read -r line; do echo \"$line\" >> \"%1/commands\"; done\n")
-                     .arg(notes)
-                     .toUtf8());
-    script.close();
-    script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
-    return path;
+    return gameScript(folder,
+                      QStringLiteral("printf '%s\\n' \"$@\" > \"%1/arguments.tmp\"\n"
+                                     "mv \"%1/arguments.tmp\" \"%1/arguments\"\n"
+                                     "while read -r line; do echo \"$line\" >> \"%1/commands\"; done\n")
+                          .arg(notes));
 }
 
 QStringList lines(const QString& path)
