@@ -83,10 +83,8 @@ TEST_F(PlayLevelTest, PlaysTheFrontLevelWithItsUnsavedEditsWithoutTouchingTheUse
     const QString notes = home->folder(QStringLiteral("notes"));
     PathWith path(QFileInfo(fakeGame(home->folder(QStringLiteral("bin")), notes, 2)).path());
     const QString file = project(QStringLiteral("Forest.plist"), 3);
-    QFile original(file);
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    const QByteArray before = original.readAll();
-    original.close();
+    const QByteArray before = fileBytes(file);
+    ASSERT_FALSE(before.isEmpty());
     settings->openProject(file);
     settle();
     ASSERT_EQ(front().levelConfig().size(), 3u);
@@ -126,8 +124,7 @@ TEST_F(PlayLevelTest, PlaysTheFrontLevelWithItsUnsavedEditsWithoutTouchingTheUse
     EXPECT_EQ(played[1].id, edited[1].id);
 
     // The user's project is as it was, and still has unsaved changes.
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    EXPECT_EQ(original.readAll(), before);
+    EXPECT_EQ(fileBytes(file), before);
     EXPECT_TRUE(front().isProjectDirty());
 
     // When the game ends its temporary project goes with it.
@@ -207,10 +204,8 @@ TEST_F(PlayLevelTest, TheRunningGameFollowsTheTabsEditsAndPlayingAgainRestartsIt
     const QString notes = home->folder(QStringLiteral("notes"));
     PathWith path(QFileInfo(watchingGame(home->folder(QStringLiteral("bin")), notes)).path());
     const QString file = project(QStringLiteral("Meadow.plist"), 2);
-    QFile original(file);
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    const QByteArray before = original.readAll();
-    original.close();
+    const QByteArray before = fileBytes(file);
+    ASSERT_FALSE(before.isEmpty());
     settings->openProject(file);
     settle();
     QAction* play = action(QStringLiteral("Play Level"));
@@ -241,8 +236,7 @@ TEST_F(PlayLevelTest, TheRunningGameFollowsTheTabsEditsAndPlayingAgainRestartsIt
     EXPECT_TRUE(dialogs.failures.isEmpty()) << dialogs.failures.join(QLatin1Char('\n')).toStdString();
 
     // None of this touched the user's file.
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    EXPECT_EQ(original.readAll(), before);
+    EXPECT_EQ(fileBytes(file), before);
 }
 
 } // namespace stagewright::test
