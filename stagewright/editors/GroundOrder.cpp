@@ -104,7 +104,7 @@ void applyGroundOrder(projectTab& tab, const std::vector<groundOrderItem>& items
     for (elementHandle handle : before)
         if (std::find(after.begin(), after.end(), handle) == after.end())
             after.push_back(handle);
-    tab.undoStack().push(new GroundOrderCommand(tab, std::move(before), std::move(after)));
+    pushStep(tab.undoStack(), new GroundOrderCommand(tab, std::move(before), std::move(after)));
 }
 
 GroundOrderCommand::GroundOrderCommand(projectTab& tab, std::vector<elementHandle> before,
@@ -120,7 +120,7 @@ GroundOrderCommand::GroundOrderCommand(projectTab& tab, std::vector<elementHandl
         setObsolete(true);
 }
 
-void GroundOrderCommand::redo()
+void GroundOrderCommand::redoStep()
 {
     lay(m_after);
 }

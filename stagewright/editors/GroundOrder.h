@@ -8,7 +8,7 @@
 
 #include <tessaro/model/Uuid.h>
 
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 #include <vector>
 
@@ -35,10 +35,10 @@ void applyGroundOrder(projectTab& tab, const std::vector<groundOrderItem>& items
 
 /// The order of the ground sections as a step of the history. The sections
 /// are known by their handles, which survive the laying of the ground.
-class GroundOrderCommand : public QUndoCommand {
+class GroundOrderCommand : public HistoryStep {
 public:
     GroundOrderCommand(projectTab& tab, std::vector<elementHandle> before, std::vector<elementHandle> after);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:

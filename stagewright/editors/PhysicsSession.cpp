@@ -374,7 +374,7 @@ void imagePhysicsSession::commit(std::vector<physicsElement> before, const QStri
 {
     if (before == m_elements)
         return;
-    m_history.push(new shapeListCommand(*this, std::move(before), m_elements, text));
+    pushStep(m_history, new shapeListCommand(*this, std::move(before), m_elements, text));
 }
 
 // ---- The mouse ----------------------------------------------------------------------------
@@ -533,7 +533,8 @@ void imagePhysicsSession::edit(const Uuid& id, int field, const std::function<vo
     change(*target);
     if (before == m_elements)
         return;
-    m_history.push(new shapeListCommand(*this, std::move(before), m_elements, tr("Change Shape"), field, id, vertex));
+    pushStep(m_history,
+             new shapeListCommand(*this, std::move(before), m_elements, tr("Change Shape"), field, id, vertex));
     emit changed();
 }
 
@@ -545,7 +546,7 @@ void imagePhysicsSession::removeElement(const Uuid& id)
         return;
     if (id == m_activePhysicsId)
         endShape();
-    m_history.push(new shapeListCommand(*this, std::move(before), m_elements, tr("Delete Shape")));
+    pushStep(m_history, new shapeListCommand(*this, std::move(before), m_elements, tr("Delete Shape")));
     emit changed();
 }
 

@@ -21,7 +21,7 @@ shapeListCommand::shapeListCommand(imagePhysicsSession& session, std::vector<phy
     setText(text);
 }
 
-void shapeListCommand::redo()
+void shapeListCommand::redoStep()
 {
     if (m_done) {
         m_done = false;

@@ -5,7 +5,7 @@
 
 #include "PhysicsElements.h"
 
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 #include <cstddef>
 #include <vector>
@@ -14,14 +14,14 @@ namespace stagewright {
 
 class imagePhysicsSession;
 
-class shapeListCommand : public QUndoCommand {
+class shapeListCommand : public HistoryStep {
 public:
     /// `field` > 0 joins the step with the next one that changes the same
     /// field of the same shape (and vertex), so typing a number is one step.
     shapeListCommand(imagePhysicsSession& session, std::vector<physicsElement> before,
                      std::vector<physicsElement> after, const QString& text, int field = 0,
                      tessaro::Uuid shape = tessaro::Uuid::create(), std::size_t vertex = 0);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;

@@ -54,7 +54,7 @@ AddElementCommand::AddElementCommand(projectTab& tab, sceneObjectType kind, std:
     setText(addText(m_elementName));
 }
 
-void AddElementCommand::redo()
+void AddElementCommand::redoStep()
 {
     sceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
@@ -104,7 +104,7 @@ AddBackgroundCommand::AddBackgroundCommand(projectTab& tab, const sceneEditor& s
     setText(addText(m_elementName));
 }
 
-void AddBackgroundCommand::redo()
+void AddBackgroundCommand::redoStep()
 {
     if (m_after) {
         show(*m_after);

@@ -9,7 +9,7 @@
 #include <tessaro/model/Geometry.h>
 
 #include <QPointer>
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 #include <optional>
 #include <string>
@@ -21,11 +21,11 @@ class projectTab;
 /// An element of the catalogue of `kind` added to the level shown, where the
 /// scene places a new element or, with `position`, stored at that position
 /// for the default device. The element is selected.
-class AddElementCommand : public QUndoCommand {
+class AddElementCommand : public HistoryStep {
 public:
     AddElementCommand(projectTab& tab, tessaro::sceneObjectType kind, std::string elementName,
                       std::optional<tessaro::PointValue> position = std::nullopt);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:
@@ -40,10 +40,10 @@ private:
 
 /// An image of a background of the object catalogue appended to the level's
 /// background list. The new background is selected.
-class AddBackgroundCommand : public QUndoCommand {
+class AddBackgroundCommand : public HistoryStep {
 public:
     AddBackgroundCommand(projectTab& tab, const sceneEditor& scene, std::string elementName);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:

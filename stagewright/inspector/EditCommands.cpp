@@ -19,12 +19,24 @@ QString commandText(const char* text)
     return QCoreApplication::translate("EditCommands", text);
 }
 
-/// Shows `node` as the selection, published anew.
+/// Shows `node` as the selection, published anew. Publishing shows the
+/// default device's entry and the first cycle-end entry; a step of the history
+/// changes values only, so the entries the user chose stay shown.
 void reselect(sceneEditor& scene, const elementNodePtr& node)
 {
+    projectTab* tab = scene.tab();
+    const std::optional<tessaro::deviceName> device =
+        tab ? std::optional(tab->selectedDeviceObject().nameSelected) : std::nullopt;
+    const std::string cycleEnd = tab ? tab->selectedAnimationObject().End_SelectedId : std::string();
     scene.deselect();
     scene.clearGlow();
     scene.selectNode(node);
+    if (!tab || tab->elementPhase() != selectionPhase::Selected)
+        return;
+    if (device && *device != tab->selectedDeviceObject().nameSelected)
+        applyDeviceProperty(scene, P::deviceName, std::string(tessaro::caseText(*device)));
+    if (!cycleEnd.empty() && cycleEnd != tab->selectedAnimationObject().End_SelectedId)
+        applyCycleEndProperty(scene, P::End_SelectedId, cycleEnd);
 }
 
 /// The buttons of the panes make one step each; typed and stepped values of
@@ -66,7 +78,7 @@ ElementEditCommand::ElementEditCommand(projectTab& tab, const elementNode& node,
     setText(text);
 }
 
-void ElementEditCommand::redo()
+void ElementEditCommand::redoStep()
 {
     if (m_after) {
         show(*m_after);
@@ -217,7 +229,7 @@ BackgroundEditCommand::BackgroundEditCommand(projectTab& tab, const sceneEditor&
     setText(commandText("Change %1").arg(QString::fromUtf8(tessaro::caseText(element))));
 }
 
-void BackgroundEditCommand::redo()
+void BackgroundEditCommand::redoStep()
 {
     if (m_after) {
         show(*m_after);
@@ -283,7 +295,7 @@ PasteCommand::PasteCommand(projectTab& tab, ElementRecords copy, std::optional<t
     setText(commandText("Paste"));
 }
 
-void PasteCommand::redo()
+void PasteCommand::redoStep()
 {
     sceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
@@ -316,7 +328,7 @@ RemoveElementCommand::RemoveElementCommand(projectTab& tab, ElementClipboard* cl
     setText(text);
 }
 
-void RemoveElementCommand::redo()
+void RemoveElementCommand::redoStep()
 {
     sceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)

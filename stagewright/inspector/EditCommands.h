@@ -12,7 +12,7 @@
 #include <stagewright/state/ElementRecords.h>
 
 #include <QPointer>
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 #include <optional>
 
@@ -32,9 +32,9 @@ inline constexpr int background = 2000; // + the case
 /// level is shown; null when the tab or the level is gone.
 sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId);
 
-class ElementEditCommand : public QUndoCommand {
+class ElementEditCommand : public HistoryStep {
 public:
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 protected:
@@ -116,10 +116,10 @@ private:
 };
 
 /// A field of the background pane: the level's background list before and after.
-class BackgroundEditCommand : public QUndoCommand {
+class BackgroundEditCommand : public HistoryStep {
 public:
     BackgroundEditCommand(projectTab& tab, const sceneEditor& scene, publishedElementList element, propertyValue value);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
@@ -137,10 +137,10 @@ private:
 };
 
 /// A copy of the element on the clipboard added to the level shown.
-class PasteCommand : public QUndoCommand {
+class PasteCommand : public HistoryStep {
 public:
     PasteCommand(projectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:
@@ -155,10 +155,10 @@ private:
 
 /// The selected element taken out of its level: "Cut" puts it on the
 /// clipboard first, "Delete" does not.
-class RemoveElementCommand : public QUndoCommand {
+class RemoveElementCommand : public HistoryStep {
 public:
     RemoveElementCommand(projectTab& tab, ElementClipboard* clipboard, const QString& text);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:

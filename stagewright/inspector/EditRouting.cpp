@@ -32,6 +32,14 @@ public:
     }
 };
 
+/// Choosing which device entry or cycle-end entry a pane shows changes what
+/// is shown, never the level: it is no step of the history.
+bool choosesWhatIsShown(modelType model, publishedElementList element)
+{
+    return (model == modelType::Devices && element == publishedElementList::deviceName) ||
+        (model == modelType::AnimationCycleEnd && element == publishedElementList::End_SelectedId);
+}
+
 } // namespace
 
 EditRouting::EditRouting(projectTab& tab, ElementClipboard* clipboard) : m_tab(tab), m_clipboard(clipboard) {}
@@ -53,6 +61,11 @@ void EditRouting::apply(modelType model, publishedElementList element, const pro
 {
     sceneEditor* editor = scene();
     const elementNodePtr node = editor ? editedNode(*editor) : nullptr;
+    if (node && choosesWhatIsShown(model, element)) {
+        model == modelType::Devices ? stagewright::applyDeviceProperty(*editor, element, value)
+                                    : stagewright::applyCycleEndProperty(*editor, element, value);
+        return;
+    }
     if (!node) {
         // Nothing to edit; the operation still says so in its trace.
         if (editor && model == modelType::Primary)
@@ -62,7 +75,7 @@ void EditRouting::apply(modelType model, publishedElementList element, const pro
     // A node made by this session's picker before handles existed gets one now.
     if (!node->handle)
         node->handle = m_tab.elementHandles().issue();
-    m_tab.undoStack().push(new PropertyEditCommand(m_tab, *node, model, element, value, oldValue));
+    pushStep(m_tab.undoStack(), new PropertyEditCommand(m_tab, *node, model, element, value, oldValue));
 }
 
 void EditRouting::applyPrimaryProperty(publishedElementList element, const propertyValue& value,
@@ -92,7 +105,12 @@ void EditRouting::applyBackgroundProperty(publishedElementList element, const pr
     sceneEditor* editor = scene();
     if (!editor || !editedTab(*editor))
         return;
-    m_tab.undoStack().push(new BackgroundEditCommand(m_tab, *editor, element, value));
+    // Choosing the background the pane shows is no step of the history.
+    if (element == publishedElementList::background) {
+        stagewright::applyBackgroundProperty(*editor, element, value);
+        return;
+    }
+    pushStep(m_tab.undoStack(), new BackgroundEditCommand(m_tab, *editor, element, value));
 }
 
 void EditRouting::toggleDeviceOverride(publishedElementList element, bool add)
@@ -103,26 +121,29 @@ void EditRouting::toggleDeviceOverride(publishedElementList element, bool add)
         return;
     if (!node->handle)
         node->handle = m_tab.elementHandles().issue();
-    m_tab.undoStack().push(new DeviceOverrideCommand(m_tab, *node, element, add));
+    pushStep(m_tab.undoStack(), new DeviceOverrideCommand(m_tab, *node, element, add));
 }
 
 void EditRouting::moveElement(elementNode& node, tessaro::PointValue position, bool nudge)
 {
     if (!node.handle)
         node.handle = m_tab.elementHandles().issue();
-    m_tab.undoStack().push(new MoveElementCommand(m_tab, node, position, nudge));
+    pushStep(m_tab.undoStack(), new MoveElementCommand(m_tab, node, position, nudge));
 }
 
 void EditRouting::resizeElement(elementNode& node, tessaro::SizeValue size)
 {
     if (!node.handle)
         node.handle = m_tab.elementHandles().issue();
-    m_tab.undoStack().push(new ResizeElementCommand(m_tab, node, size));
+    pushStep(m_tab.undoStack(), new ResizeElementCommand(m_tab, node, size));
 }
 
 bool EditRouting::hasSelection() const
 {
-    return m_tab.elementPhase() == selectionPhase::Selected;
+    // A background belongs to the level's background list, which has its own
+    // pane: it is neither cut, copied nor deleted like an element.
+    return m_tab.elementPhase() == selectionPhase::Selected &&
+        m_tab.selectedObject().type != tessaro::sceneObjectType::background;
 }
 
 bool EditRouting::canPaste() const
@@ -133,7 +154,7 @@ bool EditRouting::canPaste() const
 void EditRouting::copy()
 {
     sceneEditor* editor = scene();
-    const elementNodePtr node = editor ? editor->selectedNode() : nullptr;
+    const elementNodePtr node = editor && hasSelection() ? editor->selectedNode() : nullptr;
     if (!node || !m_clipboard)
         return;
     m_clipboard->setObjectToCopy(std::make_shared<const ElementRecords>(node->records()));
@@ -143,23 +164,24 @@ void EditRouting::cut()
 {
     if (!scene() || !hasSelection())
         return;
-    m_tab.undoStack().push(
-        new RemoveElementCommand(m_tab, m_clipboard, QCoreApplication::translate("EditCommands", "Cut")));
+    pushStep(m_tab.undoStack(),
+             new RemoveElementCommand(m_tab, m_clipboard, QCoreApplication::translate("EditCommands", "Cut")));
 }
 
 void EditRouting::paste()
 {
     if (!scene() || !canPaste())
         return;
-    m_tab.undoStack().push(new PasteCommand(m_tab, *m_clipboard->objectToCopy(), m_clipboard->objectToPasteLocation()));
+    pushStep(m_tab.undoStack(),
+             new PasteCommand(m_tab, *m_clipboard->objectToCopy(), m_clipboard->objectToPasteLocation()));
 }
 
 void EditRouting::deleteSelection()
 {
     if (!scene() || !hasSelection())
         return;
-    m_tab.undoStack().push(
-        new RemoveElementCommand(m_tab, nullptr, QCoreApplication::translate("EditCommands", "Delete")));
+    pushStep(m_tab.undoStack(),
+             new RemoveElementCommand(m_tab, nullptr, QCoreApplication::translate("EditCommands", "Delete")));
 }
 
 void installEditing(SceneSettings* settings)

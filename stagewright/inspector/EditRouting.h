@@ -45,7 +45,8 @@ public:
     void resizeElement(elementNode& node, tessaro::SizeValue size);
 
     // ---- Edit menu -------------------------------------------------------------------
-    /// "Cut", "Copy" and "Delete": an element of the tab is selected.
+    /// "Cut", "Copy" and "Delete": an element of the tab is selected, not a
+    /// background.
     bool hasSelection() const;
     /// "Paste": an element is on the clipboard.
     bool canPaste() const;

@@ -106,12 +106,16 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
             }
         };
     };
-    menu->addAction(inspectorIcon(InspectorSymbol::cut), tr("Cut"), this, route(&EditRouting::cut));
-    menu->addAction(inspectorIcon(InspectorSymbol::copy), tr("Copy"), this, route(&EditRouting::copy));
+    QAction* cut = menu->addAction(inspectorIcon(InspectorSymbol::cut), tr("Cut"), this, route(&EditRouting::cut));
+    QAction* copy = menu->addAction(inspectorIcon(InspectorSymbol::copy), tr("Copy"), this, route(&EditRouting::copy));
     QAction* paste =
         menu->addAction(inspectorIcon(InspectorSymbol::paste), tr("Paste"), this, route(&EditRouting::paste));
-    menu->addAction(inspectorIcon(InspectorSymbol::trash), tr("Delete"), this, route(&EditRouting::deleteSelection));
-    connect(menu, &QMenu::aboutToShow, this, [this, paste, clipboard] {
+    QAction* remove = menu->addAction(inspectorIcon(InspectorSymbol::trash), tr("Delete"), this,
+                                      route(&EditRouting::deleteSelection));
+    connect(menu, &QMenu::aboutToShow, this, [this, cut, copy, paste, remove, clipboard] {
+        const bool selected = m_binding.tab && EditRouting(*m_binding.tab, clipboard).hasSelection();
+        for (QAction* action : {cut, copy, remove})
+            action->setEnabled(selected);
         paste->setEnabled(m_binding.tab && EditRouting(*m_binding.tab, clipboard).canPaste());
     });
     m_actions->setMenu(menu);

@@ -159,7 +159,7 @@ void updateLevelProperty(projectTab& tab, K kind, int selector, levelPropertyVal
         return;
     const tessaro::Level* level = tab.findLevel(tab.levelSelected());
     const tessaro::Uuid levelId = level ? tab.levelSelected() : levels.front().id.value_or(tessaro::Uuid());
-    tab.undoStack().push(new LevelPropertyCommand(tab, levelId, kind, selector, std::move(value)));
+    pushStep(tab.undoStack(), new LevelPropertyCommand(tab, levelId, kind, selector, std::move(value)));
 }
 
 levelTabValues levelTabValuesOf(const tessaro::Level& level, K kind)

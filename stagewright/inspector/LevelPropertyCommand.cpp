@@ -43,7 +43,7 @@ LevelPropertyCommand::LevelPropertyCommand(projectTab& tab, const tessaro::Uuid&
                 .arg(QString::fromUtf8(tessaro::caseText(kind)), fieldTitle(selector)));
 }
 
-void LevelPropertyCommand::redo()
+void LevelPropertyCommand::redoStep()
 {
     if (m_done) {
         show(m_after);

@@ -10,7 +10,7 @@
 #include <tessaro/model/Uuid.h>
 
 #include <QPointer>
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 #include <optional>
 
@@ -21,11 +21,11 @@ class projectTab;
 /// Merge id of the level's properties: + 16 * kind + the field.
 inline constexpr int levelPropertyMergeId = 3000;
 
-class LevelPropertyCommand : public QUndoCommand {
+class LevelPropertyCommand : public HistoryStep {
 public:
     LevelPropertyCommand(projectTab& tab, const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, int selector,
                          levelPropertyValue value);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
     /// Stepping or typing a number and editing a sound in place join; a
     /// chosen image, and a sound added or taken out, are steps of their own.

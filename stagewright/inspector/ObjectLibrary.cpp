@@ -118,7 +118,7 @@ bool addLibraryElement(projectTab* tab, sceneObjectType kind, const std::string&
     if (!scene || elementName.empty())
         return false;
     if (kind == sceneObjectType::background) {
-        tab->undoStack().push(new AddBackgroundCommand(*tab, *scene, elementName));
+        pushStep(tab->undoStack(), new AddBackgroundCommand(*tab, *scene, elementName));
         return true;
     }
     std::optional<tessaro::PointValue> position;
@@ -127,7 +127,7 @@ bool addLibraryElement(projectTab* tab, sceneObjectType kind, const std::string&
         const tessaro::PointValue scroll = scene->scrollPosition();
         position = tessaro::PointValue{sceneLocation->x() + scroll.x, sceneLocation->y() + scroll.y};
     }
-    tab->undoStack().push(new AddElementCommand(*tab, kind, elementName, position));
+    pushStep(tab->undoStack(), new AddElementCommand(*tab, kind, elementName, position));
     return true;
 }
 

@@ -26,7 +26,7 @@ SceneSettingsCommand::SceneSettingsCommand(projectTab& tab, sceneSettingsValues 
     setText(text);
 }
 
-void SceneSettingsCommand::redo()
+void SceneSettingsCommand::redoStep()
 {
     if (!m_done) {
         const LevelScene* scene = showing(m_tab, m_levelId);

@@ -8,7 +8,7 @@
 #include <tessaro/model/Uuid.h>
 
 #include <QPointer>
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 namespace stagewright {
 
@@ -20,12 +20,12 @@ inline constexpr int size = 3500;
 inline constexpr int anchorPoint = 3501;
 } // namespace sceneSettingsMergeId
 
-class SceneSettingsCommand : public QUndoCommand {
+class SceneSettingsCommand : public HistoryStep {
 public:
     /// Sets the values of the tab's shown level to `after`; steps with the
     /// same `mergeId` (-1 for none) on the same level join.
     SceneSettingsCommand(projectTab& tab, sceneSettingsValues after, const QString& text, int mergeId = -1);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
     int id() const override { return m_mergeId; }
     bool mergeWith(const QUndoCommand* other) override;

@@ -27,7 +27,7 @@ void changeScene(projectTab& tab, const QString& text, int mergeId, Change chang
         return;
     sceneSettingsValues values{scene->size(), scene->anchorPoint(), scene->scaleMode(), scene->orientation()};
     change(values);
-    tab.undoStack().push(new SceneSettingsCommand(tab, values, text, mergeId));
+    pushStep(tab.undoStack(), new SceneSettingsCommand(tab, values, text, mergeId));
 }
 
 } // namespace

@@ -239,6 +239,26 @@ void showKindFields(selectedObjectModel& model, const elementNode& node, const s
     }
 }
 
+/// "Is dynamic" as the level stores it: the override's value, else the
+/// catalogue's. The canvas's body is no guide: an element without physics has
+/// none, and the body is not remade when the value changes.
+bool storedIsDynamic(const elementNode& node)
+{
+    if (node.kind() == sceneObjectType::obstacles) {
+        if (node.obstacleOverrides && node.obstacleOverrides->isDynamic)
+            return *node.obstacleOverrides->isDynamic;
+        const tessaro::Obstacle* base = node.catalogueObstacle();
+        return base && base->isDynamic.value_or(false);
+    }
+    if (node.kind() == sceneObjectType::character) {
+        if (node.characterOverrides && node.characterOverrides->isDynamic)
+            return *node.characterOverrides->isDynamic;
+        const tessaro::Character* base = node.catalogueCharacter();
+        return base && base->isDynamic.value_or(false);
+    }
+    return false;
+}
+
 } // namespace
 
 double aspectRatioOf(tessaro::SizeValue size)
@@ -345,7 +365,7 @@ void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* sett
     object.displayedSize = pairText(node.size().width(), node.size().height());
     object.zPosition = node.zPosition();
     object.alpha = node.alpha();
-    object.isDynamic = node.physicsBody() ? node.physicsBody()->isDynamic() : false;
+    object.isDynamic = storedIsDynamic(node);
     object.useGravity = node.property_useGravity;
     object.image = node.imageOverride.value_or(std::string());
 

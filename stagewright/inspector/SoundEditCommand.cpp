@@ -94,7 +94,7 @@ LevelSoundsCommand::LevelSoundsCommand(projectTab& tab, soundPropertyType type, 
             m_before = *stored;
 }
 
-void LevelSoundsCommand::redo()
+void LevelSoundsCommand::redoStep()
 {
     // Choosing the value a sound has already is no step.
     if (m_after == m_before)
@@ -197,14 +197,14 @@ bool SoundEditRouting::push(std::vector<GameSound> list, const soundEdit& edit)
     if (!canWrite())
         return false;
     if (m_type != soundPropertyType::object) {
-        m_tab.undoStack().push(new LevelSoundsCommand(m_tab, m_type, std::move(list), edit));
+        pushStep(m_tab.undoStack(), new LevelSoundsCommand(m_tab, m_type, std::move(list), edit));
         return true;
     }
     sceneEditor* scene = sceneEditorOf(m_tab.currentScene()).get();
     const elementNodePtr node = editedNode(*scene);
     if (!node->handle)
         node->handle = m_tab.elementHandles().issue();
-    m_tab.undoStack().push(new ElementSoundsCommand(m_tab, *node, std::move(list), edit));
+    pushStep(m_tab.undoStack(), new ElementSoundsCommand(m_tab, *node, std::move(list), edit));
     return true;
 }
 

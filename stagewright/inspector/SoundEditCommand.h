@@ -9,7 +9,7 @@
 #include "SoundList.h"
 
 #include <QPointer>
-#include <QUndoCommand>
+#include <stagewright/state/HistoryStep.h>
 
 #include <optional>
 #include <vector>
@@ -49,10 +49,10 @@ private:
 };
 
 /// The shared sounds of one record of a level.
-class LevelSoundsCommand : public QUndoCommand {
+class LevelSoundsCommand : public HistoryStep {
 public:
     LevelSoundsCommand(projectTab& tab, soundPropertyType type, std::vector<tessaro::GameSound> sounds, soundEdit edit);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;

@@ -79,9 +79,9 @@ void Commands::watchFrontTab()
     m_undoGroup.setActiveStack(m_watched ? &m_watched->undoStack() : nullptr);
     if (m_watched) {
         for (auto signal : {&projectTab::nameChanged, &projectTab::filePathChanged, &projectTab::elementPhaseChanged,
-                            &projectTab::isProjectDirtyChanged, &projectTab::scaledValueChanged,
-                            &projectTab::backgroundElementsHiddenChanged, &projectTab::levelSelectedChanged,
-                            &projectTab::selectedSceneSizeChanged})
+                            &projectTab::selectedObjectChanged, &projectTab::isProjectDirtyChanged,
+                            &projectTab::scaledValueChanged, &projectTab::backgroundElementsHiddenChanged,
+                            &projectTab::levelSelectedChanged, &projectTab::selectedSceneSizeChanged})
             connect(m_watched, signal, this, &Commands::stateChanged);
     }
     emit stateChanged();
@@ -469,7 +469,7 @@ bool Commands::frontTabHasFile() const
 bool Commands::elementSelected() const
 {
     const std::shared_ptr<projectTab> tab = frontTab();
-    return tab && tab->elementPhase() == selectionPhase::Selected;
+    return tab && EditRouting(*tab).hasSelection();
 }
 
 bool Commands::canPaste() const

@@ -140,7 +140,8 @@ public:
     // ---- Rules --------------------------------------------------------------
     /// "Move To..." and "Show in Finder" need a front tab with a file.
     bool frontTabHasFile() const;
-    /// "Cut", "Copy", "Delete": an element of the front tab is selected.
+    /// "Cut", "Copy", "Delete": an element of the front tab is selected, not
+    /// a background.
     bool elementSelected() const;
     /// "Paste": an element is on the clipboard.
     bool canPaste() const;

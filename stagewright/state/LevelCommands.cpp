@@ -32,7 +32,7 @@ AddLevelCommand::AddLevelCommand(projectTab& tab) : m_tab(&tab), m_level(freshLe
     setText(commandText("Add Level"));
 }
 
-void AddLevelCommand::redo()
+void AddLevelCommand::redoStep()
 {
     if (!m_tab)
         return;
@@ -81,7 +81,7 @@ void MoveLevelCommand::step(int direction)
     m_tab->refreshLevelList();
 }
 
-void MoveLevelCommand::redo()
+void MoveLevelCommand::redoStep()
 {
     step(m_direction);
 }
@@ -101,7 +101,7 @@ DeleteLevelCommand::DeleteLevelCommand(projectTab& tab, const tessaro::Uuid& lev
     setText(commandText("Delete Level"));
 }
 
-void DeleteLevelCommand::redo()
+void DeleteLevelCommand::redoStep()
 {
     if (!m_tab)
         return;
@@ -157,7 +157,7 @@ ReplaceLevelsCommand::ReplaceLevelsCommand(projectTab& tab, std::vector<tessaro:
     setText(commandText("Recover Changes"));
 }
 
-void ReplaceLevelsCommand::redo()
+void ReplaceLevelsCommand::redoStep()
 {
     if (!m_tab)
         return;

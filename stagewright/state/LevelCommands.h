@@ -6,8 +6,8 @@
 #include <tessaro/model/LevelRecords.h>
 #include <tessaro/model/Uuid.h>
 
+#include "HistoryStep.h"
 #include <QPointer>
-#include <QUndoCommand>
 
 #include <optional>
 #include <utility>
@@ -17,10 +17,10 @@ namespace stagewright {
 
 class projectTab;
 
-class AddLevelCommand : public QUndoCommand {
+class AddLevelCommand : public HistoryStep {
 public:
     explicit AddLevelCommand(projectTab& tab);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:
@@ -28,11 +28,11 @@ private:
     tessaro::Level m_level;
 };
 
-class MoveLevelCommand : public QUndoCommand {
+class MoveLevelCommand : public HistoryStep {
 public:
     /// Moves the level one place back (-1) or on (+1).
     MoveLevelCommand(projectTab& tab, const tessaro::Uuid& levelId, int direction);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:
@@ -43,10 +43,10 @@ private:
     int m_direction;
 };
 
-class DeleteLevelCommand : public QUndoCommand {
+class DeleteLevelCommand : public HistoryStep {
 public:
     DeleteLevelCommand(projectTab& tab, const tessaro::Uuid& levelId);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:
@@ -62,10 +62,10 @@ private:
 
 /// All levels of the tab replaced by others (a recovered copy of the same
 /// file), the level that was shown shown again where it is still there.
-class ReplaceLevelsCommand : public QUndoCommand {
+class ReplaceLevelsCommand : public HistoryStep {
 public:
     ReplaceLevelsCommand(projectTab& tab, std::vector<tessaro::Level> levels, std::optional<tessaro::Uuid> shown);
-    void redo() override;
+    void redoStep() override;
     void undo() override;
 
 private:

@@ -19,7 +19,7 @@ std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const Recove
         if (open->isProjectDirty() && !(mayReplace && mayReplace(entry)))
             return nullptr;
         // Undo brings back what the tab held.
-        open->undoStack().push(new ReplaceLevelsCommand(*open, std::move(levels), entry.shownLevel));
+        pushStep(open->undoStack(), new ReplaceLevelsCommand(*open, std::move(levels), entry.shownLevel));
         settings.selectProject(open->id());
         return open;
     }

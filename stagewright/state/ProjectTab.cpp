@@ -298,12 +298,12 @@ void projectTab::presentLevel(const tessaro::Uuid& id, SceneHost* host)
 
 void projectTab::deleteLevel(const tessaro::Uuid& id)
 {
-    m_undoStack.push(new DeleteLevelCommand(*this, id));
+    pushStep(m_undoStack, new DeleteLevelCommand(*this, id));
 }
 
 void projectTab::addLevel()
 {
-    m_undoStack.push(new AddLevelCommand(*this));
+    pushStep(m_undoStack, new AddLevelCommand(*this));
 }
 
 bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
@@ -314,7 +314,7 @@ bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
     const auto neighbour = std::ptrdiff_t(*index) + (direction < 0 ? -1 : 1);
     if (neighbour < 0 || neighbour >= std::ssize(m_levelConfig))
         return false;
-    m_undoStack.push(new MoveLevelCommand(*this, id, direction < 0 ? -1 : 1));
+    pushStep(m_undoStack, new MoveLevelCommand(*this, id, direction < 0 ? -1 : 1));
     return true;
 }
 

@@ -95,6 +95,62 @@ TEST_F(HistoryTest, GesturesAndTypingAreStepsThatJoin)
     EXPECT_EQ(cratePosition(saved()), "{150.0,30.0}");
 }
 
+TEST_F(HistoryTest, LookingIsNoStepAndStepsKeepWhatIsShown)
+{
+    show({everyKind()});
+    QUndoStack& history = front().undoStack();
+    select(sceneObjectType::obstacles);
+    edits().applyCycleEndProperty(P::End_list_add, true);
+    edits().applyCycleEndProperty(P::End_list_add, true);
+    const std::string second = front().selectedAnimationObject().End_SelectedId;
+    edits().editRow(modelType::Devices, P::deviceName, std::string("iPad"));
+    edits().applyPrimaryProperty(P::zPosition, 7.0);
+    ASSERT_EQ(history.count(), 3);
+
+    // Undo and redo change values, not the device or the cycle-end entry shown.
+    history.undo();
+    EXPECT_EQ(front().selectedDeviceObject().nameSelected, tessaro::deviceName::iPad);
+    EXPECT_EQ(front().selectedAnimationObject().End_SelectedId, second);
+    history.redo();
+    history.undo();
+    EXPECT_EQ(selected()->zPosition(), everyKind().obstacles->front().zPosition);
+    EXPECT_EQ(front().selectedDeviceObject().nameSelected, tessaro::deviceName::iPad);
+
+    // Looking at another device or cycle-end entry, or at a background, and
+    // commands that find nothing to do, leave the redo step and the clean point.
+    history.setClean();
+    edits().editRow(modelType::Devices, P::deviceName, std::string("defaultDevice"));
+    edits().applyCycleEndProperty(P::End_SelectedId, front().selectedAnimationObject().End_SelectedId);
+    select(sceneObjectType::background);
+    const std::size_t backgrounds = scene().backgroundList()->backgrounds->size();
+    edits().applyBackgroundProperty(P::background, front().selectedObject().backgroundSelectedId);
+    EXPECT_FALSE(edits().hasSelection());
+    edits().deleteSelection();
+    edits().cut();
+    edits().paste();
+    EXPECT_EQ(history.count(), 3);
+    EXPECT_TRUE(history.canRedo());
+    EXPECT_TRUE(history.isClean());
+    EXPECT_EQ(scene().backgroundList()->backgrounds->size(), backgrounds);
+}
+
+TEST_F(HistoryTest, IsDynamicShowsWhatIsStored)
+{
+    show({everyKind()});
+    QUndoStack& history = front().undoStack();
+    select(sceneObjectType::obstacles);
+    ASSERT_FALSE(front().selectedObject().isDynamic);
+    edits().editRow(modelType::Primary, P::isDynamic, true);
+    select(sceneObjectType::character);
+    select(sceneObjectType::obstacles);
+    EXPECT_TRUE(front().selectedObject().isDynamic);
+    history.undo();
+    EXPECT_FALSE(front().selectedObject().isDynamic);
+    history.redo();
+    EXPECT_TRUE(front().selectedObject().isDynamic);
+    EXPECT_EQ(saved().obstacles->front().properties->isDynamic, true);
+}
+
 TEST_F(HistoryTest, TheSizeHandleIsAStep)
 {
     show({everyKind()});
