@@ -4,11 +4,10 @@
 #pragma once
 
 #include <stagewright/state/ElementRecords.h>
+#include <stagewright/state/HistoryStep.h>
 #include <stagewright/state/StateTypes.h>
 
 #include <tessaro/model/Uuid.h>
-
-#include <stagewright/state/HistoryStep.h>
 
 #include <vector>
 

@@ -5,11 +5,11 @@
 #pragma once
 
 #include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/HistoryStep.h>
 
 #include <tessaro/model/Geometry.h>
 
 #include <QPointer>
-#include <stagewright/state/HistoryStep.h>
 
 #include <optional>
 #include <string>

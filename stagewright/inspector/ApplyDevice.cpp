@@ -60,7 +60,7 @@ bool hasField(const DeviceProperties& entry, publishedElementList element)
 DeviceProperties* entryOf(elementNode& node, tessaro::deviceName device, bool create)
 {
     if (node.devices)
-        if (DeviceProperties* entry = tessaro::deviceEntryFor(*node.devices, device))
+        if (DeviceProperties* entry = tessaro::ownDeviceEntry(*node.devices, device))
             return entry;
     if (!create)
         return nullptr;
@@ -124,6 +124,15 @@ void writeDeviceValue(elementNode& node, DeviceProperties& entry, publishedEleme
         node.refreshDistanceGuide();
 }
 
+/// The copies of a repeated obstacle stand in a row from it: they follow a
+/// value that moves or sizes it.
+void layRepeatedCopies(sceneEditor& scene, elementNode& node, publishedElementList element)
+{
+    if (node.kind() == sceneObjectType::obstacles &&
+        (element == P::position || element == P::size || element == P::randomPositionRange))
+        scene.addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
+}
+
 /// The selection models follow a value the canvas stored.
 void showStored(projectTab& tab, const elementNode& node)
 {
@@ -165,12 +174,14 @@ void applyDeviceProperty(sceneEditor& scene, publishedElementList element, const
     if (!entry)
         return;
     writeDeviceValue(*node, *entry, element, value);
+    layRepeatedCopies(scene, *node, element);
 }
 
 void storeDeviceValue(sceneEditor& scene, elementNode& node, tessaro::deviceName device, publishedElementList element,
                       const propertyValue& value)
 {
     writeDeviceValue(node, *entryOf(node, device, true), element, value);
+    layRepeatedCopies(scene, node, element);
     if (projectTab* tab = scene.tab())
         showStored(*tab, node);
 }

@@ -58,6 +58,17 @@ bool joinsTyping(publishedElementList element)
     }
 }
 
+/// The device or cycle-end entry a value of `model` goes into: edits of the
+/// same field in two entries are two steps.
+std::string shownEntry(const projectTab& tab, modelType model)
+{
+    switch (model) {
+    case modelType::Devices: return std::string(tessaro::caseText(tab.selectedDeviceObject().nameSelected));
+    case modelType::AnimationCycleEnd: return tab.selectedAnimationObject().End_SelectedId;
+    default: return {};
+    }
+}
+
 } // namespace
 
 sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId)
@@ -141,7 +152,8 @@ PropertyEditCommand::PropertyEditCommand(projectTab& tab, const elementNode& nod
       m_model(model),
       m_element(element),
       m_value(std::move(value)),
-      m_oldValue(std::move(oldValue))
+      m_oldValue(std::move(oldValue)),
+      m_entry(shownEntry(tab, model))
 {
 }
 
@@ -153,8 +165,8 @@ int PropertyEditCommand::id() const
 bool PropertyEditCommand::mergeWith(const QUndoCommand* other)
 {
     const auto* later = dynamic_cast<const PropertyEditCommand*>(other);
-    return later && later->m_element == m_element && later->m_model == m_model && sameElement(*later) &&
-        adoptResult(*later);
+    return later && later->m_element == m_element && later->m_model == m_model && later->m_entry == m_entry &&
+        sameElement(*later) && adoptResult(*later);
 }
 
 void PropertyEditCommand::apply(sceneEditor& scene, elementNode&)

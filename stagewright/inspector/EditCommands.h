@@ -10,11 +10,12 @@
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/ElementClipboard.h>
 #include <stagewright/state/ElementRecords.h>
-
-#include <QPointer>
 #include <stagewright/state/HistoryStep.h>
 
+#include <QPointer>
+
 #include <optional>
+#include <string>
 
 namespace stagewright {
 
@@ -73,6 +74,8 @@ private:
     publishedElementList m_element;
     propertyValue m_value;
     propertyValue m_oldValue;
+    /// The device or cycle-end entry the value went into, if any.
+    std::string m_entry;
 };
 
 /// A device field added to or removed from the entry the device pane shows.

@@ -7,10 +7,11 @@
 
 #include "LevelProperties.h"
 
+#include <stagewright/state/HistoryStep.h>
+
 #include <tessaro/model/Uuid.h>
 
 #include <QPointer>
-#include <stagewright/state/HistoryStep.h>
 
 #include <optional>
 

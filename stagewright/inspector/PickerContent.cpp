@@ -56,16 +56,16 @@ std::vector<pickerSection> nodeSections(const sceneEditor& scene)
         {"Checkpoint Objects", sceneObjectType::checkpoint}, {"Artifact Objects", sceneObjectType::artifact},
         {"Shield Objects", sceneObjectType::shield}};
     for (const auto& [title, kind] : layers) {
-        const std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(scene.layerFor(kind));
+        // A repeated copy is its obstacle's: the obstacle stands for the row.
+        // An element kept only as read cannot be edited, so it is not listed.
+        std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(scene.layerFor(kind));
+        std::erase_if(nodes, [](const elementNodePtr& node) { return node->repeatedNode || node->keptOnly; });
         if (nodes.empty())
             continue;
         pickerSection& section = sections.emplace_back();
         section.title = QString::fromLatin1(title);
-        // A repeated copy is its obstacle's: the obstacle stands for the row.
         for (const elementNodePtr& node : nodes)
-            if (!node->repeatedNode)
-                section.items.push_back(
-                    {nodeLine(*node), text(tessaro::caseText(kind)) + QLatin1Char(':') + node->name()});
+            section.items.push_back({nodeLine(*node), text(tessaro::caseText(kind)) + QLatin1Char(':') + node->name()});
     }
     return sections;
 }

@@ -5,10 +5,11 @@
 
 #include "SceneSizeSelection.h"
 
+#include <stagewright/state/HistoryStep.h>
+
 #include <tessaro/model/Uuid.h>
 
 #include <QPointer>
-#include <stagewright/state/HistoryStep.h>
 
 namespace stagewright {
 

@@ -8,8 +8,9 @@
 #include "EditCommands.h"
 #include "SoundList.h"
 
-#include <QPointer>
 #include <stagewright/state/HistoryStep.h>
+
+#include <QPointer>
 
 #include <optional>
 #include <vector>

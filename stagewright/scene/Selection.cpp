@@ -39,9 +39,14 @@ QString now()
 /// as a picture of its own (the further coins of a coin row, a stack).
 elementNodePtr owningElement(const tessaro::kit::NodePtr& hit)
 {
-    for (tessaro::kit::Node* node = hit.get(); node; node = node->parent())
+    for (tessaro::kit::Node* node = hit.get(); node; node = node->parent()) {
+        // A distance guide shows how far its element acts; it is no part of
+        // the element to click, and often crosses other elements.
+        if (dynamic_cast<distanceNode*>(node))
+            return nullptr;
         if (auto* element = dynamic_cast<elementNode*>(node))
-            return std::static_pointer_cast<elementNode>(element->shared_from_this());
+            return element->keptOnly ? nullptr : std::static_pointer_cast<elementNode>(element->shared_from_this());
+    }
     return nullptr;
 }
 
@@ -135,7 +140,9 @@ void sceneEditor::handleMenuItem(const NodeMenuItem& item)
 
 void sceneEditor::selectNode(const elementNodePtr& node)
 {
-    if (!node)
+    // An element kept only because its catalogue entry is missing is saved
+    // as read and never edited.
+    if (!node || node->keptOnly)
         return;
     trace(now() + QStringLiteral(": Start"));
     publishSelection(*node);
@@ -168,7 +175,7 @@ void sceneEditor::selectNodeNamed(const QString& text)
                 break;
         }
     }
-    if (!node)
+    if (!node || node->keptOnly)
         return;
 
     if (m_tab)

@@ -55,4 +55,28 @@ DeviceProperties* deviceEntryFor(std::vector<DeviceProperties>& devices, deviceN
     return const_cast<DeviceProperties*>(deviceEntryFor(std::as_const(devices), device));
 }
 
+DeviceProperties* ownDeviceEntry(std::vector<DeviceProperties>& devices, deviceName device)
+{
+    DeviceProperties* shared = deviceEntryFor(devices, device);
+    if (!shared)
+        return nullptr;
+    std::string others;
+    std::size_t names = 0;
+    for (std::string_view piece : splitNonEmpty(*shared->deviceName, ",")) {
+        ++names;
+        if (deviceListHolds(piece, device))
+            continue;
+        if (!others.empty())
+            others += ',';
+        others += piece;
+    }
+    if (names < 2 || others.empty())
+        return shared;
+    DeviceProperties own = *shared;
+    own.deviceName = std::string(caseText(device));
+    shared->deviceName = std::move(others);
+    const auto at = devices.begin() + (shared - devices.data()) + 1;
+    return &*devices.insert(at, std::move(own));
+}
+
 } // namespace tessaro

@@ -31,6 +31,11 @@ void setLastRandomPosition(PointValue position);
 /// The first entry whose device list holds `device`, or null.
 const DeviceProperties* deviceEntryFor(const std::vector<DeviceProperties>& devices, deviceName device);
 DeviceProperties* deviceEntryFor(std::vector<DeviceProperties>& devices, deviceName device);
+/// The entry that serves `device` alone, for writing a value of that device.
+/// An entry named for several devices ("iPad,iPhone17") keeps the others, and
+/// a copy of it right after it takes `device`, so that a value written for one
+/// device changes no other. Null when no entry serves `device`.
+DeviceProperties* ownDeviceEntry(std::vector<DeviceProperties>& devices, deviceName device);
 
 template <fieldList F>
 struct DeviceFieldType {

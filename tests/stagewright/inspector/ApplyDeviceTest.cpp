@@ -115,6 +115,59 @@ TEST_F(ApplyDeviceTest, EachFieldIsStoredAndShown)
     }
 }
 
+TEST_F(ApplyDeviceTest, AnEntryOfSeveralDevicesIsSplitForTheOneEdited)
+{
+    tessaro::Level level = everyKind();
+    tessaro::DeviceProperties shared;
+    shared.deviceName = "iPad,iPhone17";
+    shared.offset = "{1,1}";
+    level.obstacles->front().properties->devices->push_back(shared);
+    show({level});
+    const auto crateDevices = [&] { return saved().obstacles->front().properties->devices.value(); };
+
+    select(sceneObjectType::obstacles);
+    edits().editRow(modelType::Devices, P::deviceName, std::string("iPad"));
+    edits().editRow(modelType::Devices, P::offset, tessaro::PointValue{5, 5});
+    ASSERT_EQ(crateDevices().size(), 3u);
+    EXPECT_EQ(crateDevices()[1].deviceName, "iPhone17");
+    EXPECT_EQ(crateDevices()[1].offset, "{1,1}");
+    EXPECT_EQ(crateDevices()[2].deviceName, "iPad");
+    EXPECT_EQ(crateDevices()[2].offset, "{5.0,5.0}");
+
+    // The other device still shows its own value; undo joins the entry again.
+    edits().editRow(modelType::Devices, P::deviceName, std::string("iPhone17"));
+    EXPECT_EQ(front().selectedDeviceObject().offset, (tessaro::PointValue{1, 1}));
+    front().undoStack().undo();
+    EXPECT_EQ(crateDevices(), level.obstacles->front().properties->devices.value());
+}
+
+TEST_F(ApplyDeviceTest, RepeatedCopiesFollowTheirObstacle)
+{
+    show({everyKind()});
+    const elementNodePtr crate = select(sceneObjectType::obstacles);
+    edits().applyPrimaryProperty(P::repeatCount, std::int64_t(3));
+    const auto copiesX = [&] {
+        std::vector<double> xs;
+        for (const elementNodePtr& node : sceneEditor::elementsOf(scene().obstacleNodes()))
+            if (node->repeatedNode)
+                xs.push_back(node->position().x());
+        return xs;
+    };
+    const auto row = [&](double x, double width) { return std::vector<double>{x + width, x + 2 * width}; };
+    const double width = crate->size().width();
+    ASSERT_EQ(copiesX(), row(crate->position().x(), width));
+
+    // A typed position, a nudge and a resize move the row at once.
+    edits().editRow(modelType::Devices, P::position, tessaro::PointValue{300, 0});
+    EXPECT_EQ(copiesX(), row(300, width));
+    scene().dispatchKeyEvent(true, {Qt::Key_Right, QString(), Qt::ShiftModifier, false});
+    EXPECT_EQ(copiesX(), row(310, width));
+    edits().resizeElement(*crate, tessaro::SizeValue{width * 2, crate->size().height() * 2});
+    EXPECT_EQ(copiesX(), row(310, width * 2));
+    front().undoStack().undo();
+    EXPECT_EQ(copiesX(), row(310, width));
+}
+
 TEST_F(ApplyDeviceTest, OverridesOfOtherDevicesComeAndGo)
 {
     tessaro::Level level = everyKind();

@@ -254,5 +254,17 @@ TEST_F(PublishTest, PickersListWhatTheirRowsOffer)
     EXPECT_EQ(front().selectedObject().image, "hills");
 }
 
+TEST_F(PublishTest, ElementsKeptOnlyAsReadAreNotListed)
+{
+    tessaro::Level level = everyKind();
+    tessaro::ObstacleLevelItem vanished = level.obstacles->front();
+    vanished.elementName = "Vanished";
+    level.obstacles->push_back(vanished);
+    show({level});
+    const pickerContent nodes = getPickerContent(pickerType::NodeList, front(), &scene(), nullptr);
+    ASSERT_EQ(nodes.sections[2].title, "Obstacles");
+    EXPECT_EQ(nodes.sections[2].items.size(), 1u);
+}
+
 } // namespace
 } // namespace stagewright::test

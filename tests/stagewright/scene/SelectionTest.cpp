@@ -152,6 +152,32 @@ TEST_F(SelectionTest, OverlappingElementsAskTheObjectMenu)
     EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
 }
 
+TEST_F(SelectionTest, GuidesAndKeptElementsAreNotClicked)
+{
+    tessaro::Level with = emptyLevel();
+    tessaro::ObstacleLevelItem guard = crate("guard", "{-200,0}");
+    guard.properties->devices->front().distance = "{300,0}";
+    tessaro::ObstacleLevelItem vanished = crate("vanished", "{0,0}");
+    vanished.elementName = "Vanished";
+    with.obstacles = std::vector<tessaro::ObstacleLevelItem>{guard, crate("lone", "{0,0}"), vanished};
+    LoadedLevel loaded(with);
+    sceneEditor& scene = *loaded.scene;
+    ASSERT_TRUE(named(scene, "guard")->distanceGuideNode);
+
+    // The guard's guide crosses "lone": a click selects "lone", no menu.
+    click(scene, {0, 0});
+    EXPECT_TRUE(menus.empty());
+    EXPECT_EQ(selectedName(loaded), "lone");
+
+    // An element kept only as read is selected neither from a list nor directly.
+    scene.deselect();
+    const elementNodePtr kept = elements(scene.obstacleNodes()).back();
+    ASSERT_TRUE(kept->keptOnly);
+    scene.selectNodeNamed(QStringLiteral("obstacles:") + kept->name());
+    scene.selectNode(kept);
+    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
+}
+
 TEST_F(SelectionTest, ListsSelectByNameAndScrollToFarElements)
 {
     LoadedLevel loaded(level());
