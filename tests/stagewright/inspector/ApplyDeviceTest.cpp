@@ -134,9 +134,15 @@ TEST_F(ApplyDeviceTest, AnEntryOfSeveralDevicesIsSplitForTheOneEdited)
     EXPECT_EQ(crateDevices()[2].deviceName, "iPad");
     EXPECT_EQ(crateDevices()[2].offset, "{5.0,5.0}");
 
-    // The other device still shows its own value; undo joins the entry again.
+    // The other device still shows its own value, and an edit of it is a
+    // step of its own; undo takes each back and joins the entry again.
     edits().editRow(modelType::Devices, P::deviceName, std::string("iPhone17"));
     EXPECT_EQ(front().selectedDeviceObject().offset, (tessaro::PointValue{1, 1}));
+    edits().editRow(modelType::Devices, P::offset, tessaro::PointValue{7, 7});
+    EXPECT_EQ(front().undoStack().count(), 2);
+    front().undoStack().undo();
+    EXPECT_EQ(crateDevices()[1].offset, "{1,1}");
+    EXPECT_EQ(crateDevices()[2].offset, "{5.0,5.0}");
     front().undoStack().undo();
     EXPECT_EQ(crateDevices(), level.obstacles->front().properties->devices.value());
 }
