@@ -1,12 +1,13 @@
 #include "LevelProperties.h"
 
-#include "LevelPropertyCommand.h"
-
 #include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SetFieldCommand.h>
 
 #include <tessaro/model/ConfigFiles.h>
-
+#include <tessaro/model/FieldPath.h>
 #include <tessaro/model/ValueText.h>
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <type_traits>
@@ -17,139 +18,112 @@ using K = tessaro::sceneObjectType;
 
 namespace {
 
-/// The repeat distance: a point to the sheet, point text in the record.
-template <class Text>
-struct pointText {
-    Text& text;
-};
-
-/// Calls `f` with the field that `selector` names in the kind's sub-record of
-/// `level`; false when there is no such field (the sub-record is absent). The
-/// repeat distance is handed as a point, or as its text when `asStored`.
-template <class LevelT, class F>
-bool withField(LevelT& level, K kind, int selector, bool asStored, F&& f)
+/// The path of the field `selector` names in the sub-record of `kind`; none
+/// where the sheet has no such row.
+std::optional<tessaro::FieldPath> levelFieldPath(K kind, int selector)
 {
-    const auto give = [&](auto&& field) {
-        f(field);
-        return true;
-    };
-    const auto sounds = [&](auto& record) {
-        return record && selector == levelField::soundEffects && give(record->soundEffects);
-    };
+    const char* record = nullptr;
     switch (kind) {
-    case K::checkpoint:
-        if (level.checkpoints && selector == levelField::image)
-            return give(level.checkpoints->image);
-        if (level.checkpoints && selector == levelField::animateFromImage)
-            return give(level.checkpoints->animateFromImage);
-        return sounds(level.checkpoints);
-    case K::coin:
-        if (level.coins && selector == levelField::startCoinNumber)
-            return give(level.coins->startCoinNumber);
-        if (level.coins && selector == levelField::image)
-            return give(level.coins->image);
-        if (level.coins && selector == levelField::repeatDistance)
-            return asStored ? give(level.coins->repeatDistance) : give(pointText{level.coins->repeatDistance});
-        return sounds(level.coins);
-    case K::shield:
-        if (level.shields && selector == levelField::image)
-            return give(level.shields->image);
-        return sounds(level.shields);
-    case K::artifact:
-        if (level.artifacts && selector == levelField::startArtifactNumber)
-            return give(level.artifacts->startArtifactNumber);
-        if (level.artifacts && selector == levelField::image)
-            return give(level.artifacts->image);
-        return sounds(level.artifacts);
-    case K::background: return sounds(level.background);
-    case K::levelEnd: return sounds(level.levelEnd);
-    case K::phaseEnd: return sounds(level.phaseEnd);
-    default: return false;
+    case K::checkpoint: record = "checkpoints"; break;
+    case K::coin: record = "coins"; break;
+    case K::shield: record = "shields"; break;
+    case K::artifact: record = "artifacts"; break;
+    case K::background: record = "background"; break;
+    case K::levelEnd: record = "levelEnd"; break;
+    case K::phaseEnd: record = "phaseEnd"; break;
+    default: return std::nullopt;
+    }
+    const auto in = [&](std::initializer_list<K> kinds) {
+        return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
+    };
+    const char* field = nullptr;
+    switch (selector) {
+    case levelField::soundEffects: field = "soundEffects"; break;
+    case levelField::image: field = in({K::checkpoint, K::coin, K::shield, K::artifact}) ? "image" : nullptr; break;
+    case levelField::animateFromImage: field = kind == K::checkpoint ? "animateFromImage" : nullptr; break;
+    case levelField::startCoinNumber: field = kind == K::coin ? "startCoinNumber" : nullptr; break;
+    case levelField::repeatDistance: field = kind == K::coin ? "repeatDistance" : nullptr; break;
+    case levelField::startArtifactNumber: field = kind == K::artifact ? "startArtifactNumber" : nullptr; break;
+    default: break;
+    }
+    if (!field)
+        return std::nullopt;
+    return tessaro::FieldPath(record) / field;
+}
+
+/// A stored field as the sheet shows it: the repeat distance is point text
+/// in the record and a point on the sheet.
+std::optional<levelPropertyValue> shownValue(int selector, const tessaro::FieldValue& stored)
+{
+    if (!stored.has_value())
+        return std::nullopt;
+    if (const auto* text = std::any_cast<std::string>(&stored))
+        return selector == levelField::repeatDistance ? levelPropertyValue(tessaro::pointFromText(*text))
+                                                      : levelPropertyValue(*text);
+    if (const auto* number = std::any_cast<std::int64_t>(&stored))
+        return *number;
+    if (const auto* sounds = std::any_cast<std::vector<tessaro::GameSound>>(&stored))
+        return *sounds;
+    return std::nullopt;
+}
+
+/// A value of the sheet as the record stores it. The checkpoints' image is
+/// always there; taken out, it is empty.
+tessaro::FieldValue storedValue(K kind, int selector, const std::optional<levelPropertyValue>& value)
+{
+    if (!value)
+        return kind == K::checkpoint && selector == levelField::image ? tessaro::FieldValue(std::string())
+                                                                      : tessaro::FieldValue();
+    return std::visit(
+        [&](const auto& typed) -> tessaro::FieldValue {
+            using T = std::decay_t<decltype(typed)>;
+            // The repeat distance takes a point and nothing else.
+            if (selector == levelField::repeatDistance) {
+                if constexpr (std::is_same_v<T, tessaro::PointValue>)
+                    return tessaro::textFromPoint(typed);
+                else
+                    return std::monostate{};
+            }
+            return typed;
+        },
+        *value);
+}
+
+QString fieldTitle(int selector)
+{
+    switch (selector) {
+    case levelField::startArtifactNumber:
+        return QCoreApplication::translate("LevelProperties", "Start Artifact Number");
+    case levelField::startCoinNumber: return QCoreApplication::translate("LevelProperties", "Start Coin Number");
+    case levelField::soundEffects: return QCoreApplication::translate("LevelProperties", "Sounds");
+    case levelField::image: return QCoreApplication::translate("LevelProperties", "Image");
+    case levelField::repeatDistance: return QCoreApplication::translate("LevelProperties", "Repeat Distance");
+    case levelField::animateFromImage: return QCoreApplication::translate("LevelProperties", "Animate at Image");
+    default: return {};
     }
 }
 
-template <class T>
-std::optional<levelPropertyValue> read(const std::optional<T>& field)
+std::size_t soundCount(const std::optional<levelPropertyValue>& value)
 {
-    return field ? std::optional<levelPropertyValue>(*field) : std::nullopt;
-}
-
-std::optional<levelPropertyValue> read(const std::string& field)
-{
-    return field;
-}
-
-template <class Text>
-std::optional<levelPropertyValue> read(const pointText<Text>& field)
-{
-    return field.text ? std::optional<levelPropertyValue>(tessaro::pointFromText(*field.text)) : std::nullopt;
-}
-
-template <class T>
-bool write(std::optional<T>& field, const std::optional<levelPropertyValue>& value)
-{
-    if (!value) {
-        field.reset();
-        return true;
-    }
-    const T* typed = std::get_if<T>(&*value);
-    if (!typed)
-        return false;
-    field = *typed;
-    return true;
-}
-
-bool write(std::string& field, const std::optional<levelPropertyValue>& value)
-{
-    // The checkpoints' image is always there; taken out, it is empty.
-    const std::string* typed = value ? std::get_if<std::string>(&*value) : nullptr;
-    if (value && !typed)
-        return false;
-    field = typed ? *typed : std::string();
-    return true;
-}
-
-bool write(pointText<std::optional<std::string>> field, const std::optional<levelPropertyValue>& value)
-{
-    if (!value) {
-        field.text.reset();
-        return true;
-    }
-    const tessaro::PointValue* typed = std::get_if<tessaro::PointValue>(&*value);
-    if (!typed)
-        return false;
-    field.text = tessaro::textFromPoint(*typed);
-    return true;
+    const auto* sounds = value ? std::get_if<std::vector<tessaro::GameSound>>(&*value) : nullptr;
+    return sounds ? sounds->size() : 0;
 }
 
 } // namespace
 
 std::optional<std::optional<levelPropertyValue>> levelProperty(const tessaro::Level& level, K kind, int selector)
 {
-    std::optional<std::optional<levelPropertyValue>> result;
-    withField(level, kind, selector, false, [&](const auto& field) { result = read(field); });
-    return result;
+    const std::optional<tessaro::FieldPath> path = levelFieldPath(kind, selector);
+    tessaro::FieldValue stored;
+    if (!path || !tessaro::readField(level, *path, stored))
+        return std::nullopt;
+    return shownValue(selector, stored);
 }
 
 bool writeLevelProperty(tessaro::Level& level, K kind, int selector, const std::optional<levelPropertyValue>& value)
 {
-    bool written = false;
-    withField(level, kind, selector, false, [&](auto&& field) { written = write(field, value); });
-    return written;
-}
-
-std::optional<std::optional<levelPropertyValue>> storedLevelProperty(const tessaro::Level& level, K kind, int selector)
-{
-    std::optional<std::optional<levelPropertyValue>> result;
-    withField(level, kind, selector, true, [&](const auto& field) { result = read(field); });
-    return result;
-}
-
-bool restoreLevelProperty(tessaro::Level& level, K kind, int selector, const std::optional<levelPropertyValue>& stored)
-{
-    bool written = false;
-    withField(level, kind, selector, true, [&](auto&& field) { written = write(field, stored); });
-    return written;
+    const std::optional<tessaro::FieldPath> path = levelFieldPath(kind, selector);
+    return path && tessaro::writeField(level, *path, storedValue(kind, selector, value));
 }
 
 void updateLevelProperty(projectTab& tab, K kind, int selector, levelPropertyValue value)
@@ -159,7 +133,22 @@ void updateLevelProperty(projectTab& tab, K kind, int selector, levelPropertyVal
         return;
     const tessaro::Level* level = tab.findLevel(tab.levelSelected());
     const tessaro::Uuid levelId = level ? tab.levelSelected() : levels.front().id.value_or(tessaro::Uuid());
-    pushStep(tab.undoStack(), new LevelPropertyCommand(tab, levelId, kind, selector, std::move(value)));
+    if (!level)
+        level = &levels.front();
+    // An absent sub-record, or the value already shown (a repeat distance
+    // typed as another text of the same point): nothing to write.
+    const auto shown = levelProperty(*level, kind, selector);
+    if (!shown || *shown == value)
+        return;
+    // A chosen image, and a sound added or taken out, are steps of their
+    // own; numbers and a sound edited in place join while they follow.
+    const bool joins = selector != levelField::image &&
+        !(selector == levelField::soundEffects && soundCount(value) != soundCount(*shown));
+    const QString text = QCoreApplication::translate("LevelProperties", "Change %1 %2")
+                             .arg(QString::fromUtf8(tessaro::caseText(kind)), fieldTitle(selector));
+    pushStep(tab.undoStack(),
+             new SetFieldCommand(tab.document(), levelId, *levelFieldPath(kind, selector),
+                                 storedValue(kind, selector, value), text, joins));
 }
 
 levelTabValues levelTabValuesOf(const tessaro::Level& level, K kind)

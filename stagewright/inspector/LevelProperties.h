@@ -47,14 +47,6 @@ std::optional<std::optional<levelPropertyValue>> levelProperty(const tessaro::Le
 bool writeLevelProperty(tessaro::Level& level, tessaro::sceneObjectType kind, int selector,
                         const std::optional<levelPropertyValue>& value);
 
-/// The field as the record stores it, for putting it back exactly: like
-/// `levelProperty`, but the repeat distance is its text as written.
-std::optional<std::optional<levelPropertyValue>> storedLevelProperty(const tessaro::Level& level,
-                                                                     tessaro::sceneObjectType kind, int selector);
-/// Puts back a field as `storedLevelProperty` gave it.
-bool restoreLevelProperty(tessaro::Level& level, tessaro::sceneObjectType kind, int selector,
-                          const std::optional<levelPropertyValue>& stored);
-
 /// Writes one field of the selected level (the first level when no level has
 /// the selected id) as one step of the tab's history. A write that cannot be
 /// made leaves no step.

@@ -41,6 +41,18 @@ void placeAgain(sceneEditor& scene, const tessaro::kit::NodePtr& layer, const st
 
 } // namespace
 
+void sceneEditor::followLevelField(const tessaro::FieldPath& path)
+{
+    // The checkpoints' and shields' pictures and the coins' repeat distance
+    // are drawn from the level's own records; its other values are not drawn.
+    const std::pair<const char*, sceneObjectType> drawn[] = {{"coins.repeatDistance", sceneObjectType::coin},
+                                                             {"checkpoints.image", sceneObjectType::checkpoint},
+                                                             {"shields.image", sceneObjectType::shield}};
+    for (const auto& [field, kind] : drawn)
+        if (path == tessaro::FieldPath(field))
+            showLevelLook(kind);
+}
+
 void sceneEditor::showLevelLook(sceneObjectType kind)
 {
     const tessaro::Level* level = m_tab ? tabLevel(m_tab->levelSelected()) : nullptr;

@@ -56,9 +56,15 @@ sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup)
 
     addNavigationControls();
     // The tab's "hide background" switch reaches the scene it shows.
-    if (m_tab)
+    if (m_tab) {
         QObject::connect(m_tab, &projectTab::backgroundElementsHiddenChanged, this,
                          [this] { setBackgroundsHidden(m_tab->backgroundElementsHidden()); });
+        QObject::connect(&m_tab->document(), &LevelDocument::levelChanged, this,
+                         [this](const tessaro::Uuid& levelId, const tessaro::FieldPath& path) {
+                             if (levelId == m_tab->levelSelected())
+                                 followLevelField(path);
+                         });
+    }
 
     setName(setup.name);
     setBackgroundColor(QColor(setup.backgroundColor.red, setup.backgroundColor.green, setup.backgroundColor.blue,

@@ -170,6 +170,9 @@ public:
     /// shields are placed again with the level's picture, each keeping its
     /// handle, order and selection. Other kinds draw none.
     void showLevelLook(tessaro::sceneObjectType kind);
+    /// Shows a field of the shown level that changed in the tab's document,
+    /// where elements draw it.
+    void followLevelField(const tessaro::FieldPath& path);
 
     // ---- Write-back collectors (the values writeBack stores) ----------------------------------
     tessaro::LevelSettings collectSettings(const tessaro::Level* level) const;

@@ -36,8 +36,7 @@ void AddLevelCommand::redoStep()
 {
     if (!m_tab)
         return;
-    m_tab->m_levelConfig.push_back(m_level);
-    emit m_tab->levelConfigChanged();
+    m_tab->document().insertLevel(m_tab->levelConfig().size(), m_level);
     m_tab->refreshLevelList();
 }
 
@@ -48,10 +47,9 @@ void AddLevelCommand::undo()
     const std::optional<std::size_t> index = m_tab->levelIndex(*m_level.id);
     if (!index)
         return;
-    m_tab->m_levelConfig.erase(m_tab->m_levelConfig.begin() + std::ptrdiff_t(*index));
-    emit m_tab->levelConfigChanged();
-    if (m_tab->levelSelected() == *m_level.id && !m_tab->m_levelConfig.empty())
-        m_tab->switchLevel(m_tab->m_levelConfig.front().id.value_or(tessaro::Uuid::create()));
+    m_tab->document().removeLevelAt(*index);
+    if (m_tab->levelSelected() == *m_level.id && !m_tab->levelConfig().empty())
+        m_tab->switchLevel(m_tab->levelConfig().front().id.value_or(tessaro::Uuid::create()));
     m_tab->refreshLevelList();
 }
 
@@ -73,11 +71,9 @@ void MoveLevelCommand::step(int direction)
     if (!index)
         return;
     const auto neighbour = std::ptrdiff_t(*index) + direction;
-    std::vector<tessaro::Level>& levels = m_tab->m_levelConfig;
-    if (neighbour < 0 || neighbour >= std::ssize(levels))
+    if (neighbour < 0 || neighbour >= std::ssize(m_tab->levelConfig()))
         return;
-    std::swap(levels[*index], levels[std::size_t(neighbour)]);
-    emit m_tab->levelConfigChanged();
+    m_tab->document().swapLevels(*index, std::size_t(neighbour));
     m_tab->refreshLevelList();
 }
 
@@ -105,24 +101,26 @@ void DeleteLevelCommand::redoStep()
 {
     if (!m_tab)
         return;
-    std::vector<tessaro::Level>& levels = m_tab->m_levelConfig;
     if (!m_done) {
         // The level on the canvas holds its truth in the scene until written back.
         if (m_tab->levelSelected() == m_levelId && m_tab->currentScene())
             m_tab->currentScene()->writeBack(m_levelId);
-        for (std::size_t i = 0; i < levels.size(); ++i)
-            if (levels[i].id == m_levelId)
-                m_removed.emplace_back(i, levels[i]);
+        const std::vector<tessaro::Level>& stored = m_tab->levelConfig();
+        for (std::size_t i = 0; i < stored.size(); ++i)
+            if (stored[i].id == m_levelId)
+                m_removed.emplace_back(i, stored[i]);
         m_done = true;
     }
+    std::vector<tessaro::Level> levels = m_tab->levelConfig();
     std::erase_if(levels, [&](const tessaro::Level& level) { return level.id == m_levelId; });
     if (levels.empty()) {
         if (!m_replacement)
             m_replacement = freshLevel();
         levels.push_back(*m_replacement);
     }
-    emit m_tab->levelConfigChanged();
-    m_tab->switchLevel(levels.front().id.value_or(tessaro::Uuid::create()));
+    const tessaro::Uuid first = levels.front().id.value_or(tessaro::Uuid::create());
+    m_tab->document().replaceLevels(std::move(levels));
+    m_tab->switchLevel(first);
     m_tab->refreshLevelList();
     // Asked to delete a level that is not there: the canvas shows the first
     // level, and there is nothing to undo.
@@ -134,14 +132,15 @@ void DeleteLevelCommand::undo()
 {
     if (!m_tab)
         return;
-    std::vector<tessaro::Level>& levels = m_tab->m_levelConfig;
+    std::vector<tessaro::Level> levels = m_tab->levelConfig();
     if (m_replacement)
         std::erase_if(levels, [&](const tessaro::Level& level) { return level.id == m_replacement->id; });
     for (const auto& [index, level] : m_removed)
         levels.insert(levels.begin() + std::ptrdiff_t(std::min(index, levels.size())), level);
-    emit m_tab->levelConfigChanged();
-    m_tab->switchLevel(m_tab->levelIndex(m_selectedBefore) ? m_selectedBefore
-                                                           : levels.front().id.value_or(tessaro::Uuid::create()));
+    m_tab->document().replaceLevels(std::move(levels));
+    m_tab->switchLevel(m_tab->levelIndex(m_selectedBefore)
+                           ? m_selectedBefore
+                           : m_tab->levelConfig().front().id.value_or(tessaro::Uuid::create()));
     m_tab->refreshLevelList();
 }
 

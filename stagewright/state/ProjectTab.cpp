@@ -26,9 +26,10 @@ SceneSetup sceneSetupFromConfig()
 projectTab::projectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner)
     : m_owner(owner),
       m_id(id),
-      m_name(name),
-      m_elementHandles(std::make_unique<ElementHandles>())
+      m_name(name)
 {
+    connect(&m_document, &LevelDocument::levelsChanged, this, &projectTab::levelConfigChanged);
+    connect(&m_document, &LevelDocument::levelChanged, this, &projectTab::levelConfigChanged);
     takeSceneValuesFromConfig();
     m_currentScene = makeScene();
     connect(&m_undoStack, &QUndoStack::cleanChanged, this, &projectTab::refreshDirty);
@@ -76,16 +77,7 @@ void projectTab::setFilePath(const std::optional<QString>& path)
 
 void projectTab::setLevelConfig(std::vector<tessaro::Level> levels)
 {
-    m_levelConfig = std::move(levels);
-    emit levelConfigChanged();
-}
-
-tessaro::Level* projectTab::findLevel(const tessaro::Uuid& id)
-{
-    for (tessaro::Level& level : m_levelConfig)
-        if (level.id == id)
-            return &level;
-    return nullptr;
+    m_document.replaceLevels(std::move(levels));
 }
 
 void projectTab::setLevelSelected(const tessaro::Uuid& id)
@@ -184,14 +176,6 @@ void projectTab::refreshDirty()
     emit isProjectDirtyChanged();
 }
 
-std::optional<std::size_t> projectTab::levelIndex(const tessaro::Uuid& id) const
-{
-    for (std::size_t i = 0; i < m_levelConfig.size(); ++i)
-        if (m_levelConfig[i].id == id)
-            return i;
-    return std::nullopt;
-}
-
 void projectTab::setBackgroundElementsHidden(bool hidden)
 {
     if (hidden == m_backgroundElementsHidden)
@@ -263,8 +247,8 @@ void projectTab::replaceLevels(std::vector<tessaro::Level> levels)
     const tessaro::Uuid shown = m_levelSelected;
     setLevelConfig(std::move(levels));
     tessaro::Uuid next = shown;
-    if (!findLevel(shown) && !m_levelConfig.empty())
-        next = m_levelConfig.front().id.value_or(shown);
+    if (!findLevel(shown) && !levelConfig().empty())
+        next = levelConfig().front().id.value_or(shown);
     presentLevel(next, host);
     refreshLevelList();
     setProjectDirty(false);
@@ -312,7 +296,7 @@ bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
     if (!index)
         return false;
     const auto neighbour = std::ptrdiff_t(*index) + (direction < 0 ? -1 : 1);
-    if (neighbour < 0 || neighbour >= std::ssize(m_levelConfig))
+    if (neighbour < 0 || neighbour >= std::ssize(levelConfig()))
         return false;
     pushStep(m_undoStack, new MoveLevelCommand(*this, id, direction < 0 ? -1 : 1));
     return true;
@@ -321,8 +305,8 @@ bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
 void projectTab::refreshLevelList()
 {
     m_levelListDropdownValues.clear();
-    m_levelListDropdownValues.reserve(m_levelConfig.size());
-    for (const tessaro::Level& level : m_levelConfig) {
+    m_levelListDropdownValues.reserve(levelConfig().size());
+    for (const tessaro::Level& level : levelConfig()) {
         const tessaro::Uuid tag = level.id.value_or(tessaro::Uuid::create());
         m_levelListDropdownValues.push_back({QStringLiteral("Scene: ") + QString::fromStdString(tag.text()), tag});
     }
@@ -346,8 +330,7 @@ void projectTab::reset()
     dropScene();
     m_levelListDropdownValues.clear();
     emit levelListDropdownValuesChanged();
-    m_levelConfig.clear();
-    emit levelConfigChanged();
+    m_document.replaceLevels({});
     resetSelectionModels();
     setElementPhase(selectionPhase::None);
 }

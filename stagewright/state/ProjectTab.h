@@ -2,6 +2,7 @@
 // its selected level and the selection models of the inspectors.
 #pragma once
 
+#include "LevelDocument.h"
 #include "LevelScene.h"
 #include "SelectionModels.h"
 #include "StateTypes.h"
@@ -15,8 +16,8 @@
 #include <optional>
 #include <vector>
 
-// The levels and the element handles are only named here, so that the many
-// files that include this header do not compile the level records.
+// The levels are only named here, so that the many files that include this
+// header do not compile the level records.
 namespace tessaro {
 struct Level;
 }
@@ -47,11 +48,14 @@ public:
     const std::optional<QString>& unreadableFile() const { return m_unreadableFile; }
     void setUnreadableFile(const std::optional<QString>& path) { m_unreadableFile = path; }
 
-    const std::vector<tessaro::Level>& levelConfig() const { return m_levelConfig; }
+    /// The project's levels, the only copy of their records.
+    LevelDocument& document() { return m_document; }
+    const LevelDocument& document() const { return m_document; }
+    const std::vector<tessaro::Level>& levelConfig() const { return m_document.levels(); }
     void setLevelConfig(std::vector<tessaro::Level> levels);
     /// The first level with that id, for in-place edits; call
     /// `notifyLevelConfigChanged` after changing it.
-    tessaro::Level* findLevel(const tessaro::Uuid& id);
+    tessaro::Level* findLevel(const tessaro::Uuid& id) { return m_document.findLevel(id); }
     void notifyLevelConfigChanged() { emit levelConfigChanged(); }
 
     const tessaro::Uuid& levelSelected() const { return m_levelSelected; }
@@ -113,7 +117,7 @@ public:
     /// command pushed here.
     QUndoStack& undoStack() { return m_undoStack; }
     /// The session identities of the elements of the project's levels.
-    ElementHandles& elementHandles() { return *m_elementHandles; }
+    ElementHandles& elementHandles() { return m_document.elementHandles(); }
 
     bool backgroundElementsHidden() const { return m_backgroundElementsHidden; }
     void setBackgroundElementsHidden(bool hidden);
@@ -185,7 +189,7 @@ private:
     std::shared_ptr<LevelScene> makeScene();
     void refreshDirty();
     /// The index of the first level with that id, or none.
-    std::optional<std::size_t> levelIndex(const tessaro::Uuid& id) const;
+    std::optional<std::size_t> levelIndex(const tessaro::Uuid& id) const { return m_document.levelIndex(id); }
     void takeSceneValuesFromConfig();
     void dropScene();
     /// Makes the scene of level `id` and shows it in `host`.
@@ -196,7 +200,7 @@ private:
     QString m_name;
     std::optional<QString> m_filePath;
     std::optional<QString> m_unreadableFile;
-    std::vector<tessaro::Level> m_levelConfig;
+    LevelDocument m_document;
     tessaro::Uuid m_levelSelected = tessaro::Uuid::create();
     selectedObjectModel m_selectedObject;
     selectedDeviceModel m_selectedDeviceObject;
@@ -210,7 +214,6 @@ private:
     std::vector<levelPickerModel> m_levelListDropdownValues;
     tessaro::PointValue m_scenePosition;
     QUndoStack m_undoStack;
-    std::unique_ptr<ElementHandles> m_elementHandles;
     bool m_changedOutsideHistory = false;
     bool m_isProjectDirty = false; // as last announced
     bool m_backgroundElementsHidden = false;

@@ -61,8 +61,8 @@ TEST(FieldPathTest, NestedFieldsListsAndAbsence)
 
     // Paths that name no field: unknown keys, a list's end, an absent record
     // on the way, a step into a plain value, and the empty path.
-    for (const char* dotted : {"obstacles.0.nothing", "obstacles.1.name", "obstacles.x.name", "coins.image",
-                               "obstacles.0.name.more", ""}) {
+    for (const char* dotted :
+         {"obstacles.0.nothing", "obstacles.1.name", "obstacles.x.name", "coins.image", "obstacles.0.name.more", ""}) {
         EXPECT_FALSE(tessaro::readField(level, FieldPath(dotted), value)) << dotted;
         EXPECT_FALSE(tessaro::writeField(level, FieldPath(dotted), std::string("x"))) << dotted;
     }
