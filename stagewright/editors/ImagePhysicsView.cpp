@@ -5,6 +5,7 @@
 #include "PhysicsSession.h"
 #include "PhysicsSidePanel.h"
 
+#include <stagewright/state/CatalogueDocument.h>
 #include <stagewright/state/SceneSettings.h>
 
 #include <QAction>
@@ -41,15 +42,22 @@ imagePhysicsView::imagePhysicsView(physicsEditMode mode, projectTab& tab, SceneS
     connect(m_navBar, &navBarViewType::applyRequested, this, &imagePhysicsView::applyAndClose);
     connect(m_navBar, &navBarViewType::cancelRequested, this, &QDialog::reject);
 
-    // The sheet's own history, and the selected shape's deletion.
-    QAction* undo = m_session->history().createUndoAction(this, tr("Undo"));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction* redo = m_session->history().createRedoAction(this, tr("Redo"));
-    redo->setShortcut(QKeySequence::Redo);
+    // The sheet's history (on a template, then the catalogues'), and the
+    // selected shape's deletion.
+    if (mode == physicsEditMode::base)
+        markCatalogueEditor(*this);
+    m_undo = new QAction(this);
+    m_undo->setShortcut(QKeySequence::Undo);
+    connect(m_undo, &QAction::triggered, m_session, &imagePhysicsSession::undo);
+    m_redo = new QAction(this);
+    m_redo->setShortcut(QKeySequence::Redo);
+    connect(m_redo, &QAction::triggered, m_session, &imagePhysicsSession::redo);
+    connect(m_session, &imagePhysicsSession::historyChanged, this, &imagePhysicsView::refreshHistory);
+    refreshHistory();
     auto* remove = new QAction(tr("Delete Shape"), this);
     remove->setShortcuts({QKeySequence::Delete, QKeySequence(Qt::Key_Backspace)});
     connect(remove, &QAction::triggered, this, [this] { m_session->removeElement(m_session->selectedRow()); });
-    addActions({undo, redo, remove});
+    addActions({m_undo, m_redo, remove});
     refresh();
 }
 
@@ -61,6 +69,15 @@ void imagePhysicsView::refresh()
     m_canvas->refresh();
     m_side->setVisible(m_session->isInspectorPresented());
     m_side->refresh();
+}
+
+void imagePhysicsView::refreshHistory()
+{
+    // Named as the Edit menu names its steps: "Undo Change Base Physics".
+    m_undo->setEnabled(m_session->canUndo());
+    m_undo->setText(m_session->canUndo() ? tr("Undo %1").arg(m_session->undoText()) : tr("Undo"));
+    m_redo->setEnabled(m_session->canRedo());
+    m_redo->setText(m_session->canRedo() ? tr("Redo %1").arg(m_session->redoText()) : tr("Redo"));
 }
 
 void imagePhysicsView::applyAndClose()

@@ -7,6 +7,8 @@
 
 #include <QDialog>
 
+class QAction;
+
 namespace stagewright {
 
 class imagePhysicsSession;
@@ -27,14 +29,20 @@ public:
 
     /// Stores the shapes and closes the sheet.
     void applyAndClose();
+    /// The sheet's Undo and Redo, named by the step they take.
+    QAction* undoAction() const { return m_undo; }
+    QAction* redoAction() const { return m_redo; }
 
 private:
     void refresh();
+    void refreshHistory();
 
     imagePhysicsSession* m_session;
     navBarViewType* m_navBar;
     physicsCanvasView* m_canvas;
     sidePhysicsView* m_side;
+    QAction* m_undo;
+    QAction* m_redo;
 };
 
 /// Opens the sheet over `parent` for the selection of `tab`.

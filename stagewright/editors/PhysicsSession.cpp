@@ -8,6 +8,7 @@
 #include <stagewright/inspector/PropertyRules.h>
 #include <stagewright/scene/ScenePictures.h>
 #include <stagewright/state/CatalogueCommands.h>
+#include <stagewright/state/CatalogueDocument.h>
 #include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/model/DeviceLookup.h>
@@ -84,6 +85,20 @@ void storePhysics(defaultViewRecord& record, const tessaro::PhysicsProperty& sto
     }
 }
 
+/// The template's shapes as the sheet edits them, without the ids that every
+/// reading and writing makes anew: two templates with the same shapes give
+/// the same list.
+std::vector<physicsElement> shapesOf(const defaultViewRecord& record)
+{
+    std::vector<physicsElement> shapes = loadPhysicsElements(physicsOf(record));
+    for (physicsElement& shape : shapes) {
+        shape.id = {};
+        for (pointInternal& vertex : shape.points)
+            vertex.id = {};
+    }
+    return shapes;
+}
+
 tessaro::SizeValue deviceSizeOf(const defaultViewRecord& record)
 {
     return std::visit([](const auto& r) { return tessaro::deviceValue<tessaro::fieldList::size>(r.devices); }, record);
@@ -115,13 +130,22 @@ double physicsPickerNumber(const QString& text)
     return ok ? tessaro::roundedValue(value, 2) : 0.0;
 }
 
-imagePhysicsSession::imagePhysicsSession(physicsEditMode mode, projectTab* tab, WorkspaceCatalogues* catalogues,
+imagePhysicsSession::imagePhysicsSession(physicsEditMode mode, projectTab* tab, CatalogueDocument* catalogues,
                                          QObject* parent)
     : QObject(parent),
       m_mode(mode),
       m_tab(tab),
       m_catalogues(catalogues)
 {
+    connect(&m_history, &QUndoStack::indexChanged, this, &imagePhysicsSession::historyChanged);
+    if (QUndoStack* catalogue = catalogueHistory()) {
+        connect(catalogue, &QUndoStack::indexChanged, this, &imagePhysicsSession::historyChanged);
+        // A template's list follows the catalogue while it holds no edits of its own.
+        connect(m_catalogues, &CatalogueDocument::recordChanged, this, [this] {
+            if (m_history.index() == 0)
+                reloadTemplateShapes();
+        });
+    }
 }
 
 imagePhysicsSession::~imagePhysicsSession() = default;
@@ -626,11 +650,63 @@ bool imagePhysicsSession::applyPhysics()
             return false;
         defaultViewRecord after = *before;
         storePhysics(after, stored);
-        m_tab->undoStack().push(new CatalogueRecordCommand(*m_catalogues, *before, after, tr("Change Base Physics")));
-        return true;
+        // The same shapes again are no step, though their ids would be new.
+        return shapesOf(after) == shapesOf(*before) || m_catalogues->replaceRecord(after, tr("Change Base Physics"));
     }
     }
     return false;
+}
+
+// ---- Undo and redo ------------------------------------------------------------------------
+
+QUndoStack* imagePhysicsSession::catalogueHistory() const
+{
+    return m_mode == physicsEditMode::base && m_catalogues ? &m_catalogues->history() : nullptr;
+}
+
+bool imagePhysicsSession::canUndo() const
+{
+    const QUndoStack* catalogue = catalogueHistory();
+    return m_history.canUndo() || (catalogue && m_history.index() == 0 && catalogue->canUndo());
+}
+
+QString imagePhysicsSession::undoText() const
+{
+    return m_history.canUndo() || !canUndo() ? m_history.undoText() : catalogueHistory()->undoText();
+}
+
+void imagePhysicsSession::undo()
+{
+    if (m_history.canUndo())
+        m_history.undo();
+    else if (canUndo())
+        catalogueHistory()->undo();
+}
+
+bool imagePhysicsSession::canRedo() const
+{
+    const QUndoStack* catalogue = catalogueHistory();
+    return m_history.canRedo() || (catalogue && m_history.index() == 0 && catalogue->canRedo());
+}
+
+QString imagePhysicsSession::redoText() const
+{
+    return m_history.canRedo() || !canRedo() ? m_history.redoText() : catalogueHistory()->redoText();
+}
+
+void imagePhysicsSession::redo()
+{
+    if (m_history.canRedo())
+        m_history.redo();
+    else if (canRedo())
+        catalogueHistory()->redo();
+}
+
+void imagePhysicsSession::reloadTemplateShapes()
+{
+    const std::optional<defaultViewRecord> record = m_tab ? baseRecord(*m_tab) : std::nullopt;
+    m_history.clear();
+    restoreElements(loadPhysicsElements(record ? physicsOf(*record) : std::nullopt));
 }
 
 } // namespace stagewright

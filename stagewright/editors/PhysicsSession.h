@@ -5,7 +5,8 @@
 // mouse into shape coordinates and the widgets only bind controls.
 //
 // Nothing changes in the level or the catalogues until `applyPhysics`, which
-// makes the whole list one step of the tab's history.
+// makes the whole list one step of the tab's history, or of the catalogues'
+// history for a template.
 #pragma once
 
 #include "PhysicsElements.h"
@@ -27,7 +28,7 @@
 
 namespace stagewright {
 
-class WorkspaceCatalogues;
+class CatalogueDocument;
 class projectTab;
 class shapeTool;
 
@@ -42,7 +43,7 @@ class imagePhysicsSession : public QObject {
 public:
     /// A sheet for `mode` on the selection of `tab`; base mode edits the
     /// templates of `catalogues`.
-    imagePhysicsSession(physicsEditMode mode, projectTab* tab, WorkspaceCatalogues* catalogues,
+    imagePhysicsSession(physicsEditMode mode, projectTab* tab, CatalogueDocument* catalogues,
                         QObject* parent = nullptr);
     ~imagePhysicsSession() override;
 
@@ -133,19 +134,32 @@ public:
 
     /// The sheet's own history: every change of the list is one step.
     QUndoStack& history() { return m_history; }
+    /// The sheet's Undo and Redo: its own steps first; on a template, once
+    /// the list is as the catalogue holds it, the catalogues' steps too. The
+    /// list follows the template while it holds no edits of its own, so a
+    /// step of the catalogues never throws away shapes that are not applied.
+    bool canUndo() const;
+    QString undoText() const;
+    void undo();
+    bool canRedo() const;
+    QString redoText() const;
+    void redo();
 
     /// The stored form of the list.
     tessaro::PhysicsProperty record() const { return buildPhysicsProperty(m_elements); }
-    /// Stores the shapes where the sheet was opened from, as one step of the
-    /// tab's history: the element's physics, the cycle-end animation's, or
-    /// the catalogue template's, whose catalogue is then written. False when
-    /// there is no tab, or no template of that name.
+    /// Stores the shapes where the sheet was opened from: the element's
+    /// physics or the cycle-end animation's as one step of the tab's
+    /// history, or the catalogue template's as one step of the catalogues'
+    /// history, which writes the catalogue. False when there is no tab, or
+    /// no template of that name.
     bool applyPhysics();
 
 signals:
     /// Anything the sheet shows changed, but the pointer read-out.
     void changed();
     void readOutChanged();
+    /// What Undo or Redo would do may have changed.
+    void historyChanged();
 
 private:
     enum class gesture { none, drawing, moving, reshaping };
@@ -166,10 +180,14 @@ private:
     void pressWithSelection(tessaro::PointValue p);
     void releasePolygon(tessaro::PointValue p);
     void reloadImage();
+    /// The catalogues' history when the sheet edits a template.
+    QUndoStack* catalogueHistory() const;
+    /// The list as the template holds it now, with no steps of the sheet's own.
+    void reloadTemplateShapes();
 
     physicsEditMode m_mode;
     QPointer<projectTab> m_tab;
-    WorkspaceCatalogues* m_catalogues;
+    CatalogueDocument* m_catalogues;
 
     bool m_isInspectorPresented = true;
     insertType m_activeType = insertType::none;

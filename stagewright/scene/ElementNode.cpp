@@ -174,8 +174,11 @@ void elementNode::placeFromDevices()
     const sceneObjectType type = kind();
     if (type == sceneObjectType::ground || type == sceneObjectType::background)
         return;
-    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(devices);
-    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(devices);
+    // The canvas chooses no device, so the default entries answer, and it
+    // has placed nothing at random.
+    const tessaro::DeviceChoice canvas;
+    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(devices, canvas);
+    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(devices, canvas);
     const double ox = offset.x, oy = offset.y, px = position.x, py = position.y;
     const sceneEditor* scene = editorScene();
     const auto ground = [scene](double x) { return scene ? scene->groundHeight(x) : 0.0; };
@@ -195,11 +198,9 @@ void elementNode::placeFromDevices()
     case sceneObjectType::obstacles:
     case sceneObjectType::character: {
         const double lift = property_useGravity ? h / 2 : 0;
-        const tessaro::PointValue repeated = tessaro::lastRandomPosition();
-        if (x0 > tessaro::repeatPositionLimit)
-            x0 = repeated.x;
-        if (y0 > tessaro::repeatPositionLimit)
-            y0 = repeated.y;
+        const tessaro::PointValue repeated = canvas.repeated({x0, y0});
+        x0 = repeated.x;
+        y0 = repeated.y;
         // The offset enters twice on this path: x = px + 2 ox, and without
         // gravity y = py + 2 oy. Stored levels are laid out with this rule.
         const double x = ox + x0;

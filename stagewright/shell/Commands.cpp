@@ -4,6 +4,7 @@
 
 #include <stagewright/inspector/EditRouting.h>
 #include <stagewright/scene/SceneEditor.h>
+#include <stagewright/state/CatalogueDocument.h>
 #include <stagewright/state/PermissionManager.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
@@ -12,10 +13,12 @@
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/ValueText.h>
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QWindow>
 
 namespace stagewright {
 
@@ -58,6 +61,8 @@ Commands::Commands(SceneSettings& settings, ShellDialogs& dialogs, WindowDirecto
     connect(&m_settings.clipboard(), &ElementClipboard::objectToCopyChanged, this, &Commands::stateChanged);
     connect(&m_settings, &SceneSettings::recentDocumentItemsListChanged, this, &Commands::stateChanged);
     connect(&m_settings, &SceneSettings::workingSpacePathChanged, this, &Commands::stateChanged);
+    m_undoGroup.addStack(&m_settings.catalogues().history());
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &Commands::followActiveWindow);
     followTabs();
     watchFrontTab();
 }
@@ -76,7 +81,7 @@ void Commands::watchFrontTab()
         disconnect(m_watched, nullptr, this, nullptr);
     m_watched = m_settings.selectedProjectTab().get();
     followTabs();
-    m_undoGroup.setActiveStack(m_watched ? &m_watched->undoStack() : nullptr);
+    followActiveWindow();
     if (m_watched) {
         for (auto signal : {&projectTab::nameChanged, &projectTab::filePathChanged, &projectTab::elementPhaseChanged,
                             &projectTab::selectedObjectChanged, &projectTab::isProjectDirtyChanged,
@@ -85,6 +90,15 @@ void Commands::watchFrontTab()
             connect(m_watched, signal, this, &Commands::stateChanged);
     }
     emit stateChanged();
+}
+
+void Commands::followActiveWindow()
+{
+    // A level tab's Undo never takes a catalogue's step, nor the other way round.
+    if (editsCatalogues(QApplication::activeWindow()))
+        m_undoGroup.setActiveStack(&m_settings.catalogues().history());
+    else
+        m_undoGroup.setActiveStack(m_watched ? &m_watched->undoStack() : nullptr);
 }
 
 std::shared_ptr<projectTab> Commands::frontTab() const

@@ -125,8 +125,9 @@ public:
     bool openWorkspaceFolder();
 
     // ---- Edit menu ----------------------------------------------------------
-    /// The histories of all tabs; the front tab's is the active one, which
-    /// "Undo" and "Redo" follow.
+    /// The histories of all tabs and the catalogues'. "Undo" and "Redo"
+    /// follow the active one: the catalogues' while a window that edits them
+    /// is the active window, else the front tab's.
     QUndoGroup& undoGroup() { return m_undoGroup; }
     void cut();
     void copy();
@@ -155,6 +156,7 @@ signals:
 private:
     void watchFrontTab();
     void followTabs();
+    void followActiveWindow();
     bool saveTo(const QString& location);
     bool openFolder(const QString& folder);
 

@@ -4,11 +4,11 @@
 #include "FooterView.h"
 
 #include <stagewright/scene/ScenePictures.h>
+#include <stagewright/state/CatalogueDocument.h>
 #include <stagewright/state/ProjectReload.h>
 #include <stagewright/state/ProjectTab.h>
 #include <stagewright/state/SceneSettings.h>
 #include <stagewright/state/StateDiagnostics.h>
-#include <stagewright/state/WorkspaceCatalogues.h>
 #include <stagewright/state/WorkspaceWatcher.h>
 
 #include <QLabel>
@@ -64,7 +64,7 @@ void ExternalChanges::projectChanged(const tessaro::Uuid& tabId)
 
 void ExternalChanges::cataloguesChanged()
 {
-    WorkspaceCatalogues& catalogues = m_settings.catalogues();
+    CatalogueDocument& catalogues = m_settings.catalogues();
     // The editor's own save of a catalogue is no news.
     if (!catalogues.differsOnDisk())
         return;

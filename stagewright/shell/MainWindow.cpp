@@ -142,7 +142,8 @@ void MainWindow::buildMenus()
     m_commandsList.append(quit);
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    // Undo and Redo follow the front tab's history and name its next step.
+    // Undo and Redo follow the active history (the front tab's, or the
+    // catalogues' while a window that edits them is active) and name its next step.
     m_undo = m_commands.undoGroup().createUndoAction(this, tr("Undo"));
     m_undo->setObjectName(QStringLiteral("undoAction"));
     m_undo->setShortcut(QKeySequence::Undo);

@@ -1,6 +1,6 @@
 #include "CatalogueCommands.h"
 
-#include "WorkspaceCatalogues.h"
+#include "CatalogueDocument.h"
 
 #include <tessaro/model/ConfigFiles.h>
 
@@ -47,9 +47,23 @@ tessaro::configType catalogueTypeFor(tessaro::sceneObjectType kind)
     }
 }
 
-std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName)
+tessaro::configType catalogueTypeOf(const defaultViewRecord& record)
 {
-    switch (catalogueTypeFor(kind)) {
+    if (std::holds_alternative<tessaro::Obstacle>(record))
+        return tessaro::configType::obstacles;
+    if (std::holds_alternative<tessaro::Character>(record))
+        return tessaro::configType::characters;
+    return tessaro::configType::objects;
+}
+
+std::string catalogueRecordName(const defaultViewRecord& record)
+{
+    return std::visit([](const auto& r) { return r.elementName.value_or(std::string()); }, record);
+}
+
+std::optional<defaultViewRecord> findCatalogueRecord(tessaro::configType type, const std::string& elementName)
+{
+    switch (type) {
     case tessaro::configType::obstacles:
         if (const auto* record = findIn(tessaro::obstacleCatalogue(), elementName))
             return *record;
@@ -66,10 +80,16 @@ std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType ki
     return std::nullopt;
 }
 
-CatalogueRecordCommand::CatalogueRecordCommand(WorkspaceCatalogues& catalogues, defaultViewRecord before,
+std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName)
+{
+    return findCatalogueRecord(catalogueTypeFor(kind), elementName);
+}
+
+CatalogueRecordCommand::CatalogueRecordCommand(CatalogueDocument& document, defaultViewRecord before,
                                                defaultViewRecord after, const QString& text)
-    : m_catalogues(catalogues),
-      m_workspace(catalogues.workspace()),
+    : m_document(document),
+      m_workspace(document.workspace()),
+      m_elementName(catalogueRecordName(before)),
       m_before(std::move(before)),
       m_after(std::move(after))
 {
@@ -88,16 +108,21 @@ void CatalogueRecordCommand::undo()
 
 void CatalogueRecordCommand::put(const defaultViewRecord& record)
 {
-    if (m_catalogues.workspace() != m_workspace)
+    if (m_document.workspace() != m_workspace)
         return;
-    std::visit(
-        [](const auto& replacement) {
+    const bool found = std::visit(
+        [&](const auto& replacement) {
             using R = std::decay_t<decltype(replacement)>;
-            if (R* stored = findIn(catalogueOf<R>(), replacement.elementName.value_or(std::string())))
+            R* stored = findIn(catalogueOf<R>(), m_elementName);
+            if (stored)
                 *stored = replacement;
+            return stored != nullptr;
         },
         record);
-    m_catalogues.saveChanged();
+    if (!found)
+        return;
+    m_document.saveChanged();
+    emit m_document.recordChanged(catalogueTypeOf(record), QString::fromStdString(m_elementName));
 }
 
 } // namespace stagewright

@@ -1,7 +1,5 @@
-// The step of a project's history that changes a template of the workspace's
-// catalogues. A catalogue is shared by every project of the workspace and is
-// kept on disk as it is edited: the step writes the catalogues that changed
-// at once, into the workspace they were read from, and so does its undo.
+// Finding the templates of the workspace's catalogues, and the step of the
+// catalogues' history that replaces one of them.
 #pragma once
 
 #include "SelectionModels.h"
@@ -16,21 +14,28 @@
 
 namespace stagewright {
 
-class WorkspaceCatalogues;
+class CatalogueDocument;
 
 /// The catalogue that holds the templates of elements of `kind`: obstacles,
 /// characters, or the generic objects for every other kind.
 tessaro::configType catalogueTypeFor(tessaro::sceneObjectType kind);
-/// A copy of the template named `elementName` in the catalogue of `kind`.
+/// The catalogue a template belongs to, by its kind of record.
+tessaro::configType catalogueTypeOf(const defaultViewRecord& record);
+/// The element name a template is found by.
+std::string catalogueRecordName(const defaultViewRecord& record);
+/// A copy of the template named `elementName` in the catalogue of `type`,
+/// or in the catalogue of elements of `kind`.
+std::optional<defaultViewRecord> findCatalogueRecord(tessaro::configType type, const std::string& elementName);
 std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName);
 
-/// One template replaced by an edited copy, found by its element name. A
-/// template that is no longer there is left alone; after a change of
-/// workspace the step does nothing, so it never writes into another
+/// One template replaced by an edited copy. Its target is the catalogue and
+/// the element name, by which it finds the template each time; a template
+/// that is no longer there is left alone. A step made in another workspace
+/// than the document's does nothing, so it never writes into that
 /// workspace's files.
 class CatalogueRecordCommand : public QUndoCommand {
 public:
-    CatalogueRecordCommand(WorkspaceCatalogues& catalogues, defaultViewRecord before, defaultViewRecord after,
+    CatalogueRecordCommand(CatalogueDocument& document, defaultViewRecord before, defaultViewRecord after,
                            const QString& text);
     void redo() override;
     void undo() override;
@@ -38,8 +43,9 @@ public:
 private:
     void put(const defaultViewRecord& record);
 
-    WorkspaceCatalogues& m_catalogues;
+    CatalogueDocument& m_document;
     QString m_workspace;
+    std::string m_elementName;
     defaultViewRecord m_before;
     defaultViewRecord m_after;
 };

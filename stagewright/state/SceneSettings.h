@@ -3,13 +3,13 @@
 // shell ends in one of its operations.
 #pragma once
 
+#include "CatalogueDocument.h"
 #include "DBHelper.h"
 #include "ElementClipboard.h"
 #include "FileRevealer.h"
 #include "LevelScene.h"
 #include "ProjectTab.h"
 #include "StateTypes.h"
-#include "WorkspaceCatalogues.h"
 
 #include <QObject>
 #include <QString>
@@ -41,8 +41,8 @@ public:
     /// Replaces how `showInFinder` reveals a file.
     void setFileRevealer(FileRevealer revealer);
     PermissionManager& gate() { return m_gate; }
-    /// The catalogues of the current workspace.
-    WorkspaceCatalogues& catalogues() { return m_catalogues; }
+    /// The catalogues of the current workspace, with their own history.
+    CatalogueDocument& catalogues() { return m_catalogues; }
 
     // ---- Fields -----------------------------------------------------------
 
@@ -174,7 +174,7 @@ private:
     void removeTabAt(std::size_t index);
 
     PermissionManager& m_gate;
-    WorkspaceCatalogues m_catalogues;
+    CatalogueDocument m_catalogues;
     bool m_windowAppeared = false;
     SceneFactory m_sceneFactory;
     FileRevealer m_revealer;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "CommonRecords.h"
+#include "DeviceChoice.h"
 #include "Enumerations.h"
 #include "Geometry.h"
 #include "ValueText.h"
@@ -11,22 +12,6 @@
 #include <vector>
 
 namespace tessaro {
-
-/// The device a game runs on, and a second device whose entries come next.
-/// Both start as `none`; the editor never sets them.
-deviceName primaryDevice();
-void setPrimaryDevice(deviceName device);
-deviceName secondaryDevice();
-void setSecondaryDevice(deviceName device);
-
-/// A stored coordinate above this value takes the matching coordinate of
-/// `lastRandomPosition`, in the game and on the editor's canvas alike.
-inline constexpr double repeatPositionLimit = 999999998;
-
-/// The position a game placed last at random. Starts at (0,0); only games
-/// set it, the library reads it.
-PointValue lastRandomPosition();
-void setLastRandomPosition(PointValue position);
 
 /// The first entry whose device list holds `device`, or null.
 const DeviceProperties* deviceEntryFor(const std::vector<DeviceProperties>& devices, deviceName device);
@@ -111,10 +96,11 @@ typename DeviceFieldType<F>::type convertDeviceField(const DeviceProperties& ent
 /// The entry that supplies field `F`: the primary device's entry when it has
 /// the field, else the secondary device's, else the default entry's.
 template <fieldList F>
-const DeviceProperties* deviceEntryWithField(const std::vector<DeviceProperties>& devices)
+const DeviceProperties* deviceEntryWithField(const std::vector<DeviceProperties>& devices,
+                                             const DeviceChoice& choice = {})
 {
     constexpr auto member = detail::deviceMember<F>();
-    for (deviceName device : {primaryDevice(), secondaryDevice(), deviceName::defaultDevice}) {
+    for (deviceName device : {choice.primary, choice.secondary, deviceName::defaultDevice}) {
         const DeviceProperties* entry = deviceEntryFor(devices, device);
         if (entry && (entry->*member).has_value())
             return entry;
@@ -122,22 +108,24 @@ const DeviceProperties* deviceEntryWithField(const std::vector<DeviceProperties>
     return nullptr;
 }
 
-/// The value of field `F` for the current device; (0,0), or an absent font
+/// The value of field `F` for the chosen devices; (0,0), or an absent font
 /// size, when no entry has it.
 template <fieldList F>
-typename DeviceFieldType<F>::type deviceValue(const std::vector<DeviceProperties>& devices)
+typename DeviceFieldType<F>::type deviceValue(const std::vector<DeviceProperties>& devices,
+                                              const DeviceChoice& choice = {})
 {
-    if (const DeviceProperties* entry = deviceEntryWithField<F>(devices))
+    if (const DeviceProperties* entry = deviceEntryWithField<F>(devices, choice))
         return detail::convertDeviceField<F>(*entry);
     return {};
 }
 
 template <fieldList F>
-typename DeviceFieldType<F>::type deviceValue(const std::optional<std::vector<DeviceProperties>>& devices)
+typename DeviceFieldType<F>::type deviceValue(const std::optional<std::vector<DeviceProperties>>& devices,
+                                              const DeviceChoice& choice = {})
 {
     if (!devices)
         return {};
-    return deviceValue<F>(*devices);
+    return deviceValue<F>(*devices, choice);
 }
 
 } // namespace tessaro

@@ -8,6 +8,7 @@
 
 #include <tessaro/kit/Scene.h>
 #include <tessaro/kit/Texture.h>
+#include <tessaro/model/DeviceChoice.h>
 #include <tessaro/model/Enumerations.h>
 
 #include <QRectF>
@@ -37,6 +38,10 @@ public:
     std::vector<QRectF>& groundBaseVariants() { return m_groundBaseVariants; }
     void setGroundBaseVariants(std::vector<QRectF> variants) { m_groundBaseVariants = std::move(variants); }
 
+    /// The devices whose entries the game's elements take, and the position
+    /// it placed last at random; the game sets them, creation reads them.
+    const DeviceChoice& deviceChoice() const { return m_deviceChoice; }
+    void setDeviceChoice(const DeviceChoice& choice) { m_deviceChoice = choice; }
     /// Side of the last damaging collision; a dying enemy clears it.
     pathDirection collisionDirection() const { return m_collisionDirection; }
     void setCollisionDirection(pathDirection direction) { m_collisionDirection = direction; }
@@ -90,6 +95,7 @@ public:
 private:
     std::optional<TextureCache> m_cachedNodes = TextureCache{};
     std::vector<QRectF> m_groundBaseVariants;
+    DeviceChoice m_deviceChoice;
     pathDirection m_collisionDirection = pathDirection::none;
     bool m_alternateSceneLocked = false;
     double m_alternateSceneLockedEndX = 0;

@@ -127,7 +127,7 @@ SKSpriteNodeEnemy2dBasePtr ObstacleCreationHelper::createCharacter(const Charact
 
     const std::vector<DeviceProperties> devices = merged.devices.value_or(std::vector<DeviceProperties>{});
     const PointValue anchor = pointFromText(merged.anchorPoint.value_or("{0.5,0.5}"));
-    SizeValue size = deviceValue<fieldList::size>(devices);
+    SizeValue size = deviceValue<fieldList::size>(devices, scene.deviceChoice());
     if (size == SizeValue{})
         size = {96, 96};
     const characterType type =
@@ -135,8 +135,8 @@ SKSpriteNodeEnemy2dBasePtr ObstacleCreationHelper::createCharacter(const Charact
     objectClassType classType = merged.objectClassType
         ? firstClass(*merged.objectClassType, objectClassType::enemyOneSlash)
         : objectClassType::enemyOneSlash;
-    const PointValue offset = deviceValue<fieldList::offset>(devices);
-    const PointValue stored = deviceValue<fieldList::position>(devices);
+    const PointValue offset = deviceValue<fieldList::offset>(devices, scene.deviceChoice());
+    const PointValue stored = deviceValue<fieldList::position>(devices, scene.deviceChoice());
 
     bool useGravity = merged.useGravity.value_or(false);
     if (overrides) {

@@ -70,12 +70,12 @@ void addChildSiblings(SKSpriteNode2dBase& node, const Obstacle& record, const QP
     for (const SiblingProperties& sibling : record.siblings.value_or(std::vector<SiblingProperties>{})) {
         if (!sibling.siblingType || caseFromText<siblingType>(*sibling.siblingType) != siblingType::child)
             continue;
-        const SizeValue size = deviceValue<fieldList::size>(sibling.devices);
+        const SizeValue size = deviceValue<fieldList::size>(sibling.devices, node.deviceChoice());
         auto child = std::make_shared<kit::SpriteNode>(
             kit::Texture::textureWithImageNamed(QString::fromStdString(sibling.image.value_or(""))),
             QSizeF(size.width, size.height));
         child->setName(QStringLiteral("child_") + node.name());
-        child->setPosition(toQPoint(deviceValue<fieldList::position>(sibling.devices)));
+        child->setPosition(toQPoint(deviceValue<fieldList::position>(sibling.devices, node.deviceChoice())));
         child->setAnchorPoint(anchor);
         child->setZPosition(sibling.zPosition.value_or(0));
         node.addChild(child);
@@ -128,8 +128,8 @@ SKSpriteNode2dBasePtr pinnedCarrier(const SKSpriteNode2dBasePtr& node, const Obs
     if (!holder)
         return nullptr;
     node->setZPosition(-1);
-    const SizeValue size = deviceValue<fieldList::size>(holder->devices);
-    const PointValue at = deviceValue<fieldList::position>(holder->devices);
+    const SizeValue size = deviceValue<fieldList::size>(holder->devices, scene.deviceChoice());
+    const PointValue at = deviceValue<fieldList::position>(holder->devices, scene.deviceChoice());
     const PointValue anchor = pointFromText(record.anchorPoint.value_or("{0.5,0.5}"));
     const QPointF place =
         ObstacleCreationHelper::scenePosition(at, size, anchor, {}, record.useGravity.value_or(true), parent, scene);
@@ -177,11 +177,7 @@ QPointF ObstacleCreationHelper::scenePosition(PointValue position, SizeValue siz
         else if (anchor.x == 0 && anchor.y == 1)
             lift = size.height;
     }
-    const PointValue repeated = lastRandomPosition();
-    if (position.x > repeatPositionLimit)
-        position.x = repeated.x;
-    if (position.y > repeatPositionLimit)
-        position.y = repeated.y;
+    position = scene.deviceChoice().repeated(position);
     const double x = position.x + offset.x;
     const double y = (useGravity ? scene.groundHeight(position.x) : position.y) + lift + offset.y;
     return scene.convertPointToNode(QPointF(x, y), parent);
@@ -199,7 +195,7 @@ SKSpriteNode2dBasePtr ObstacleCreationHelper::createObstacle(const Obstacle& rec
     const std::vector<objectClassType> classes = listFromText<objectClassType>(record.objectClassType.value_or(""));
     const CollisionDetection masks = record.collisionMasks.value_or_default();
     const std::vector<DeviceProperties> devices = record.devices.value_or(std::vector<DeviceProperties>{});
-    const SizeValue deviceSize = deviceValue<fieldList::size>(devices);
+    const SizeValue deviceSize = deviceValue<fieldList::size>(devices, scene.deviceChoice());
 
     SpriteSetup setup;
     setup.size = QSizeF(deviceSize.width, deviceSize.height);
@@ -207,11 +203,11 @@ SKSpriteNode2dBasePtr ObstacleCreationHelper::createObstacle(const Obstacle& rec
     setup.anchorPoint = toQPoint(anchor);
     setup.scene = &scene;
     setup.allowedTimesToHit = int(record.allowedTimesToHit.value_or(1));
-    setup.offsetHealthBar = toQPoint(deviceValue<fieldList::offsetHealthBar>(devices));
+    setup.offsetHealthBar = toQPoint(deviceValue<fieldList::offsetHealthBar>(devices, scene.deviceChoice()));
     auto node = SKSpriteNode2dBase::create(image, setup);
 
-    const PointValue stored = deviceValue<fieldList::position>(devices);
-    const PointValue range = deviceValue<fieldList::randomPositionRange>(devices);
+    const PointValue stored = deviceValue<fieldList::position>(devices, scene.deviceChoice());
+    const PointValue range = deviceValue<fieldList::randomPositionRange>(devices, scene.deviceChoice());
     const PointValue wanted{stored.x + range.x, stored.y + range.y};
     if (scene.logDebugMessages()) {
         diagnostic("name: " + record.name.value_or("no name"));
@@ -219,8 +215,8 @@ SKSpriteNode2dBasePtr ObstacleCreationHelper::createObstacle(const Obstacle& rec
     }
     const SizeValue size =
         deviceSize == SizeValue{} ? SizeValue{node->size().width(), node->size().height()} : deviceSize;
-    const QPointF position =
-        scenePosition(wanted, size, anchor, deviceValue<fieldList::offset>(devices), useGravity, parent, scene);
+    const QPointF position = scenePosition(
+        wanted, size, anchor, deviceValue<fieldList::offset>(devices, scene.deviceChoice()), useGravity, parent, scene);
     const bool mirage = std::find(classes.begin(), classes.end(), objectClassType::mirage) != classes.end();
     node->setName((mirage ? QStringLiteral("MIRAGE_") : QStringLiteral("OBJECT_")) +
                   QString::fromStdString(record.name.value_or("") + "_" + numberText(position.x())));

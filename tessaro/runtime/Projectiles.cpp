@@ -58,7 +58,7 @@ bool fireProjectile(const ProjectileProperties& record, SKSpriteNodeEnemy2dBase&
             return false;
 
     const QString image = QString::fromStdString(record.image.value_or(""));
-    const SizeValue size = deviceValue<fieldList::size>(record.devices);
+    const SizeValue size = deviceValue<fieldList::size>(record.devices, shooter.deviceChoice());
     const auto frames =
         shooter.gameScene() ? shooter.gameScene()->cachedTextures(image) : kit::TextureAtlas::texturesOrImage(image);
     SpriteSetup setup;

@@ -118,7 +118,7 @@ ActionPtr SKSpriteNode2dBase::buildAnimationAction()
     const WaitPerAnimationFrame waits = animation.waitPerAnimationFrame.value_or_default();
     const bool flip = animation.flipImage.value_or(false);
 
-    const PointValue reach = deviceValue<fieldList::distance>(*record.devices);
+    const PointValue reach = deviceValue<fieldList::distance>(*record.devices, deviceChoice());
     const bool hasDistance = std::max(reach.x, reach.y) > 0;
     const double idleWait = waits.idle.value_or(0);
     const double moveWait = waits.move.value_or(0);
@@ -183,7 +183,7 @@ ActionPtr SKSpriteNode2dBase::buildMoveAction()
     const double cycleWait = drawFromRange(delays.cycleEndRange) + delays.cycleEnd.value_or(0);
     const double idleWait = animation.waitPerAnimationFrame ? animation.waitPerAnimationFrame->idle.value_or(0.1) : 0.1;
     const qreal x0 = position().x(), y0 = position().y();
-    const PointValue reach = deviceValue<fieldList::distance>(*record.devices);
+    const PointValue reach = deviceValue<fieldList::distance>(*record.devices, deviceChoice());
     const qreal dx = reach.x, dy = reach.y;
     const qreal yScaleAtEnd = animation.flipImage.value_or(false) ? -1 : 1;
     const ActionPtr wait = Action::waitForDuration(cycleWait);
@@ -297,7 +297,7 @@ void SKSpriteNode2dBase::runCycleEndAnimation(const CycleEndProperties& entry, S
     const std::vector<kit::TexturePtr> frames = texturesNamed(QString::fromStdString(entry.atlasName.value_or("")));
     if (frames.empty() || !target.parent())
         return;
-    const SizeValue size = deviceValue<fieldList::size>(entry.devices);
+    const SizeValue size = deviceValue<fieldList::size>(entry.devices, deviceChoice());
     SpriteSetup setup;
     setup.position = position;
     setup.zPosition = z;
@@ -362,7 +362,7 @@ void SKSpriteNode2dBase::runMoveEndAnimation()
     const CycleEndProperties& entry = entries->front();
     setAlpha(0);
     const std::vector<kit::TexturePtr> frames = texturesNamed(QString::fromStdString(entry.atlasName.value_or("")));
-    const SizeValue size = deviceValue<fieldList::size>(entry.devices);
+    const SizeValue size = deviceValue<fieldList::size>(entry.devices, deviceChoice());
     SpriteSetup setup;
     setup.position = position();
     setup.zPosition = entry.zPosition ? qreal(*entry.zPosition) : 1.0;

@@ -17,6 +17,11 @@ SKSpriteNodeSharedBase::SKSpriteNodeSharedBase(const kit::TexturePtr& texture, c
 
 SKSpriteNodeSharedBase::~SKSpriteNodeSharedBase() = default;
 
+DeviceChoice SKSpriteNodeSharedBase::deviceChoice() const
+{
+    return m_gameScene ? m_gameScene->deviceChoice() : DeviceChoice{};
+}
+
 bool SKSpriteNodeSharedBase::hasObjectClass(objectClassType c) const
 {
     return std::find(m_objectClassType.begin(), m_objectClassType.end(), c) != m_objectClassType.end();

@@ -7,6 +7,7 @@
 #include <tessaro/kit/Action.h>
 #include <tessaro/kit/PhysicsBody.h>
 #include <tessaro/kit/SpriteNode.h>
+#include <tessaro/model/DeviceChoice.h>
 #include <tessaro/model/ElementRecords.h>
 #include <tessaro/model/Enumerations.h>
 
@@ -67,6 +68,8 @@ public:
     /// The owning scene; it outlives its sprites.
     AppSharedSceneBase* gameScene() const { return m_gameScene; }
     void setGameScene(AppSharedSceneBase* scene) { m_gameScene = scene; }
+    /// The devices of the game the sprite is in; the default-made choice outside one.
+    DeviceChoice deviceChoice() const;
     const std::optional<Character>& characterProperties() const { return m_characterProperties; }
     void setCharacterProperties(std::optional<Character> record) { m_characterProperties = std::move(record); }
     const std::optional<Obstacle>& obstacleProperties() const { return m_obstacleProperties; }

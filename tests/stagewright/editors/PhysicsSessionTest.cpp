@@ -1,6 +1,7 @@
 // The physics sheet without its window: opening in each mode, the drawing
 // tools' rules, selecting, moving and reshaping, the sheet's history, and
-// applying the shapes as one step of the project's history.
+// applying the shapes as one step of the project's history, or of the
+// catalogues' history for a template.
 #include "PhysicsSheetFixture.h"
 
 #include <stagewright/editors/ShapeTools.h>
@@ -329,7 +330,13 @@ TEST_F(PhysicsSessionTest, ApplyIsOneStepOfTheProjectWhereverTheSheetWasOpened)
     EXPECT_FALSE(saved().obstacles->front().properties->animation->cycleEndProperties->front().physics);
 }
 
-TEST_F(PhysicsSessionTest, BaseShapesAreSavedIntoTheirOwnWorkspaceOnly)
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+TEST_F(PhysicsSessionTest, BaseShapesAreAStepOfTheCataloguesHistoryNotOfAnyTab)
 {
     // The catalogues are read from the test's workspace, so they belong to it.
     const QString assets = assetsFolder(workspace->path());
@@ -337,49 +344,74 @@ TEST_F(PhysicsSessionTest, BaseShapesAreSavedIntoTheirOwnWorkspaceOnly)
     ASSERT_TRUE(tessaro::saveConfig("ObstacleList", "plist", assets.toStdString(), tessaro::configType::obstacles));
     ASSERT_TRUE(tessaro::saveConfig("CharacterList", "plist", assets.toStdString(), tessaro::configType::characters));
     settings->catalogues().load(workspace->path());
+    QUndoStack& catalogueHistory = settings->catalogues().history();
     show({everyKind()});
+    projectTab& level = front();
+    settings->newProject();
+    projectTab& other = front();
+    settings->selectProject(level.id());
     select(sceneObjectType::obstacles);
-    const QString characters = assets + "CharacterList.plist";
-    const QDateTime charactersWritten = QFileInfo(characters).lastModified();
+    const int levelSteps = level.undoStack().count();
+    const QString obstacles = assets + "ObstacleList.plist";
+    const QByteArray obstaclesBefore = fileBytes(obstacles);
+    const QDateTime charactersWritten = QFileInfo(assets + "CharacterList.plist").lastModified();
 
     auto session = open(physicsEditMode::base);
     session->setActiveType(insertType::radius);
     drag(*session, {0, 0}, {12, 0});
     ASSERT_TRUE(session->applyPhysics());
-    EXPECT_TRUE(front().isProjectDirty()) << "the step is in the project's history";
+    EXPECT_EQ(catalogueHistory.count(), 1);
+    EXPECT_EQ(catalogueHistory.undoText(), "Change Base Physics");
+    EXPECT_EQ(level.undoStack().count(), levelSteps) << "no tab's Undo takes a catalogue's step";
+    EXPECT_EQ(other.undoStack().count(), 0);
+    EXPECT_FALSE(level.isProjectDirty());
     const auto stored =
         tessaro::loadConfig<tessaro::configType::obstacles>(assets.toStdString(), "ObstacleList", "plist");
     ASSERT_EQ(stored.size(), 1u);
     ASSERT_TRUE(stored.front().physics && stored.front().physics->radiuses);
     EXPECT_EQ(stored.front().physics->radiuses->front().radius, 12);
-    EXPECT_EQ(QFileInfo(characters).lastModified(), charactersWritten) << "an unchanged catalogue is not written";
+    EXPECT_EQ(QFileInfo(assets + "CharacterList.plist").lastModified(), charactersWritten)
+        << "an unchanged catalogue is not written";
     EXPECT_FALSE(QFileInfo::exists(assets + "ObjectList.plist"));
+    // Applying the same shapes again changes nothing and is no step.
+    ASSERT_TRUE(open(physicsEditMode::base)->applyPhysics());
+    EXPECT_EQ(catalogueHistory.count(), 1);
 
-    // Undo writes the template back as it was.
-    front().undoStack().undo();
-    EXPECT_FALSE(tessaro::loadConfig<tessaro::configType::obstacles>(assets.toStdString(), "ObstacleList", "plist")
-                     .front()
-                     .physics);
+    // The sheet's Undo takes its own steps first, then the catalogues'; the
+    // sheet then shows the template as it is again.
+    session = open(physicsEditMode::base);
+    session->setActiveType(insertType::rectangle);
+    drag(*session, {0, 0}, {4, 4});
+    session->undo();
+    EXPECT_EQ(catalogueHistory.index(), 1) << "the sheet's own step goes first";
+    ASSERT_TRUE(session->canUndo());
+    EXPECT_EQ(session->undoText(), "Change Base Physics");
+    session->undo();
+    EXPECT_EQ(fileBytes(obstacles), obstaclesBefore) << "undo writes the file back byte for byte";
+    EXPECT_TRUE(session->physicsElements().empty());
+    EXPECT_EQ(level.undoStack().count(), levelSteps);
+    // Shapes not applied keep the catalogues' steps out of reach.
+    drag(*session, {0, 0}, {4, 4});
+    EXPECT_FALSE(session->canRedo());
+    session = open(physicsEditMode::base);
+    ASSERT_TRUE(session->canRedo());
+    EXPECT_EQ(session->redoText(), "Change Base Physics");
+    session->redo();
+    EXPECT_EQ(session->physicsElements().size(), 1u);
+    EXPECT_EQ(catalogueHistory.index(), 1);
 
-    // After a change of workspace the step leaves both workspaces alone.
-    SceneWorkspace other;
-    QDir().mkpath(assetsFolder(other.path()));
+    // Reading another workspace's catalogues empties the history; the new
+    // workspace's files are not written.
+    SceneWorkspace elsewhere;
+    QDir().mkpath(assetsFolder(elsewhere.path()));
     tessaro::obstacleCatalogue() = {obstacleTemplate("Crate", "crate", "{40,40}")};
-    ASSERT_TRUE(tessaro::saveConfig("ObstacleList", "plist", assetsFolder(other.path()).toStdString(),
+    ASSERT_TRUE(tessaro::saveConfig("ObstacleList", "plist", assetsFolder(elsewhere.path()).toStdString(),
                                     tessaro::configType::obstacles));
-    settings->catalogues().load(other.path());
-    const QByteArray otherBefore = [&] {
-        QFile file(assetsFolder(other.path()) + "ObstacleList.plist");
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }();
-    front().undoStack().redo();
-    QFile file(assetsFolder(other.path()) + "ObstacleList.plist");
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), otherBefore);
-    EXPECT_FALSE(tessaro::obstacleCatalogue().front().physics);
-    EXPECT_FALSE(tessaro::loadConfig<tessaro::configType::obstacles>(assets.toStdString(), "ObstacleList", "plist")
-                     .front()
-                     .physics);
+    const QByteArray elsewhereBefore = fileBytes(assetsFolder(elsewhere.path()) + "ObstacleList.plist");
+    settings->catalogues().load(elsewhere.path());
+    EXPECT_EQ(catalogueHistory.count(), 0);
+    EXPECT_FALSE(session->canUndo());
+    EXPECT_EQ(fileBytes(assetsFolder(elsewhere.path()) + "ObstacleList.plist"), elsewhereBefore);
 }
 
 } // namespace

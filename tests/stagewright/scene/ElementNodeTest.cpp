@@ -37,7 +37,6 @@ struct ElementTest : ::testing::Test {
         tessaro::objectCatalogue() = {objectTemplate("coin", "coin", sceneObjectType::coin, "{20,20}"),
                                       objectTemplate("Flag", "flag", sceneObjectType::checkpoint, "{16,50}")};
     }
-    void TearDown() override { tessaro::setLastRandomPosition({}); }
 
     /// A level with a floor at -151 from x -437 to 163.
     static tessaro::Level floored()
@@ -63,7 +62,6 @@ struct ElementTest : ::testing::Test {
 TEST_F(ElementTest, DevicesPlaceEachKind)
 {
     tessaro::Level level = floored();
-    tessaro::setLastRandomPosition({321, 7});
     level.obstacles =
         std::vector<tessaro::ObstacleLevelItem>{crate("{100,0}", "{10,0}"), crate("{100,20}", "{0,5}"),
                                                 crate("{100,0}", {}, true), crate("{999999999,50}", "{2,0}")};
@@ -97,8 +95,9 @@ TEST_F(ElementTest, DevicesPlaceEachKind)
     EXPECT_EQ(obstacles[1]->position(), QPointF(100, 30));
     // With gravity the obstacle stands on the floor: -151 + h/2.
     EXPECT_EQ(obstacles[2]->position(), QPointF(100, -131));
-    // A position above 999999998 repeats the last random position.
-    EXPECT_EQ(obstacles[3]->position(), QPointF(323, 50));
+    // A coordinate above 999999998 repeats the last random position, which
+    // the canvas never has: (0,0).
+    EXPECT_EQ(obstacles[3]->position(), QPointF(2, 50));
 
     const auto character = elements(loaded.scene->characterNodes()).front();
     EXPECT_EQ(character->position(), QPointF(108, -151 + 20));

@@ -1,16 +1,21 @@
 // The Edit menu: its commands and keys, the rules that enable them, and Undo
-// and Redo following the history of the tab in front.
+// and Redo following the history of the tab in front, or the catalogues'
+// while the window that edits them is active.
 #include "ShellTestSupport.h"
 
+#include <stagewright/editors/ImagePhysicsView.h>
+#include <stagewright/editors/PhysicsSession.h>
 #include <stagewright/inspector/EditRouting.h>
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/Workspace.h>
 
 #include <tessaro/model/ConfigFiles.h>
 
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTest>
 
 namespace stagewright::test {
 
@@ -113,6 +118,55 @@ TEST_F(EditMenuTest, ClipboardAndHistoryFollowTheFrontTab)
     EXPECT_EQ(undo()->text(), "Undo Delete");
     undo()->trigger();
     EXPECT_EQ(obstacles(), 1u);
+}
+
+TEST_F(EditMenuTest, CatalogueStepsAreUndoneWhereTheCataloguesAreEdited)
+{
+    commands->newLevel();
+    projectTab& tab = front();
+    const elementNodePtr added =
+        canvas().addElement(tessaro::sceneObjectType::obstacles, *tessaro::obstacleCatalogue().front().elementName);
+    ASSERT_TRUE(added);
+    canvas().selectNode(added);
+    action("Copy")->trigger();
+    action("Paste")->trigger();
+    const QString catalogue = assetsFolder(settings->catalogues().workspace()) + "ObstacleList.plist";
+    const QByteArray catalogueBefore = fileBytes(catalogue);
+    const auto activate = [](QWidget* shown) {
+        shown->show();
+        shown->activateWindow();
+        return QTest::qWaitFor([shown] { return QApplication::activeWindow() == shown; });
+    };
+
+    // The template's new shapes are a step of the catalogues, not of the tab.
+    auto* sheet = new imagePhysicsView(physicsEditMode::base, tab, settings.get(), window.get());
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    ASSERT_TRUE(activate(sheet));
+    imagePhysicsSession& session = sheet->session();
+    session.setActiveType(insertType::radius);
+    session.setImageViewHovered(true);
+    session.pointerDown({0, 0});
+    session.pointerDragged({9, 0});
+    session.pointerUp({9, 0});
+    sheet->applyAndClose();
+    EXPECT_NE(fileBytes(catalogue), catalogueBefore);
+    ASSERT_TRUE(activate(window.get()));
+    EXPECT_EQ(undo()->text(), "Undo Paste") << "a level's Undo never takes a catalogue's step";
+
+    // With the sheet active the Edit menu names the catalogues' step, and
+    // Ctrl+Z in the sheet takes it.
+    sheet = new imagePhysicsView(physicsEditMode::base, tab, settings.get(), window.get());
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    ASSERT_TRUE(activate(sheet));
+    EXPECT_EQ(undo()->text(), "Undo Change Base Physics");
+    EXPECT_EQ(sheet->undoAction()->text(), "Undo Change Base Physics");
+    QTest::keyClick(sheet, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(fileBytes(catalogue), catalogueBefore);
+    EXPECT_EQ(sheet->redoAction()->text(), "Redo Change Base Physics");
+    EXPECT_EQ(tab.undoStack().undoText(), "Paste");
+    sheet->close();
+    ASSERT_TRUE(activate(window.get()));
+    EXPECT_EQ(undo()->text(), "Undo Paste");
 }
 
 } // namespace stagewright::test

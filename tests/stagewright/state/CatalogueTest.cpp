@@ -1,7 +1,9 @@
 // The catalogues belong to the workspace that is open: switching workspaces
-// reads the new one's, and a save never writes into another workspace.
+// reads the new one's, a save never writes into another workspace, and the
+// catalogues' edits are steps of their own history, which a switch empties.
 #include "StateFixture.h"
 
+#include <stagewright/state/CatalogueDocument.h>
 #include <stagewright/state/Workspace.h>
 
 #include <QFile>
@@ -56,7 +58,7 @@ TEST_F(StateFixture, CataloguesFollowTheWorkspaceAndAreSavedOnlyIntoTheirOwn)
         EXPECT_TRUE(item.path().startsWith(b)) << item.path().toStdString();
 
     tessaro::obstacleCatalogue().front().elementName = "Log, edited";
-    ASSERT_TRUE(settings->catalogues().save(tessaro::configType::obstacles));
+    ASSERT_TRUE(settings->catalogues().saveChanged());
     EXPECT_EQ(fileBytes(assetsFolder(a) + QStringLiteral("ObstacleList.plist")), aBefore);
     const auto savedB =
         tessaro::loadConfig<tessaro::configType::obstacles>(assetsFolder(b).toStdString(), "ObstacleList", "plist");
@@ -64,7 +66,44 @@ TEST_F(StateFixture, CataloguesFollowTheWorkspaceAndAreSavedOnlyIntoTheirOwn)
     EXPECT_EQ(savedB.front().elementName, "Log, edited");
 
     // Kinds that are not catalogues are refused without writing anything.
-    EXPECT_FALSE(settings->catalogues().save(tessaro::configType::level));
+    WorkspaceCatalogues files(PermissionManager::shared());
+    files.load(b);
+    EXPECT_FALSE(files.save(tessaro::configType::level));
+}
+
+TEST_F(StateFixture, CatalogueEditsAreStepsOfTheirOwnHistory)
+{
+    const QString a = workspaceWithObstacle(*home, QStringLiteral("A"), "Rock");
+    const QString b = workspaceWithObstacle(*home, QStringLiteral("B"), "Log");
+    start();
+    settings->setWorkingSpace(a);
+    CatalogueDocument& catalogues = settings->catalogues();
+    const QString aFile = assetsFolder(a) + QStringLiteral("ObstacleList.plist");
+    const QByteArray aBefore = fileBytes(aFile);
+
+    tessaro::Obstacle rock = tessaro::obstacleCatalogue().front();
+    EXPECT_TRUE(catalogues.replaceRecord(rock, QStringLiteral("Change Rock")));
+    EXPECT_EQ(catalogues.history().count(), 0) << "a replacement that changes nothing is no step";
+    rock.image = "rock";
+    tessaro::Obstacle stranger = rock;
+    stranger.elementName = "Stranger";
+    EXPECT_FALSE(catalogues.replaceRecord(stranger, QStringLiteral("Change Stranger")));
+    ASSERT_TRUE(catalogues.replaceRecord(rock, QStringLiteral("Change Rock")));
+    EXPECT_EQ(catalogues.history().undoText(), "Change Rock");
+    EXPECT_EQ(settings->selectedProjectTab()->undoStack().count(), 0);
+    EXPECT_NE(fileBytes(aFile), aBefore) << "the step writes the catalogue at once";
+    catalogues.history().undo();
+    EXPECT_EQ(fileBytes(aFile), aBefore);
+    catalogues.history().redo();
+    const QByteArray aEdited = fileBytes(aFile);
+
+    // Another workspace starts with an empty history; what was done in the
+    // first stays in its files, and nothing reaches the second's.
+    const QByteArray bBefore = fileBytes(assetsFolder(b) + QStringLiteral("ObstacleList.plist"));
+    settings->setWorkingSpace(b);
+    EXPECT_EQ(catalogues.history().count(), 0);
+    EXPECT_EQ(fileBytes(assetsFolder(b) + QStringLiteral("ObstacleList.plist")), bBefore);
+    EXPECT_EQ(fileBytes(aFile), aEdited);
 }
 
 } // namespace

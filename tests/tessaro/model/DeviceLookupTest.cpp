@@ -13,25 +13,10 @@ DeviceProperties entry(const char* devices)
     return d;
 }
 
-// Sets the game's devices for one test and puts them back afterwards.
-struct DevicesForTest {
-    DevicesForTest(deviceName primary, deviceName secondary)
-    {
-        setPrimaryDevice(primary);
-        setSecondaryDevice(secondary);
-    }
-    ~DevicesForTest()
-    {
-        setPrimaryDevice(deviceName::none);
-        setSecondaryDevice(deviceName::none);
-    }
-};
-
 } // namespace
 
 TEST(DeviceLookup, DefaultEntryServesEveryFieldItHolds)
 {
-    EXPECT_EQ(primaryDevice(), deviceName::none);
     std::vector<DeviceProperties> devices{entry("iPad"), entry("defaultDevice")};
     devices[0].size = "{10.0,10.0}";
     devices[1].position = "{12.34,-5.66}";
@@ -51,7 +36,7 @@ TEST(DeviceLookup, DefaultEntryServesEveryFieldItHolds)
 
 TEST(DeviceLookup, DeviceEntriesOverrideFieldByField)
 {
-    DevicesForTest game(deviceName::iPhone17, deviceName::iPad);
+    const DeviceChoice game{deviceName::iPhone17, deviceName::iPad, {}};
     std::vector<DeviceProperties> devices{entry("defaultDevice"), entry("iPhone16, iPhone17"), entry("iPad"),
                                           entry("iPhone17")};
     devices[0].position = "{1,1}";
@@ -62,9 +47,16 @@ TEST(DeviceLookup, DeviceEntriesOverrideFieldByField)
     devices[2].size = "{6,6}";
     devices[3].offset = "{3,3}"; // not the first entry of iPhone17: never read
 
-    EXPECT_EQ(deviceValue<fieldList::size>(devices), (SizeValue{9, 9})); // primary
-    EXPECT_EQ(deviceValue<fieldList::offset>(devices), (PointValue{8, 8})); // secondary
-    EXPECT_EQ(deviceValue<fieldList::position>(devices), (PointValue{1, 1})); // default
+    EXPECT_EQ(deviceValue<fieldList::size>(devices, game), (SizeValue{9, 9})); // primary
+    EXPECT_EQ(deviceValue<fieldList::offset>(devices, game), (PointValue{8, 8})); // secondary
+    EXPECT_EQ(deviceValue<fieldList::position>(devices, game), (PointValue{1, 1})); // default
+    EXPECT_EQ(deviceValue<fieldList::size>(devices), (SizeValue{5, 5})) << "the editor's choice takes the default";
+
+    // A coordinate past the limit takes the last random position's.
+    const DeviceChoice placed{deviceName::none, deviceName::none, {500, 77}};
+    EXPECT_EQ(placed.repeated({999999999, 3}), (PointValue{500, 3}));
+    EXPECT_EQ(placed.repeated({4, 999999999}), (PointValue{4, 77}));
+    EXPECT_EQ(placed.repeated({999999998, 3}), (PointValue{999999998, 3}));
     EXPECT_EQ(deviceEntryFor(devices, deviceName::iPhone17), &devices[1]);
     EXPECT_EQ(deviceEntryFor(devices, deviceName::iPhoneAir), nullptr);
 }

@@ -146,7 +146,7 @@ TEST(Creation, ObstacleDefaultsNamesAndPlaces)
 
     // A mirage, off the floor, turned by 90 degrees, placed where the last
     // random position was.
-    setLastRandomPosition({500, 77});
+    level.scene->setDeviceChoice({deviceName::none, deviceName::none, {500, 77}});
     Obstacle record;
     record.name = "ghost";
     record.image = "rock";
@@ -162,7 +162,7 @@ TEST(Creation, ObstacleDefaultsNamesAndPlaces)
     EXPECT_EQ(ObstacleCreationHelper::createObstacle(record, *level.world, *level.scene)->position(),
               QPointF(500, -140))
         << "with gravity the ground at the repeated x decides";
-    setLastRandomPosition({});
+    level.scene->setDeviceChoice({});
 
     // The place is in the parent's space.
     auto shifted = kit::Node::create();
