@@ -1,5 +1,8 @@
 #include "LevelCast.h"
 
+#include "LevelScenery.h"
+
+#include <tessaro/layout/ItemPlacement.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/ValueText.h>
@@ -12,66 +15,63 @@ using namespace tessaro;
 
 namespace {
 
-/// Where a collectible stands: the editor's rule, so that the game shows
-/// the level as it was designed.
-enum class Footing { coin, artifact, upright };
-
-QPointF collectiblePlace(const std::vector<DeviceProperties>& devices, bool gravity, double height, Footing footing,
-                         const AppSharedSceneBase& scene)
+QPointF pointOf(PointValue p)
 {
-    const PointValue p = deviceValue<fieldList::position>(devices);
-    const PointValue o = deviceValue<fieldList::offset>(devices);
-    const double x0 = o.x + p.x;
-    const double y0 = o.y + (gravity ? scene.groundHeight(p.x) : p.y);
-    switch (footing) {
-    case Footing::coin: return {x0, p.y == 0 ? o.y + scene.groundHeight(x0) + height / 2 : y0};
-    case Footing::artifact: return {x0, o.y + (p.y == 0 ? scene.groundHeight(x0) + height / 2 : y0)};
-    case Footing::upright: break;
-    }
-    return {x0, y0 + height / 2};
+    return {p.x, p.y};
 }
 
-QSizeF sizeFrom(const std::vector<DeviceProperties>& devices, const std::vector<DeviceProperties>& fallback)
+QSizeF sizeOf(SizeValue s)
 {
-    SizeValue size = deviceValue<fieldList::size>(devices);
-    if (size == SizeValue{})
-        size = deviceValue<fieldList::size>(fallback);
-    return {size.width, size.height};
+    return {s.width, s.height};
+}
+
+/// `devices` with the size the factories read set to `size`, so that a
+/// sprite's body is made at the size the layout gives.
+void setLaidSize(std::optional<std::vector<DeviceProperties>>& devices, SizeValue size)
+{
+    std::vector<DeviceProperties>& entries = devices ? *devices : devices.emplace();
+    auto* entry = const_cast<DeviceProperties*>(deviceEntryWithField<fieldList::size>(entries));
+    if (!entry)
+        entry = deviceEntryFor(entries, deviceName::defaultDevice);
+    if (!entry) {
+        entry = &entries.emplace_back();
+        entry->deviceName = std::string(caseText(deviceName::defaultDevice));
+    }
+    entry->size = textFromPair(size.width, size.height);
+}
+
+RangeValue travel(double start, double reach)
+{
+    return reach < 0 ? RangeValue{start + reach, start} : RangeValue{start, start + reach};
 }
 
 class Caster {
 public:
-    Caster(AppSharedSceneBase& scene, kit::Node& world, Cast& cast) : m_scene(scene), m_world(world), m_cast(cast) {}
+    Caster(const layout::GroundPlan& ground, AppSharedSceneBase& scene, kit::Node& world, Cast& cast)
+        : m_ground(ground),
+          m_context(gameLayoutContext(scene)),
+          m_scene(scene),
+          m_world(world),
+          m_cast(cast)
+    {
+    }
 
     void obstacle(const ObstacleLevelItem& item)
     {
         const Obstacle* catalogue = findObstacle(obstacleCatalogue(), item.elementName);
         if (!catalogue || !item.isVisible.value_or(true))
             return;
-        const Obstacle record = mergedObstacle(item, *catalogue);
-        const SKSpriteNode2dBasePtr first = addObstacle(record);
-        const std::int64_t copies = item.properties ? item.properties->repeatCount.value_or(0) : 0;
-        if (!first || copies < 2 || !record.devices)
+        const layout::ItemLook look = layout::obstacleLook(item, *catalogue, m_ground, m_context);
+        Obstacle record = mergedObstacle(item, *catalogue);
+        setLaidSize(record.devices, look.size);
+        if (!addObstacle(record, look.centre))
             return;
-        // The row of copies: each one a width further on, its own random
-        // offset drawn anew.
-        const PointValue start = deviceValue<fieldList::position>(*record.devices);
-        const bool gravity = record.useGravity.value_or(true);
-        double x = start.x;
-        for (std::int64_t n = 1; n < std::min<std::int64_t>(copies, 1000); ++n) {
-            const double baseY = gravity ? 0 : start.y;
-            const PointValue jitter = deviceValue<fieldList::randomPositionRange>(*record.devices);
-            x += first->size().width() + jitter.x;
-            Obstacle copy = record;
-            DeviceProperties* entry = deviceEntryFor(*copy.devices, deviceName::defaultDevice);
-            if (!entry) {
-                entry = &copy.devices->emplace_back();
-                entry->deviceName = "defaultDevice";
-            }
-            entry->position = textFromPair(x, baseY + jitter.y);
-            entry->randomPositionRange.reset();
-            addObstacle(copy);
-        }
+        const std::int64_t copies = item.properties ? item.properties->repeatCount.value_or(0) : 0;
+        // The row of copies, each a width further on.
+        for (const PointValue& place :
+             layout::repeatedCopies(m_context.deviceValue<fieldList::position>(*look.devices), look.size,
+                                    look.useGravity, copies, *look.devices, m_ground, m_context))
+            addObstacle(record, place);
     }
 
     void character(const CharacterLevelItem& item)
@@ -79,12 +79,17 @@ public:
         const Character* catalogue = findCharacter(characterCatalogue(), item.elementName);
         if (!catalogue || !item.isVisible.value_or(true))
             return;
+        const layout::ItemLook look = layout::characterLook(item, *catalogue, m_ground, m_context);
+        CharacterLevelItem laid = item;
+        setLaidSize((laid.properties ? *laid.properties : laid.properties.emplace()).devices, look.size);
         const auto kind = caseFromText<characterClassType>(item.charClassType.value_or("friendly"));
         const bool friendly = kind == characterClassType::friendly;
-        auto sprite = ObstacleCreationHelper::createCharacter(item, *catalogue, friendly ? nullptr : m_cast.player,
+        auto sprite = ObstacleCreationHelper::createCharacter(laid, *catalogue, friendly ? nullptr : m_cast.player,
                                                               m_world, m_scene);
         if (!sprite)
             return;
+        sprite->setPosition(pointOf(look.centre));
+        sprite->setStartingPosition(pointOf(look.centre));
         m_world.addChild(sprite);
         ++m_cast.made["characters"];
         // The bar floats above the head rather than across it.
@@ -107,46 +112,32 @@ public:
         for (const Coin& coin : coins.coins.value_or(std::vector<Coin>{})) {
             if (!coin.isVisible.value_or(true))
                 continue;
-            const auto devices = coin.devices.value_or(std::vector<DeviceProperties>{});
-            const bool gravity = coin.useGravity.value_or(deviceValue<fieldList::position>(devices).y == 0);
-            auto first = collectible("coin", catalogue->image.value_or(""),
-                                     sizeFrom(devices, catalogue->devices.value_or(std::vector<DeviceProperties>{})),
-                                     coin.zPosition.value_or(1));
-            first->setPosition(collectiblePlace(devices, gravity, first->size().height(), Footing::coin, m_scene));
+            const layout::ItemLook look = layout::coinLook(coin, *catalogue, m_ground, m_context);
+            collectible("coin", look, look.centre);
             // A row or stack of coins, each collected on its own.
-            const bool stacked = coin.stack.value_or(false);
-            const QPointF step = stacked ? QPointF(0, first->size().height() / 2 + spacing.y)
-                                         : QPointF(first->size().width() / 2 + spacing.x, 0);
-            for (std::int64_t n = 1; n < std::min<std::int64_t>(coin.repeatCount.value_or(0), 1000); ++n) {
-                auto next = collectible("coin", catalogue->image.value_or(""), first->size(), first->zPosition());
-                next->setPosition(first->position() + step * double(n));
-            }
+            for (const PointValue& step :
+                 layout::coinSteps(coin.stack.value_or(false), coin.repeatCount.value_or(0), look.size, spacing))
+                collectible("coin", look, {look.centre.x + step.x, look.centre.y + step.y});
         }
     }
 
     void shields(const Shields& shields)
     {
-        for (const Shield& shield : shields.shields.value_or(std::vector<Shield>{})) {
-            if (!shield.isVisible.value_or(true))
-                continue;
-            const auto devices = shield.devices.value_or(std::vector<DeviceProperties>{});
-            auto node =
-                collectible("shield", shields.image.value_or(""), sizeFrom(devices, {}), shield.zPosition.value_or(1));
-            node->setPosition(collectiblePlace(devices, false, node->size().height(), Footing::upright, m_scene));
-        }
+        for (const Shield& shield : shields.shields.value_or(std::vector<Shield>{}))
+            if (shield.isVisible.value_or(true)) {
+                const layout::ItemLook look =
+                    layout::shieldLook(shield, shields.image.value_or(""), m_ground, m_context);
+                collectible("shield", look, look.centre);
+            }
     }
 
     void artifacts(const Artifacts& artifacts)
     {
-        for (const Artifact& artifact : artifacts.artifacts.value_or(std::vector<Artifact>{})) {
-            if (!artifact.isVisible.value_or(true))
-                continue;
-            const auto devices = artifact.devices.value_or(std::vector<DeviceProperties>{});
-            auto node = collectible("artifact", artifact.image.value_or(""), sizeFrom(devices, {}),
-                                    artifact.zPosition.value_or(1));
-            node->setAlpha(artifact.alpha.value_or(1));
-            node->setPosition(collectiblePlace(devices, false, node->size().height(), Footing::artifact, m_scene));
-        }
+        for (const Artifact& artifact : artifacts.artifacts.value_or(std::vector<Artifact>{}))
+            if (artifact.isVisible.value_or(true)) {
+                const layout::ItemLook look = layout::artifactLook(artifact, m_ground, m_context);
+                collectible("artifact", look, look.centre)->setAlpha(artifact.alpha.value_or(1));
+            }
     }
 
     void checkpoints(const CheckPointData& checkpoints)
@@ -154,23 +145,27 @@ public:
         const GenericObject* catalogue = findObject(objectCatalogue(), checkpoints.image, sceneObjectType::checkpoint);
         if (!catalogue)
             return;
-        for (const CheckPointLocation& location : checkpoints.locations.value_or(std::vector<CheckPointLocation>{})) {
-            if (!location.isVisible.value_or(true))
-                continue;
-            const auto devices = location.devices.value_or(std::vector<DeviceProperties>{});
-            auto node = collectible("checkpoint", catalogue->image.value_or(""),
-                                    sizeFrom(devices, catalogue->devices.value_or(std::vector<DeviceProperties>{})),
-                                    location.zPosition);
-            node->setPosition(collectiblePlace(devices, true, node->size().height(), Footing::upright, m_scene));
-        }
+        for (const CheckPointLocation& location : checkpoints.locations.value_or(std::vector<CheckPointLocation>{}))
+            if (location.isVisible.value_or(true)) {
+                const layout::ItemLook look = layout::checkpointLook(location, *catalogue, m_ground, m_context);
+                collectible("checkpoint", look, look.centre);
+            }
     }
 
 private:
-    SKSpriteNode2dBasePtr addObstacle(const Obstacle& record)
+    SKSpriteNode2dBasePtr addObstacle(const Obstacle& record, PointValue centre)
     {
         auto node = ObstacleCreationHelper::createObstacle(record, m_world, m_scene);
         if (!node)
             return nullptr;
+        // A rotation pinned to a carrier keeps the carrier's own place.
+        if (!node->name().startsWith(QStringLiteral("OBJECT_rotate_"))) {
+            const PointValue reach = pointFromText(record.maximumDistance.value_or("{0,0}"));
+            node->setPosition(pointOf(centre));
+            node->setStartingPosition(pointOf(centre));
+            node->setDistanceXRange(travel(centre.x, reach.x));
+            node->setDistanceYRange(travel(centre.y, reach.y));
+        }
         m_world.addChild(node);
         m_cast.obstacles.push_back(node);
         ++m_cast.made["obstacles"];
@@ -178,15 +173,17 @@ private:
     }
 
     /// A sprite the player picks up by touching it.
-    SKSpriteNode2dBasePtr collectible(const char* kind, const std::string& image, const QSizeF& size, double z)
+    SKSpriteNode2dBasePtr collectible(const char* kind, const layout::ItemLook& look, PointValue centre)
     {
         SpriteSetup setup;
-        setup.size = size;
-        setup.zPosition = z;
+        setup.size = sizeOf(look.size);
+        setup.zPosition = look.z;
         setup.scene = &m_scene;
         setup.name =
             QStringLiteral("%1_%2").arg(QString::fromLatin1(kind).toUpper()).arg(m_cast.made[std::string(kind) + "s"]);
-        auto node = SKSpriteNode2dBase::create(QString::fromStdString(image.substr(0, image.find(','))), setup);
+        const std::string image = look.image.substr(0, look.image.find(','));
+        auto node = SKSpriteNode2dBase::create(QString::fromStdString(image), setup);
+        node->setPosition(pointOf(centre));
         node->userData().insert(kCollectibleKey, QString::fromLatin1(kind));
         PhysicsSettings settings;
         settings.category = collisionBit(collisionTypes::collectibleTouched);
@@ -197,6 +194,8 @@ private:
         return node;
     }
 
+    const layout::GroundPlan& m_ground;
+    const layout::LayoutContext m_context;
     AppSharedSceneBase& m_scene;
     kit::Node& m_world;
     Cast& m_cast;
@@ -204,12 +203,12 @@ private:
 
 } // namespace
 
-Cast castLevel(const Level& level, AppSharedSceneBase& scene, kit::Node& world)
+Cast castLevel(const Level& level, const layout::GroundPlan& ground, AppSharedSceneBase& scene, kit::Node& world)
 {
     Cast cast;
     for (const char* kind : {"obstacles", "characters", "coins", "shields", "artifacts", "checkpoints"})
         cast.made[kind] = 0;
-    Caster caster(scene, world, cast);
+    Caster caster(ground, scene, world, cast);
     for (const ObstacleLevelItem& item : level.obstacles.value_or(std::vector<ObstacleLevelItem>{}))
         caster.obstacle(item);
     // The player comes first, so that every enemy can be given it to follow.

@@ -1,8 +1,10 @@
 // Everything of a level that is not scenery: obstacles, characters and the
 // things the player collects, made from the level's records and the
-// workspace's catalogues through the library's factories.
+// workspace's catalogues through the library's factories, each where the
+// layout puts it and at the size it gives.
 #pragma once
 
+#include <tessaro/layout/GroundPlan.h>
 #include <tessaro/model/LevelRecords.h>
 #include <tessaro/runtime/AppSharedSceneBase.h>
 #include <tessaro/runtime/SKSpriteNode2dBase.h>
@@ -28,9 +30,9 @@ struct Cast {
     std::map<std::string, int> made;
 };
 
-/// Makes the cast of `level` inside `world`, after the scenery so that
-/// things stand on the floor. Items whose catalogue entry is missing or
-/// that are hidden are left out.
-Cast castLevel(const tessaro::Level& level, tessaro::AppSharedSceneBase& scene, tessaro::kit::Node& world);
+/// Makes the cast of `level` inside `world`, standing on `ground`. Items
+/// whose catalogue entry is missing or that are hidden are left out.
+Cast castLevel(const tessaro::Level& level, const tessaro::layout::GroundPlan& ground,
+               tessaro::AppSharedSceneBase& scene, tessaro::kit::Node& world);
 
 } // namespace play

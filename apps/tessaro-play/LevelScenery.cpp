@@ -1,5 +1,8 @@
 #include "LevelScenery.h"
 
+#include <tessaro/layout/BackgroundPlan.h>
+#include <tessaro/layout/ImageNames.h>
+#include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/NameLists.h>
 #include <tessaro/model/ValueText.h>
@@ -27,21 +30,6 @@ constexpr int kMostCopies = 1000;
 /// width: pictures often end in a sliver of transparent pixels, which would
 /// show as a thin line where copies meet.
 constexpr double kBackgroundOverlap = 0.01;
-
-QString hazardTile(groundBaseType type)
-{
-    switch (type) {
-    case groundBaseType::BrightWater: return QStringLiteral("brightWater_ground");
-    case groundBaseType::Lava: return QStringLiteral("lava_top");
-    case groundBaseType::MuddyWater: return QStringLiteral("muddyWater_ground");
-    case groundBaseType::None: return QStringLiteral("transparent_ground");
-    case groundBaseType::Spike: return QStringLiteral("spikes_1");
-    case groundBaseType::ToxicGreen: return QStringLiteral("toxicGreen_ground");
-    case groundBaseType::Water: return QStringLiteral("crest_top_one");
-    case groundBaseType::Ground: break;
-    }
-    return {};
-}
 
 QSizeF sizeOr(const QSizeF& wanted, const TexturePtr& texture)
 {
@@ -72,124 +60,53 @@ TexturePtr composed(const std::vector<std::vector<TexturePtr>>& grid, const QSiz
     return Texture::fromImage(image);
 }
 
-class GroundLayout {
-public:
-    GroundLayout(AppSharedSceneBase& scene, kit::Node& world, Scenery& scenery)
-        : m_scene(scene),
-          m_world(world),
-          m_scenery(scenery),
-          m_runningX(scene.sceneFrame().left())
-    {
-    }
-
-    void lay(const GroundSection& section)
-    {
-        if (!section.isVisible.value_or(true))
-            return;
-        const auto type = caseFromText<groundBaseType>(section.groundType.value_or("Ground"));
-        if (type == groundBaseType::Ground)
-            layTiles(section);
-        else
-            layHazard(section, type.value_or(groundBaseType::None));
-    }
-
-    double end() const { return m_levelEnd; }
-
-private:
-    void layHazard(const GroundSection& section, groundBaseType type)
-    {
-        const PointValue offset = deviceValue<fieldList::offset>(section.devices);
-        const SizeValue size = deviceValue<fieldList::size>(section.devices);
-        const double distance = section.distance ? sizeFromText(*section.distance).width : 0;
-        const TexturePtr tile = m_scene.cachedTexture(hazardTile(type));
-        const QSizeF tileSize = sizeOr(QSizeF(size.width, size.height), tile);
-        int copies = 0;
-        while (distance > 0 && tileSize.width() > 0 && 2 * offset.x + copies * tileSize.width() < distance &&
-               copies < kMostCopies)
-            ++copies;
-        if (copies > 0) {
-            const TexturePtr picture = composed(std::vector<std::vector<TexturePtr>>(size_t(copies), {tile}), tileSize);
-            auto node = kit::SpriteNode::create(picture);
-            node->setZPosition(section.zPosition.value_or(50) + 47);
-            node->setPosition(m_runningX + offset.x + node->size().width() / 2, m_scene.sceneFrame().top());
-            m_world.addChild(node);
-            ++m_scenery.groundSprites;
-        }
-        m_runningX += distance;
-        m_levelEnd = m_runningX;
-    }
-
-    void layTiles(const GroundSection& section)
-    {
-        const PointValue offset = deviceValue<fieldList::offset>(section.devices);
-        const SizeValue size = deviceValue<fieldList::size>(section.devices);
-        const int repeat = int(std::clamp<std::int64_t>(section.repeatCount.value_or(0), 0, kMostCopies));
-        const bool stacked = section.stack.value_or(false);
-        std::vector<std::vector<TexturePtr>> grid;
-        if (stacked) {
-            std::vector<TexturePtr> column;
-            for (const std::string& name : trimmedNamesFromText(section.image.value_or("")))
-                if (!name.empty())
-                    column.push_back(m_scene.cachedTexture(QString::fromStdString(name)));
-            grid.assign(size_t(repeat + 1), column);
-        } else {
-            const std::string text = section.image.value_or("");
-            const TexturePtr tile = m_scene.cachedTexture(QString::fromStdString(text.substr(0, text.find(','))));
-            grid.assign(size_t(std::max(1, repeat)), {tile});
-        }
-        m_runningX += offset.x;
-        const TexturePtr picture = composed(grid, QSizeF(size.width, size.height));
-        if (!picture)
-            return;
-        auto node = std::make_shared<SKSpriteNodeSharedBase>(picture, Qt::transparent, picture->size());
-        const QSizeF ps = node->size();
-        node->setZPosition(section.zPosition.value_or(50) + 50);
-        node->setPosition(m_runningX + ps.width() / 2, offset.y + ps.height() / 2 + m_scene.sceneFrame().top());
-        PhysicsSettings floor;
-        floor.category = collisionBit(collisionTypes::floor);
-        floor.collision = collisionBit(collisionTypes::staticObjectBody);
-        node->usePhysicsRectangle(ps, floor);
-        m_world.addChild(node);
-        ++m_scenery.groundSprites;
-
-        const double top = node->position().y() + ps.height() / 2;
-        const auto angles = listFromText<groundPhysicsAngleType>(section.groundPhysicsAngleType.value_or(""));
-        const bool sloped = std::find(angles.begin(), angles.end(), groundPhysicsAngleType::angle) != angles.end();
-        // Stretches of equal height (or a slope) that meet make one floor
-        // piece; a gap between them parts them.
-        auto& pieces = m_scene.groundBaseVariants();
-        const bool meets = !pieces.empty() && std::abs(pieces.back().left() + pieces.back().width() - m_runningX) < 0.5;
-        if (meets && (pieces.back().y() == top || sloped))
-            pieces.back().setWidth(pieces.back().width() + ps.width());
-        else
-            pieces.emplace_back(m_runningX, top, ps.width(), 0);
-        m_runningX += ps.width();
-        m_levelEnd = m_runningX;
-    }
-
-    AppSharedSceneBase& m_scene;
-    kit::Node& m_world;
-    Scenery& m_scenery;
-    double m_runningX;
-    double m_levelEnd = 0;
-};
-
-void layBackground(const BackgroundImage& record, AppSharedSceneBase& scene, kit::Node& world, kit::Node& camera,
-                   Scenery& scenery)
+/// The sprite of a laid-out section; null when it shows nothing.
+kit::SpriteNodePtr groundSprite(const layout::GroundPiece& piece, AppSharedSceneBase& scene)
 {
-    if (!record.isVisible.value_or(true))
+    if (piece.hidden || piece.columns <= 0 || piece.size.width <= 0 || piece.size.height <= 0)
+        return nullptr;
+    std::vector<TexturePtr> column;
+    for (const std::string& name : piece.images)
+        column.push_back(scene.cachedTexture(QString::fromStdString(name)));
+    // More copies than this are drawn as a stretched picture of this many.
+    const int columns = std::min(piece.columns, kMostCopies);
+    const TexturePtr picture = composed(std::vector<std::vector<TexturePtr>>(size_t(columns), column),
+                                        QSizeF(piece.tileSize.width, piece.tileSize.height));
+    if (!picture)
+        return nullptr;
+    const QSizeF size(piece.size.width, piece.size.height);
+    kit::SpriteNodePtr node;
+    if (piece.hazard) {
+        node = kit::SpriteNode::create(picture, size);
+    } else {
+        auto floor = std::make_shared<SKSpriteNodeSharedBase>(picture, Qt::transparent, size);
+        PhysicsSettings settings;
+        settings.category = collisionBit(collisionTypes::floor);
+        settings.collision = collisionBit(collisionTypes::staticObjectBody);
+        floor->usePhysicsRectangle(size, settings);
+        node = floor;
+    }
+    node->setZPosition(piece.z);
+    node->setPosition(piece.centre.x, piece.centre.y);
+    return node;
+}
+
+void layBackground(const BackgroundImage& record, const layout::LayoutContext& context, AppSharedSceneBase& scene,
+                   kit::Node& world, kit::Node& camera, Scenery& scenery)
+{
+    const std::optional<layout::BackgroundLayer> laid = layout::layBackground(record, scenery.ground.length, context);
+    if (!laid)
         return;
     const QRectF frame = scene.sceneFrame();
     const TexturePtr picture = scene.cachedTexture(QString::fromStdString(record.image.value_or("placeholder")));
-    const qreal z = record.zPosition.value_or(0);
-    if (!record.pinned.value_or(false)) {
+    if (!laid->pinned) {
         Scenery::Layer layer;
         layer.speed = record.speed.value_or(0);
         // A picture whose two sides do not match still scrolls without a
         // seam: every other copy is its mirror image.
         for (int copy = 0; copy < (layer.speed > 0 ? 3 : 1); ++copy) {
             auto node = kit::SpriteNode::create(picture, frame.size());
-            node->setZPosition(z);
+            node->setZPosition(laid->z);
             node->setXScale(copy % 2 ? -1 : 1);
             camera.addChild(node);
             layer.copies.push_back(node);
@@ -198,23 +115,14 @@ void layBackground(const BackgroundImage& record, AppSharedSceneBase& scene, kit
         scenery.layers.push_back(std::move(layer));
         return;
     }
-    std::vector<RangeValue> ranges;
-    for (const PinnedRange& range : record.pinnedRanges.value_or(std::vector<PinnedRange>{}))
-        ranges.push_back(rangeFromText(range.range.value_or("")));
-    if (ranges.empty())
-        ranges.push_back({0, 1000000});
-    double step = frame.width() * (1 - kBackgroundOverlap);
-    const double groundLength = scenery.levelEndX - frame.left();
-    int copy = 0;
-    for (double x = 0; x < groundLength + 1000 && step > 0; x += step, ++copy) {
-        const bool inside =
-            std::any_of(ranges.begin(), ranges.end(), [x](RangeValue r) { return r.lower <= x && x <= r.upper; });
-        if (!inside)
-            continue;
-        auto node = kit::SpriteNode::create(picture, frame.size());
-        node->setZPosition(z);
+    // Each copy reaches a little over its neighbour, and every other one is
+    // mirrored so that neighbours meet at matching sides.
+    const QSizeF size(frame.width() * (1 + kBackgroundOverlap), frame.height());
+    for (const double x : laid->copies) {
+        auto node = kit::SpriteNode::create(picture, size);
+        node->setZPosition(laid->z);
         node->setPosition(x, frame.center().y());
-        node->setXScale(copy % 2 ? -1 : 1); // neighbours meet at matching sides
+        node->setXScale(std::lround(x / frame.width()) % 2 ? -1 : 1);
         world.addChild(node);
         ++scenery.backgroundSprites;
     }
@@ -222,16 +130,43 @@ void layBackground(const BackgroundImage& record, AppSharedSceneBase& scene, kit
 
 } // namespace
 
+layout::LayoutContext gameLayoutContext(AppSharedSceneBase& scene)
+{
+    layout::LayoutContext context;
+    const QRectF frame = scene.sceneFrame();
+    context.view = {frame.left(), frame.top(), frame.width(), frame.height()};
+    context.devices = scene.deviceChoice();
+    context.obstacles = &obstacleCatalogue();
+    context.characters = &characterCatalogue();
+    context.objects = &objectCatalogue();
+    // The game's textures are as many points as pixels; the editor draws
+    // an image at its own size by the workspace's image scale.
+    const double scale = layout::pixelsPerPoint(globalAppConfig().base.defaultImageScale);
+    context.imageSize = [&scene, scale](sceneObjectType, const std::string& name) {
+        const QSizeF size = scene.cachedTexture(QString::fromStdString(name))->size();
+        return SizeValue{size.width() / scale, size.height() / scale};
+    };
+    return context;
+}
+
 Scenery layScenery(const Level& level, AppSharedSceneBase& scene, kit::Node& world, kit::Node& camera)
 {
+    const layout::LayoutContext context = gameLayoutContext(scene);
     Scenery scenery;
-    GroundLayout ground(scene, world, scenery);
-    for (const GroundSection& section : level.ground.value_or(std::vector<GroundSection>{}))
-        ground.lay(section);
-    scenery.levelEndX = ground.end();
+    scenery.ground = layout::layGround(level.ground.value_or(std::vector<GroundSection>{}), context);
+    for (const layout::GroundPiece& piece : scenery.ground.pieces)
+        if (const kit::SpriteNodePtr node = groundSprite(piece, scene)) {
+            world.addChild(node);
+            ++scenery.groundSprites;
+        }
+    std::vector<QRectF> floors;
+    for (const layout::FloorStretch& floor : scenery.ground.floors)
+        floors.emplace_back(floor.x, floor.top, floor.width, 0);
+    scene.setGroundBaseVariants(std::move(floors));
+    scenery.levelEndX = scenery.ground.endX;
     if (level.background && level.background->backgrounds)
         for (const BackgroundImage& record : *level.background->backgrounds)
-            layBackground(record, scene, world, camera, scenery);
+            layBackground(record, context, scene, world, camera, scenery);
     return scenery;
 }
 

@@ -1,9 +1,11 @@
-// The scenery of a level: ground sections laid from the left edge of the
-// view to the right (they fix the floor and the length of the level), and
-// the background pictures behind everything.
+// The scenery of a level as the layout lays it out: the ground sections
+// (they fix the floor and the length of the level) and the background
+// pictures behind everything.
 #pragma once
 
 #include <tessaro/kit/SpriteNode.h>
+#include <tessaro/layout/GroundPlan.h>
+#include <tessaro/layout/LayoutContext.h>
 #include <tessaro/model/LevelRecords.h>
 #include <tessaro/runtime/AppSharedSceneBase.h>
 
@@ -22,7 +24,13 @@ struct Scenery {
         double speed = 0;
     };
     std::vector<Layer> layers;
+    /// The ground as laid out; the cast stands on it.
+    tessaro::layout::GroundPlan ground;
 };
+
+/// What the game lays a level out with: the scene's frame and images, the
+/// chosen devices and the workspace's catalogues.
+tessaro::layout::LayoutContext gameLayoutContext(tessaro::AppSharedSceneBase& scene);
 
 /// Lays the ground of `level` into `world` and fills the scene's floor
 /// pieces. Pinned backgrounds go into `world`, the others into `camera`,

@@ -63,7 +63,7 @@ PlayRules::PlayRules(const Level& level, AppSharedSceneBase& scene) : m_level(le
     m_scene.setCamera(m_camera);
 
     m_scenery = layScenery(m_level, m_scene, *m_world, *m_camera);
-    m_cast = castLevel(m_level, m_scene, *m_world);
+    m_cast = castLevel(m_level, m_scenery.ground, m_scene, *m_world);
     m_stats.made = m_cast.made;
     m_stats.made["ground"] = m_scenery.groundSprites;
     m_stats.made["backgrounds"] = m_scenery.backgroundSprites;

@@ -1,11 +1,11 @@
-// Background layers. An unpinned image fills the view and stays put while the
-// level scrolls; a pinned image is laid in copies along the level, edge to
-// edge from the scene origin, where its ranges allow. The records live in the
-// scene's `backgroundList`; the nodes are only their pictures and can be made
-// again at any time.
+// Background layers on the canvas, where the layout puts them. The records
+// live in the scene's `backgroundList`; the nodes are only their pictures and
+// can be made again at any time.
 #include "SceneEditor.h"
 #include "ScenePictures.h"
 
+#include <tessaro/layout/BackgroundPlan.h>
+#include <tessaro/layout/LayoutContext.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/ValueText.h>
@@ -16,9 +16,6 @@
 namespace stagewright {
 
 namespace {
-
-/// More copies than this of one pinned image are not laid.
-constexpr int kMostPinnedCopies = 10000;
 
 tessaro::kit::TexturePtr backgroundTexture(const std::optional<std::string>& image)
 {
@@ -41,65 +38,33 @@ void sceneEditor::rebuildBackgrounds()
 
 void sceneEditor::layBackground(const tessaro::BackgroundImage& record)
 {
-    if (!record.isVisible.value_or(true) || !m_backgroundNodes || !m_pinnedBackgroundNodes)
+    if (!m_backgroundNodes || !m_pinnedBackgroundNodes)
         return;
-    const double z = record.zPosition.value_or(0);
+    const std::optional<tessaro::layout::BackgroundLayer> layer =
+        tessaro::layout::layBackground(record, m_levelEndX, layoutContext());
+    if (!layer)
+        return;
     const QRectF frame = frameRect();
     const QSizeF viewSize = frame.size();
     const tessaro::kit::TexturePtr texture = backgroundTexture(record.image);
     const auto makeNode = [&] {
         auto node = elementNode::create(texture, viewSize);
         node->setSize(viewSize);
-        node->setZPosition(z);
+        node->setZPosition(layer->z);
         node->property_sceneObjectType = tessaro::sceneObjectType::background;
         node->property_objectName = record.image;
         node->backgroundImagename = record.image.value_or(std::string());
         node->backgroundAssociatedId = record.id;
         return node;
     };
-
-    if (!record.pinned.value_or(false)) {
+    if (!layer->pinned) {
         m_backgroundNodes->addChild(makeNode());
         return;
     }
-
-    std::vector<tessaro::RangeValue> ranges;
-    if (record.pinnedRanges)
-        for (const tessaro::PinnedRange& entry : *record.pinnedRanges)
-            ranges.push_back(tessaro::rangeFromText(entry.range.value_or(std::string())));
-    if (ranges.empty())
-        ranges.push_back({0, 1000000});
-
-    const double step = viewSize.width();
-    if (step <= 0)
-        return;
-    const double end = m_levelEndX + 1000;
-    int copies = 0;
-    // Copies stand at whole steps from the origin; a step outside every range
-    // is skipped. The next step that can lie in a range is found directly, so
-    // a long level with a short range costs no more than its copies.
-    for (double x = 0; x < end;) {
-        const bool inside = std::any_of(ranges.begin(), ranges.end(),
-                                        [x](const tessaro::RangeValue& r) { return r.lower <= x && x <= r.upper; });
-        if (inside) {
-            if (++copies > kMostPinnedCopies) {
-                tessaro::diagnostic("Background \"" + record.image.value_or(std::string()) + "\" is shown with " +
-                                    std::to_string(kMostPinnedCopies) + " copies.");
-                return;
-            }
-            auto node = makeNode();
-            node->setPosition(x, frame.center().y());
-            m_pinnedBackgroundNodes->addChild(node);
-            x += node->size().width() > 0 ? node->size().width() : step;
-            continue;
-        }
-        double next = end;
-        for (const tessaro::RangeValue& r : ranges) {
-            const double candidate = std::max(x + step, std::ceil(r.lower / step) * step);
-            if (candidate <= r.upper)
-                next = std::min(next, candidate);
-        }
-        x = next;
+    for (const double x : layer->copies) {
+        auto node = makeNode();
+        node->setPosition(x, frame.center().y());
+        m_pinnedBackgroundNodes->addChild(node);
     }
 }
 

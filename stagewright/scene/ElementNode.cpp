@@ -6,6 +6,9 @@
 
 #include <tessaro/kit/EffectNode.h>
 #include <tessaro/kit/PhysicsBody.h>
+#include <tessaro/layout/GroundPlan.h>
+#include <tessaro/layout/ItemPlacement.h>
+#include <tessaro/layout/LayoutContext.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
@@ -94,19 +97,13 @@ void elementNode::addStackChildren(bool stacked, std::int64_t count, double dx, 
 {
     if (count <= 1)
         return;
-    const double w = size().width();
-    const double h = size().height();
-    dx = drawablePosition(dx, "repeat distance x");
-    dy = drawablePosition(dy, "repeat distance y");
-    const QPointF step = stacked ? QPointF(0, h / 2 + dy) : QPointF(w / 2 + dx, 0);
-    // A row longer than anyone can place by hand is a typing slip; it is drawn
-    // in part and kept whole in the record.
-    const std::int64_t shown = std::min<std::int64_t>(count, 1000);
-    for (std::int64_t n = 1; n < shown; ++n) {
+    int n = 0;
+    for (const tessaro::PointValue& step :
+         tessaro::layout::coinSteps(stacked, count, {size().width(), size().height()}, {dx, dy})) {
         auto child = tessaro::kit::SpriteNode::create(texture(), size());
-        child->setName(QStringLiteral("stack_") + QString::number(n));
+        child->setName(QStringLiteral("stack_") + QString::number(++n));
         child->setZPosition(zPosition());
-        child->setPosition(step * double(n));
+        child->setPosition(step.x, step.y);
         addChild(child);
     }
 }
@@ -174,43 +171,18 @@ void elementNode::placeFromDevices()
     const sceneObjectType type = kind();
     if (type == sceneObjectType::ground || type == sceneObjectType::background)
         return;
-    // The canvas chooses no device, so the default entries answer, and it
-    // has placed nothing at random.
-    const tessaro::DeviceChoice canvas;
-    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(devices, canvas);
-    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(devices, canvas);
-    const double ox = offset.x, oy = offset.y, px = position.x, py = position.y;
     const sceneEditor* scene = editorScene();
-    const auto ground = [scene](double x) { return scene ? scene->groundHeight(x) : 0.0; };
-    const double h = size().height();
-    const auto place = [this](double x, double y) {
-        const std::string what = "position of element " + name().toStdString();
-        setPosition(drawablePosition(x, what), drawablePosition(y, what));
-    };
-
-    const double baseY = property_useGravity ? ground(px) : py;
-    double y0 = oy + baseY;
-    double x0 = ox + px;
-
-    switch (type) {
-    case sceneObjectType::coin: place(x0, py == 0 ? oy + ground(x0) + h / 2 : y0); break;
-    case sceneObjectType::artifact: place(x0, oy + (py == 0 ? ground(x0) + h / 2 : y0)); break;
-    case sceneObjectType::obstacles:
-    case sceneObjectType::character: {
-        const double lift = property_useGravity ? h / 2 : 0;
-        const tessaro::PointValue repeated = canvas.repeated({x0, y0});
-        x0 = repeated.x;
-        y0 = repeated.y;
-        // The offset enters twice on this path: x = px + 2 ox, and without
-        // gravity y = py + 2 oy. Stored levels are laid out with this rule.
-        const double x = ox + x0;
-        if (property_useGravity)
-            y0 = ground(x0);
-        place(x, oy + y0 + lift);
-        break;
+    static const tessaro::layout::GroundPlan noGround;
+    // Outside a scene the default context answers: no device chosen,
+    // nothing placed at random.
+    tessaro::layout::LayoutContext context;
+    if (scene) {
+        context = scene->layoutContext();
     }
-    default: place(x0, y0 + h / 2); break;
-    }
+    const tessaro::PointValue place = tessaro::layout::itemPosition(type, devices, size().height(), property_useGravity,
+                                                                    scene ? scene->groundPlan() : noGround, context);
+    const std::string what = "position of element " + name().toStdString();
+    setPosition(drawablePosition(place.x, what), drawablePosition(place.y, what));
 
     if (type == sceneObjectType::obstacles) {
         if (!(rotationOverrides && rotationOverrides->rotateForever.value_or(false))) {

@@ -1,7 +1,8 @@
 // The second pass of loading: obstacles, characters, checkpoints, coins,
-// artifacts and shields become element nodes on their layers, standing on the
-// floor that the ground has fixed. An item whose catalogue entry is missing
-// cannot be drawn; it is kept on a hidden node and saved as it was read.
+// artifacts and shields become element nodes on their layers, where the
+// layout puts them on the floor that the ground has fixed. An item whose
+// catalogue entry is missing cannot be drawn; it is kept on a hidden node and
+// saved as it was read.
 #include "SceneEditor.h"
 #include "SceneNumbers.h"
 #include "ScenePictures.h"
@@ -9,6 +10,9 @@
 #include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
 
+#include <tessaro/layout/GroundPlan.h>
+#include <tessaro/layout/ItemPlacement.h>
+#include <tessaro/layout/LayoutContext.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/DeviceLookup.h>
 #include <tessaro/model/Diagnostics.h>
@@ -25,44 +29,27 @@ using tessaro::sceneObjectType;
 
 namespace {
 
-struct ElementPicture {
-    tessaro::kit::TexturePtr texture;
-    QSizeF size;
-};
-
-/// The picture of an image text at a record size; a size without area takes
-/// the image's natural size at the workspace's image scale.
-ElementPicture elementPicture(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size)
-{
-    ElementPicture picture;
-    size = drawableSize(size, std::string(tessaro::caseText(kind)) + " size");
-    picture.texture = SceneImageCache::shared().picture(kind, firstImageName(imageText)).texture;
-    picture.size = size.width > 0 && size.height > 0 ? QSizeF(size.width, size.height) : picture.texture->size();
-    return picture;
-}
-
+/// A node showing the first image of `imageText` at `size` (the layout's).
 elementNodePtr makeElement(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size, double z)
 {
-    const ElementPicture picture = elementPicture(kind, imageText, size);
-    auto node = elementNode::create(picture.texture, picture.size);
-    node->setSize(picture.size);
+    const tessaro::kit::TexturePtr texture = SceneImageCache::shared().picture(kind, firstImageName(imageText)).texture;
+    const QSizeF shown(size.width, size.height);
+    auto node = elementNode::create(texture, shown);
+    node->setSize(shown);
     node->setZPosition(z);
     node->property_sceneObjectType = kind;
     return node;
+}
+
+elementNodePtr makeElement(const tessaro::layout::ItemLook& look)
+{
+    return makeElement(look.kind, look.image, look.size, look.z);
 }
 
 template <class T>
 const T* present(const tessaro::boxed<T>& value)
 {
     return value ? &*value : nullptr;
-}
-
-template <class T, class Member>
-auto overOr(const T* over, const T& catalogue, Member member) -> std::remove_cvref_t<decltype(catalogue.*member)>
-{
-    if (over && (over->*member))
-        return over->*member;
-    return catalogue.*member;
 }
 
 /// Each field of `over` that is set, else the field of `base`.
@@ -100,10 +87,9 @@ std::uint32_t maskOr(const std::optional<std::string>& text)
 
 /// A position set before the device values are read: a number that cannot
 /// be shown is 0 here, and placeFromDevices says so.
-QPointF quietly(double x, double y)
+QPointF quietly(tessaro::PointValue p)
 {
-    const auto usable = [](double v) { return std::isfinite(v) && std::abs(v) <= kFarthestPosition ? v : 0.0; };
-    return QPointF(usable(x), usable(y));
+    return QPointF(tessaro::layout::quietPosition(p.x), tessaro::layout::quietPosition(p.y));
 }
 
 QString pairText(tessaro::PointValue p)
@@ -206,17 +192,14 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
     }
     const tessaro::Obstacle& catalogue = std::get<tessaro::Obstacle>(*entry);
     const tessaro::Obstacle* over = present(item.properties);
-
-    const std::string image = overOr(over, catalogue, &tessaro::Obstacle::image).value_or("placeholder");
-    tessaro::SizeValue size =
-        over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices) : tessaro::SizeValue{};
-    if (size == tessaro::SizeValue{})
-        size = tessaro::deviceValue<tessaro::fieldList::size>(catalogue.devices);
-    const bool useGravity = overOr(over, catalogue, &tessaro::Obstacle::useGravity).value_or(false);
-    const bool isDynamic = overOr(over, catalogue, &tessaro::Obstacle::isDynamic).value_or(false);
+    const tessaro::layout::ItemLook look =
+        tessaro::layout::obstacleLook(item, catalogue, groundPlan(), layoutContext());
+    const std::string& image = look.image;
+    const bool useGravity = look.useGravity;
+    const bool isDynamic = over && over->isDynamic ? *over->isDynamic : catalogue.isDynamic.value_or(false);
     const bool usePhysics = catalogue.usePhysics.value_or(true);
 
-    auto node = makeElement(sceneObjectType::obstacles, image, size, item.zPosition);
+    auto node = makeElement(look);
     node->property_objectName = item.name;
     node->imageOverride = image;
     if (over)
@@ -276,17 +259,12 @@ void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
     const std::optional<tessaro::Obstacle>& over = owner->obstacleOverrides;
     if (!over || !over->repeatCount || *over->repeatCount < 2)
         return;
-    const std::int64_t copies = std::min<std::int64_t>(*over->repeatCount, 1000) - 1;
-    const tessaro::PointValue start = tessaro::deviceValue<tessaro::fieldList::position>(owner->devices);
-    double x = start.x;
-    double baseY = start.y;
-    for (std::int64_t i = 0; i < copies; ++i) {
-        if (owner->property_useGravity)
-            baseY = groundHeight(x);
-        const tessaro::PointValue random =
-            tessaro::deviceValue<tessaro::fieldList::randomPositionRange>(owner->devices);
-        x = x + owner->size().width() + random.x;
-        const double y = baseY + random.y + owner->size().height() / 2;
+    const tessaro::layout::LayoutContext context = layoutContext();
+    const std::vector<tessaro::PointValue> places =
+        tessaro::layout::repeatedCopies(context.deviceValue<tessaro::fieldList::position>(owner->devices),
+                                        {owner->size().width(), owner->size().height()}, owner->property_useGravity,
+                                        *over->repeatCount, owner->devices, groundPlan(), context);
+    for (const tessaro::PointValue& place : places) {
         auto copy = elementNode::create(owner->texture(), owner->size());
         copy->setSize(owner->size());
         copy->setZPosition(owner->zPosition());
@@ -295,7 +273,7 @@ void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
         copy->repeatParentNode = owner->name();
         copy->defaultViewProperties = owner->defaultViewProperties;
         m_obstacleNodes->insertChild(copy, index++);
-        copy->setPosition(quietly(x, y));
+        copy->setPosition(place.x, place.y);
     }
     owner->placeFromDevices();
 }
@@ -313,23 +291,19 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     }
     const tessaro::Character& catalogue = std::get<tessaro::Character>(*entry);
     const tessaro::Character* over = present(item.properties);
-
-    const std::string image = overOr(over, catalogue, &tessaro::Character::image).value_or("placeholder");
-    const bool useGravity = overOr(over, catalogue, &tessaro::Character::useGravity).value_or(false);
-    const bool isDynamic = overOr(over, catalogue, &tessaro::Character::isDynamic).value_or(false);
+    const tessaro::layout::LayoutContext context = layoutContext();
+    const tessaro::layout::ItemLook look = tessaro::layout::characterLook(item, catalogue, groundPlan(), context);
+    const std::string& image = look.image;
+    const bool useGravity = look.useGravity;
+    const bool isDynamic = over && over->isDynamic ? *over->isDynamic : catalogue.isDynamic.value_or(false);
     const auto maskText = [&](std::optional<std::string> tessaro::CollisionDetection::*field) {
         if (over && over->collisionMasks && ((*over->collisionMasks).*field))
             return (*over->collisionMasks).*field;
         return catalogue.collisionMasks ? (*catalogue.collisionMasks).*field : std::nullopt;
     };
-    tessaro::SizeValue size =
-        over ? tessaro::deviceValue<tessaro::fieldList::size>(over->devices) : tessaro::SizeValue{};
-    if (size == tessaro::SizeValue{})
-        size = tessaro::deviceValue<tessaro::fieldList::size>(catalogue.devices);
-    const std::optional<std::vector<tessaro::DeviceProperties>> devices =
-        over ? over->devices : std::optional<std::vector<tessaro::DeviceProperties>>();
-    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(devices);
-    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(devices);
+    const std::optional<std::vector<tessaro::DeviceProperties>>& devices = *look.devices;
+    const tessaro::PointValue position = context.deviceValue<tessaro::fieldList::position>(devices);
+    const tessaro::PointValue offset = context.deviceValue<tessaro::fieldList::offset>(devices);
     const double y = useGravity ? groundHeight(position.x) : position.y;
 
     trace(QStringLiteral("character name: ") + QString::fromStdString(item.name));
@@ -339,7 +313,7 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     trace(QStringLiteral("  isDynamic: ") + QLatin1String(boolText(isDynamic)));
     trace(QStringLiteral("  useGravity: ") + QLatin1String(boolText(useGravity)));
 
-    auto node = makeElement(sceneObjectType::character, image, size, item.zPosition);
+    auto node = makeElement(look);
     node->property_objectName = item.name;
     node->imageOverride = image;
     if (over)
@@ -364,7 +338,7 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
     node->loadedItem = std::make_shared<const levelItemRecord>(item);
-    node->setPosition(quietly(position.x + offset.x, y + offset.y + node->size().height() / 2));
+    node->setPosition(quietly(look.centre));
     node->refreshDistanceGuide();
     finishPlacing(node, m_characterNodes,
                   BodyMasks{maskOr(maskText(&tessaro::CollisionDetection::category)),
@@ -384,20 +358,16 @@ elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& l
                               "\" in the object catalogue; the level's checkpoints stay in it but are not shown.");
         return keepUnshown(sceneObjectType::checkpoint, location);
     }
-    const tessaro::GenericObject& catalogue = std::get<tessaro::GenericObject>(*entry);
-    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(location.devices);
-    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(location.devices);
-    const tessaro::PointValue offset = tessaro::deviceValue<tessaro::fieldList::offset>(location.devices);
-
-    const std::string picture = catalogue.image.value_or(std::string());
-    auto node = makeElement(sceneObjectType::checkpoint, picture, size, location.zPosition);
-    node->imageOverride = picture;
+    const tessaro::layout::ItemLook look = tessaro::layout::checkpointLook(
+        location, std::get<tessaro::GenericObject>(*entry), groundPlan(), layoutContext());
+    auto node = makeElement(look);
+    node->imageOverride = look.image;
     node->defaultViewProperties = entry;
     node->checkPointOverrides = location;
     node->devices = location.devices;
     node->property_useGravity = true;
     node->loadedItem = std::make_shared<const levelItemRecord>(location);
-    node->setPosition(quietly(node->position().x(), offset.y + groundHeight(position.x) + node->size().height() / 2));
+    node->setPosition(quietly(look.centre));
     finishPlacing(node, m_checkpointNodes, collectibleBody(true));
     return node;
 }
@@ -424,16 +394,12 @@ elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, doub
                           "shown.");
         return keepUnshown(sceneObjectType::coin, coin);
     }
-    const tessaro::GenericObject& catalogue = std::get<tessaro::GenericObject>(*entry);
-    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(coin.devices);
-    const tessaro::PointValue position = tessaro::deviceValue<tessaro::fieldList::position>(coin.devices);
-    const bool useGravity = coin.useGravity.value_or(position.y == 0);
-
-    const std::string picture = catalogue.image.value_or(std::string());
-    auto node = makeElement(sceneObjectType::coin, picture, size, coin.zPosition.value_or(1));
-    if (position.y == 0)
-        node->setPosition(node->position().x(), groundHeight(position.x) + node->size().height() / 2);
-    node->imageOverride = picture;
+    const tessaro::layout::ItemLook look =
+        tessaro::layout::coinLook(coin, std::get<tessaro::GenericObject>(*entry), groundPlan(), layoutContext());
+    const bool useGravity = look.useGravity;
+    auto node = makeElement(look);
+    node->setPosition(quietly(look.centre));
+    node->imageOverride = look.image;
     node->defaultViewProperties = entry;
     node->coinOverrides = coin;
     node->devices = coin.devices;
@@ -447,9 +413,9 @@ elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, doub
 
 elementNodePtr sceneEditor::placeArtifact(const tessaro::Artifact& artifact)
 {
-    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(artifact.devices);
-    const std::string picture = artifact.image.value_or(std::string());
-    auto node = makeElement(sceneObjectType::artifact, picture, size, artifact.zPosition.value_or(1));
+    const tessaro::layout::ItemLook look = tessaro::layout::artifactLook(artifact, groundPlan(), layoutContext());
+    auto node = makeElement(look);
+    node->setPosition(quietly(look.centre));
     node->imageOverride = artifact.image;
     node->artifactOverrides = artifact;
     node->devices = artifact.devices;
@@ -461,8 +427,9 @@ elementNodePtr sceneEditor::placeArtifact(const tessaro::Artifact& artifact)
 
 elementNodePtr sceneEditor::placeShield(const tessaro::Shield& shield, const std::string& image)
 {
-    const tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(shield.devices);
-    auto node = makeElement(sceneObjectType::shield, image, size, shield.zPosition.value_or(1));
+    const tessaro::layout::ItemLook look = tessaro::layout::shieldLook(shield, image, groundPlan(), layoutContext());
+    auto node = makeElement(look);
+    node->setPosition(quietly(look.centre));
     node->imageOverride = image;
     node->shieldOverrides.emplace();
     node->shieldOverrides->timed = shield.timed.value_or(60.0);
@@ -539,8 +506,8 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
         break;
     }
 
-    auto node = makeElement(kind, image, size, z);
-    node->setPosition(quietly(x, y));
+    auto node = makeElement(kind, image, tessaro::layout::itemSize(kind, size, image, layoutContext()), z);
+    node->setPosition(quietly({x, y}));
     node->sequenceId = sequenceId;
     node->imageOverride = image;
     node->defaultViewProperties = entry;

@@ -40,6 +40,12 @@
 #include <set>
 #include <vector>
 
+namespace tessaro::layout {
+struct GroundPiece;
+struct GroundPlan;
+struct LayoutContext;
+} // namespace tessaro::layout
+
 namespace stagewright {
 
 class sceneEditor : public QObject, public tessaro::kit::Scene, public LevelScene {
@@ -129,11 +135,6 @@ public:
     void layoutGround(const std::vector<tessaro::GroundSection>& sections);
     /// The floor height at x: the last floor rectangle that covers x, else 0.
     double groundHeight(double x) const;
-    /// Appends a floor rectangle, or widens the last one when the section
-    /// starts where it ends and has the same height or is sloped (`angle` in
-    /// `angles`).
-    void recordGroundVariant(double x, const elementNode& node,
-                             const std::vector<tessaro::groundPhysicsAngleType>& angles);
     /// Writes back, lays the level's ground again and selects the section that
     /// was selected.
     void rebuildGround(const tessaro::Uuid& levelId);
@@ -293,11 +294,13 @@ signals:
 private:
     friend class elementNode;
 
-    struct GroundCursor {
-        double runningX = 0;
-        std::int64_t sectionIndex = 0;
-    };
-    void layoutSection(const tessaro::GroundSection& section, GroundCursor& cursor);
+    /// What the level is laid out with: this scene's frame, the chosen
+    /// devices, the catalogues and the workspace's image sizes.
+    tessaro::layout::LayoutContext layoutContext() const;
+    /// The ground as last laid out; empty before.
+    const tessaro::layout::GroundPlan& groundPlan() const;
+    void addGroundNode(const tessaro::GroundSection& section, const tessaro::layout::GroundPiece& piece,
+                       std::int64_t sequenceId);
     void layBackground(const tessaro::BackgroundImage& record);
     void applyPlatformSettings();
     tessaro::kit::NodePtr makeLayer(const char* name);
@@ -345,6 +348,7 @@ private:
     std::vector<elementNodePtr> m_nodeIntersected;
     std::optional<QString> m_nodeSelectedName;
     std::shared_ptr<SKLabel> m_positionXCount;
+    std::shared_ptr<const tessaro::layout::GroundPlan> m_groundPlan;
     std::vector<QRectF> m_groundBaseVariants;
     double m_levelEndX = 0;
     double m_groundBase = 0;

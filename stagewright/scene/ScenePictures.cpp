@@ -4,6 +4,7 @@
 #include <stagewright/state/Workspace.h>
 #include <stagewright/state/WorkspaceImages.h>
 
+#include <tessaro/layout/ImageNames.h>
 #include <tessaro/model/ConfigFiles.h>
 #include <tessaro/model/Diagnostics.h>
 #include <tessaro/model/NameLists.h>
@@ -102,13 +103,7 @@ QImage standInImage(const QString& name)
 
 double workspaceImageScale()
 {
-    switch (tessaro::globalAppConfig().base.defaultImageScale) {
-    case tessaro::imageScaling::x2: return 2;
-    case tessaro::imageScaling::x3: return 3;
-    case tessaro::imageScaling::none:
-    case tessaro::imageScaling::x1: break;
-    }
-    return 1;
+    return tessaro::layout::pixelsPerPoint(tessaro::globalAppConfig().base.defaultImageScale);
 }
 
 QString firstImageName(const std::string& imageText)
