@@ -55,7 +55,7 @@ int main(int argc, char** argv)
     nameTheApplication();
     // For window managers that do not find the icon through the desktop entry.
     QApplication::setWindowIcon(QIcon(stagewright::shellContentPath(QStringLiteral("app/appicon.svg"))));
-    stagewright::StageWrightApp stageWright(files, stagewright::makeSceneEditorFactory());
+    stagewright::StageWrightApp stageWright(files, stagewright::makeSceneEditorFactory);
     stageWright.show();
     if (quitAfterStart) {
         QTimer::singleShot(0, &app, [&stageWright] {

@@ -40,8 +40,7 @@ struct Editing {
 
     Editing()
     {
-        installEditing(nullptr);
-        scene = level.loadedScene();
+        scene = level.loadedScene(editingHooks(nullptr));
         level.tab->setCurrentScene(scene);
         scene->processFrame(0); // the canvas has been shown once
     }

@@ -118,9 +118,9 @@ BigLevel::BigLevel()
     tab->setLevelSelected(levelId);
 }
 
-std::shared_ptr<stagewright::sceneEditor> BigLevel::loadedScene()
+std::shared_ptr<stagewright::sceneEditor> BigLevel::loadedScene(const stagewright::CanvasHooks& hooks)
 {
-    auto scene = stagewright::sceneEditor::create(tab.get(), stagewright::SceneSetup{});
+    auto scene = stagewright::sceneEditor::create(tab.get(), stagewright::SceneSetup{}, hooks);
     scene->loadLevel(levelId);
     return scene;
 }

@@ -16,7 +16,7 @@ struct BigLevel {
     BigLevel();
 
     /// A new scene with the level loaded (its images read once before).
-    std::shared_ptr<stagewright::sceneEditor> loadedScene();
+    std::shared_ptr<stagewright::sceneEditor> loadedScene(const stagewright::CanvasHooks& hooks = {});
 
     QTemporaryDir scratch;
     QString workspace;

@@ -99,7 +99,7 @@ int runEditorToFirstFrame(int argc, char** argv, const QByteArray& home)
     setApplicationIdentity();
     tessaro::setDiagnosticSink([](std::string_view) {});
     StageWrightApp editor({QString::fromLocal8Bit(home) + QStringLiteral("/StageWrightSpace/Levels/Sample.plist")},
-                          makeSceneEditorFactory());
+                          makeSceneEditorFactory);
     FirstFrameWatch watch(editor);
     app.installEventFilter(&watch);
     editor.show();

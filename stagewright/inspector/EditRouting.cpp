@@ -184,10 +184,14 @@ void EditRouting::deleteSelection()
              new RemoveElementCommand(m_tab, nullptr, QCoreApplication::translate("EditCommands", "Delete")));
 }
 
-void installEditing(SceneSettings* settings)
+CanvasHooks editingHooks(SceneSettings* settings)
 {
-    installSelectionPublishing(settings);
-    sceneEditor::setEditRoute(std::make_shared<HistoryRoute>());
+    CanvasHooks hooks;
+    hooks.publishSelection = [settings](sceneEditor& scene, elementNode& node) {
+        publishSelection(scene, node, settings);
+    };
+    hooks.editRoute = std::make_shared<HistoryRoute>();
+    return hooks;
 }
 
 } // namespace stagewright

@@ -5,6 +5,7 @@
 
 #include "PropertyValue.h"
 
+#include <stagewright/scene/CanvasHooks.h>
 #include <stagewright/state/SelectionModels.h>
 
 #include <tessaro/model/Geometry.h>
@@ -66,8 +67,9 @@ private:
     ElementClipboard* m_clipboard;
 };
 
-/// Makes every canvas publish its selections into the inspector's models and
-/// store its moves and sizes as steps of its tab's history.
-void installEditing(SceneSettings* settings);
+/// The hooks that make a canvas publish its selections into the inspector's
+/// models (presenting the inspector of `settings`) and store its moves and
+/// sizes as steps of its tab's history.
+CanvasHooks editingHooks(SceneSettings* settings);
 
 } // namespace stagewright

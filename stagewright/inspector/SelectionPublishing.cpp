@@ -411,10 +411,4 @@ void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* sett
     }
 }
 
-void installSelectionPublishing(SceneSettings* settings)
-{
-    sceneEditor::setSelectionPublisher(
-        [settings](sceneEditor& scene, elementNode& node) { publishSelection(scene, node, settings); });
-}
-
 } // namespace stagewright

@@ -20,8 +20,6 @@ class sceneEditor;
 /// Fills the selection models of the scene's tab from `node` and sets the
 /// phase to `Selected`; with `settings`, the inspector is presented.
 void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* settings);
-/// Makes every canvas publish its selections through `publishSelection`.
-void installSelectionPublishing(SceneSettings* settings);
 
 /// Width over height, a side of 0 read as 1.
 double aspectRatioOf(tessaro::SizeValue size);

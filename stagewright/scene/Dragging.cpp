@@ -20,12 +20,6 @@ using tessaro::sceneObjectType;
 
 namespace {
 
-std::shared_ptr<CanvasEditRoute>& installedRoute()
-{
-    static std::shared_ptr<CanvasEditRoute> route;
-    return route;
-}
-
 bool movable(const elementNode& node)
 {
     return node.kind() != sceneObjectType::background && node.kind() != sceneObjectType::ground && !node.repeatedNode &&
@@ -35,16 +29,6 @@ bool movable(const elementNode& node)
 } // namespace
 
 CanvasEditRoute::~CanvasEditRoute() = default;
-
-void sceneEditor::setEditRoute(std::shared_ptr<CanvasEditRoute> route)
-{
-    installedRoute() = std::move(route);
-}
-
-CanvasEditRoute* sceneEditor::editRoute()
-{
-    return installedRoute().get();
-}
 
 tessaro::PointValue sceneEditor::storedPosition(const elementNode& node)
 {

@@ -25,17 +25,12 @@ tessaro::kit::SceneScaleMode kitScaleMode(sceneScaleMode mode)
     return tessaro::kit::SceneScaleMode(int(mode));
 }
 
-sceneEditor::SelectionPublisher& selectionPublisher()
-{
-    static sceneEditor::SelectionPublisher publisher;
-    return publisher;
-}
-
 } // namespace
 
-sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup)
+sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
     : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
-      m_tab(tab)
+      m_tab(tab),
+      m_hooks(std::move(hooks))
 {
     physicsWorld().setContactDelegate(this);
     // The canvas uses physics only to see floor pieces touch: bodies follow
@@ -82,9 +77,9 @@ sceneEditor::~sceneEditor()
     removeAllChildren();
 }
 
-std::shared_ptr<sceneEditor> sceneEditor::create(projectTab* tab, const SceneSetup& setup)
+std::shared_ptr<sceneEditor> sceneEditor::create(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
 {
-    return std::make_shared<sceneEditor>(tab, setup);
+    return std::make_shared<sceneEditor>(tab, setup, std::move(hooks));
 }
 
 NodePtr sceneEditor::makeLayer(const char* name)
@@ -455,11 +450,6 @@ void sceneEditor::deselect()
                 child->setAlpha(1);
 }
 
-void sceneEditor::setSelectionPublisher(SelectionPublisher publisher)
-{
-    selectionPublisher() = std::move(publisher);
-}
-
 void sceneEditor::publishSelection(elementNode& node)
 {
     // Selecting the selected element again changes nothing, so that edits in
@@ -472,8 +462,8 @@ void sceneEditor::publishSelection(elementNode& node)
             clearGlow();
         node.addGlow();
     }
-    if (const SelectionPublisher& publisher = selectionPublisher()) {
-        publisher(*this, node);
+    if (m_hooks.publishSelection) {
+        m_hooks.publishSelection(*this, node);
         return;
     }
     if (!m_tab)
@@ -494,10 +484,10 @@ void sceneEditor::setBackgroundsHidden(bool hidden)
 
 // ---- Factory ---------------------------------------------------------------------------------------
 
-SceneFactory makeSceneEditorFactory()
+SceneFactory makeSceneEditorFactory(const CanvasHooks& hooks)
 {
-    return [](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
-        return sceneEditor::create(&tab, setup);
+    return [hooks](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
+        return sceneEditor::create(&tab, setup, hooks);
     };
 }
 

@@ -14,11 +14,10 @@
 // the level record from them.
 #pragma once
 
-#include "CanvasEditRoute.h"
+#include "CanvasHooks.h"
 #include "ElementDrag.h"
 #include "ElementNode.h"
 #include "NavigationControls.h"
-#include "ObjectMenu.h"
 
 #include <stagewright/state/LevelScene.h>
 #include <stagewright/state/ProjectTab.h>
@@ -52,10 +51,12 @@ class sceneEditor : public QObject, public tessaro::kit::Scene, public LevelScen
     Q_OBJECT
 public:
     /// A scene for the levels of `tab` (none for a scene on its own), named,
-    /// coloured and sized as `setup` says.
-    sceneEditor(projectTab* tab, const SceneSetup& setup);
+    /// coloured and sized as `setup` says, handing on what it does by `hooks`.
+    sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks = {});
     ~sceneEditor() override;
-    static std::shared_ptr<sceneEditor> create(projectTab* tab, const SceneSetup& setup = {});
+    static std::shared_ptr<sceneEditor> create(projectTab* tab, const SceneSetup& setup = {}, CanvasHooks hooks = {});
+    /// What the scene hands on; a test may change them.
+    CanvasHooks& hooks() { return m_hooks; }
 
     projectTab* tab() const { return m_tab; }
     // The node tree's parent and children, not the QObject ones.
@@ -203,11 +204,7 @@ public:
     /// Back to no selection: phase NotSelected, an empty selected object, full
     /// alpha on all backgrounds.
     void deselect();
-    /// What publishing a selection does. The inspector installs the full
-    /// routine; without one the tab's selected object takes the node's name
-    /// and kind and the phase becomes Selected.
-    using SelectionPublisher = std::function<void(sceneEditor&, elementNode&)>;
-    static void setSelectionPublisher(SelectionPublisher publisher);
+    /// Publishes `node` through the hooks' publisher.
     void publishSelection(elementNode& node);
     /// The node with this name anywhere in the scene, or null.
     elementNodePtr elementNamed(const QString& name) const;
@@ -223,8 +220,6 @@ public:
     void handleMenuItem(const NodeMenuItem& item);
     /// The "Object Menu" offering `elements`, in their order.
     static NodeMenu objectMenu(const std::vector<elementNodePtr>& elements);
-    /// How the "Object Menu" is shown; without a presenter it picks nothing.
-    static void setMenuPresenter(MenuPresenter presenter);
     /// What a click on `node` selects: the owner of a repeated copy, else the node.
     elementNodePtr clickTarget(const elementNodePtr& node) const;
 
@@ -262,8 +257,7 @@ public:
     // ---- Moving and resizing (Dragging.cpp) ------------------------------------------------------
     /// Where the canvas sends the moves and sizes it makes; without a route
     /// they show until the next load and are not stored.
-    static void setEditRoute(std::shared_ptr<CanvasEditRoute> route);
-    static CanvasEditRoute* editRoute();
+    CanvasEditRoute* editRoute() const { return m_hooks.editRoute.get(); }
     /// Moves the selected element by (dx, dy) points through the edit route.
     void nudgeSelection(double dx, double dy);
     /// The position the element's entry for the default device stores, (0,0)
@@ -324,6 +318,7 @@ private:
     QRectF frameRect() const { return sceneFrame(); }
 
     QPointer<projectTab> m_tab;
+    CanvasHooks m_hooks;
     tessaro::SizeValue m_sceneSize;
     sceneScaleMode m_sceneScaleMode = sceneScaleMode::aspectFit;
     tessaro::PointValue m_sceneAnchorPoint{0.5, 0.5};
@@ -363,8 +358,8 @@ private:
 using sceneEditorPtr = std::shared_ptr<sceneEditor>;
 
 /// The factory that makes the application's tabs edit their levels on a
-/// `sceneEditor`; install it with `SceneSettings::setSceneFactory`.
-SceneFactory makeSceneEditorFactory();
+/// `sceneEditor` with `hooks`; install it with `SceneSettings::setSceneFactory`.
+SceneFactory makeSceneEditorFactory(const CanvasHooks& hooks = {});
 
 /// The sceneEditor behind a tab's scene, or null.
 sceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene);

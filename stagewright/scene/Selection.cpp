@@ -19,12 +19,6 @@ using tessaro::sceneObjectType;
 
 namespace {
 
-MenuPresenter& menuPresenter()
-{
-    static MenuPresenter presenter;
-    return presenter;
-}
-
 void trace(const QString& line)
 {
     tessaro::diagnostic(line.toStdString());
@@ -51,11 +45,6 @@ elementNodePtr owningElement(const tessaro::kit::NodePtr& hit)
 }
 
 } // namespace
-
-void sceneEditor::setMenuPresenter(MenuPresenter presenter)
-{
-    menuPresenter() = std::move(presenter);
-}
 
 NodeMenu sceneEditor::objectMenu(const std::vector<elementNodePtr>& elements)
 {
@@ -103,7 +92,7 @@ void sceneEditor::mouseDown(const tessaro::kit::MouseEvent& event)
 
     if (elements.size() >= 2) {
         const NodeMenu menu = objectMenu(elements);
-        if (const MenuPresenter& present = menuPresenter())
+        if (const MenuPresenter& present = m_hooks.presentMenu)
             if (const std::optional<std::size_t> picked = present(menu, event); picked && *picked < menu.items.size())
                 handleMenuItem(menu.items[*picked]);
         return;

@@ -57,7 +57,7 @@ void shapeNode::mouseUp(const tessaro::kit::MouseEvent&)
     if (!element)
         return;
     sceneEditor* scene = element->editorScene();
-    CanvasEditRoute* route = sceneEditor::editRoute();
+    CanvasEditRoute* route = scene ? scene->editRoute() : nullptr;
     if (scene && route && startingSize) {
         // The history keeps the element at the size the press found; the
         // route stores the new one.

@@ -72,17 +72,18 @@ SceneSettings& StageWrightApp::startState(QStringList& installedSamples)
     return settings;
 }
 
-StageWrightApp::StageWrightApp(const QStringList& files, SceneFactory factory)
+StageWrightApp::StageWrightApp(const QStringList& files, const CanvasFactory& canvas)
     : m_settings(startState(m_installedSamples))
 {
-    if (factory)
-        m_settings.setSceneFactory(std::move(factory));
     // Canvas selections fill the inspector's models, the canvas's moves and
     // sizes become steps of the history, and overlapping elements are
     // offered in a pop-up menu.
-    installEditing(&m_settings);
+    if (canvas) {
+        CanvasHooks hooks = editingHooks(&m_settings);
+        hooks.presentMenu = popUpObjectMenu;
+        m_settings.setSceneFactory(canvas(hooks));
+    }
     installPhysicsEditor();
-    sceneEditor::setMenuPresenter(popUpObjectMenu);
     m_appearance = std::make_unique<Appearance>(m_settings);
     m_preferences = std::make_unique<AppPreferences>(m_settings);
     m_dialogs = std::make_unique<DesktopDialogs>();

@@ -9,6 +9,7 @@
 // files given on the command line open.
 #pragma once
 
+#include <stagewright/scene/CanvasHooks.h>
 #include <stagewright/state/LevelScene.h>
 
 #include <QObject>
@@ -45,8 +46,9 @@ class StageWrightApp : public QObject {
     Q_OBJECT
 public:
     /// Starts on the shared application state. `files` open once the main
-    /// window appears.
-    explicit StageWrightApp(const QStringList& files = {}, SceneFactory factory = {});
+    /// window appears. With `canvas`, the tabs draw their levels on the
+    /// canvases it makes, given the editor's hooks.
+    explicit StageWrightApp(const QStringList& files = {}, const CanvasFactory& canvas = {});
     ~StageWrightApp() override;
 
     SceneSettings& settings() { return m_settings; }

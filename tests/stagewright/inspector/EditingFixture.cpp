@@ -15,8 +15,7 @@ void EditingFixture::SetUp()
     PermissionManager::shared().setChooser(
         [](const OpenPanelRequest&) -> ChooseResult { return OpenPanelError::canceled; });
     settings = std::make_unique<SceneSettings>(PermissionManager::shared());
-    settings->setSceneFactory(makeSceneEditorFactory());
-    installEditing(settings.get());
+    settings->setSceneFactory(makeSceneEditorFactory(editingHooks(settings.get())));
     // The test's own workspace replaces the one the start made.
     workspace.emplace();
     workspace->image(sceneObjectType::obstacles, "crate", 40, 40);
@@ -43,8 +42,6 @@ void EditingFixture::SetUp()
 
 void EditingFixture::TearDown()
 {
-    sceneEditor::setSelectionPublisher({});
-    sceneEditor::setEditRoute(nullptr);
     settings.reset();
     workspace.reset();
     home.reset();

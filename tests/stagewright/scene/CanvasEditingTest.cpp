@@ -46,8 +46,13 @@ struct CanvasEditingTest : ::testing::Test {
         tessaro::obstacleCatalogue() = {obstacleTemplate("Crate", "crate", "{40,40}")};
         tessaro::objectCatalogue() = {objectTemplate("coin", "coin", sceneObjectType::coin, "{20,20}")};
     }
-    void TearDown() override { sceneEditor::setEditRoute(nullptr); }
 
+    CanvasHooks routed() const
+    {
+        CanvasHooks hooks;
+        hooks.editRoute = route;
+        return hooks;
+    }
     static tessaro::Level level()
     {
         tessaro::Level level = emptyLevel();
@@ -143,8 +148,7 @@ TEST_F(CanvasEditingTest, PasteLandsBesideTheCopyAndKeepsEveryRecord)
 
 TEST_F(CanvasEditingTest, DragsAndNudgesGoToTheRoute)
 {
-    sceneEditor::setEditRoute(route);
-    LoadedLevel loaded(level());
+    LoadedLevel loaded(level(), {874, 402}, routed());
     sceneEditor& scene = *loaded.scene;
     const elementNodePtr first = elements(scene.obstacleNodes()).front();
 
@@ -230,7 +234,7 @@ TEST_F(CanvasEditingTest, SizeHandleResizesKeepingTheRatio)
     EXPECT_TRUE(route->sizes.empty());
 
     // With a route the new size is handed on and the element waits at its size.
-    sceneEditor::setEditRoute(route);
+    scene.hooks().editRoute = route;
     scene.dispatchMouseEvent(Kind::Down, pointer({5, 40}, {}));
     scene.dispatchMouseEvent(Kind::Dragged, pointer({5, 0}, {}));
     EXPECT_EQ(first->size(), QSizeF(70, 35));

@@ -142,7 +142,7 @@ tessaro::Level emptyLevel()
     return level;
 }
 
-LoadedLevel::LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize)
+LoadedLevel::LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize, CanvasHooks hooks)
     : tab(tessaro::Uuid::create(), QStringLiteral("Test")),
       id(*level.id)
 {
@@ -150,7 +150,7 @@ LoadedLevel::LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize)
     tab.setLevelSelected(id);
     SceneSetup setup;
     setup.size = sceneSize;
-    scene = sceneEditor::create(&tab, setup);
+    scene = sceneEditor::create(&tab, setup, std::move(hooks));
     scene->loadLevel(id);
 }
 

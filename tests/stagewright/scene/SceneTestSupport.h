@@ -57,7 +57,7 @@ tessaro::Level emptyLevel();
 
 /// One tab holding one level, and a scene of 874 by 402 that loads it.
 struct LoadedLevel {
-    explicit LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize = {874, 402});
+    explicit LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize = {874, 402}, CanvasHooks hooks = {});
     ~LoadedLevel();
     /// Writes the scene back and returns the tab's level.
     const tessaro::Level& saved();

@@ -23,12 +23,17 @@ struct SelectionTest : ::testing::Test {
         workspace.image(sceneObjectType::coin, "coin", 20, 20);
         tessaro::obstacleCatalogue() = {obstacleTemplate("Crate", "crate", "{40,40}")};
         tessaro::objectCatalogue() = {objectTemplate("coin", "coin", sceneObjectType::coin, "{20,20}")};
-        sceneEditor::setMenuPresenter([this](const NodeMenu& menu, const tessaro::kit::MouseEvent&) {
+    }
+    /// A test's presenter: it records the menus and picks `pick`.
+    CanvasHooks presenting()
+    {
+        CanvasHooks hooks;
+        hooks.presentMenu = [this](const NodeMenu& menu, const tessaro::kit::MouseEvent&) {
             menus.push_back(menu);
             return pick;
-        });
+        };
+        return hooks;
     }
-    void TearDown() override { sceneEditor::setMenuPresenter({}); }
 
     static tessaro::ObstacleLevelItem crate(const std::string& name, const std::string& position,
                                             std::int64_t repeat = 0)
@@ -81,7 +86,7 @@ struct SelectionTest : ::testing::Test {
 
 TEST_F(SelectionTest, ClicksSelectOneElementOrNone)
 {
-    LoadedLevel loaded(level());
+    LoadedLevel loaded(level(), {874, 402}, presenting());
     sceneEditor& scene = *loaded.scene;
     const struct {
         QPointF at;
@@ -120,7 +125,7 @@ TEST_F(SelectionTest, ClicksSelectOneElementOrNone)
 
 TEST_F(SelectionTest, OverlappingElementsAskTheObjectMenu)
 {
-    LoadedLevel loaded(level());
+    LoadedLevel loaded(level(), {874, 402}, presenting());
     sceneEditor& scene = *loaded.scene;
 
     pick.reset(); // dismissed
@@ -160,7 +165,7 @@ TEST_F(SelectionTest, GuidesAndKeptElementsAreNotClicked)
     tessaro::ObstacleLevelItem vanished = crate("vanished", "{0,0}");
     vanished.elementName = "Vanished";
     with.obstacles = std::vector<tessaro::ObstacleLevelItem>{guard, crate("lone", "{0,0}"), vanished};
-    LoadedLevel loaded(with);
+    LoadedLevel loaded(with, {874, 402}, presenting());
     sceneEditor& scene = *loaded.scene;
     ASSERT_TRUE(named(scene, "guard")->distanceGuideNode);
 
@@ -180,7 +185,7 @@ TEST_F(SelectionTest, GuidesAndKeptElementsAreNotClicked)
 
 TEST_F(SelectionTest, ListsSelectByNameAndScrollToFarElements)
 {
-    LoadedLevel loaded(level());
+    LoadedLevel loaded(level(), {874, 402}, presenting());
     sceneEditor& scene = *loaded.scene;
 
     scene.selectNodeNamed(QStringLiteral("obstacles:") + named(scene, "a")->name());

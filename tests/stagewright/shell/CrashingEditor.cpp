@@ -56,7 +56,7 @@ int main(int argc, char** argv)
         .setValue(QStringLiteral("firstTimeViewDisplayed"), true);
     QSettings(QStringLiteral("StageWright"), QStringLiteral("StageWright")).setValue(autosaveIntervalKey, 1);
 
-    StageWrightApp editor({project}, makeSceneEditorFactory());
+    StageWrightApp editor({project}, makeSceneEditorFactory);
     editor.show();
     const std::shared_ptr<projectTab> tab = editor.settings().selectedProjectTab();
     auto* scene = tab ? dynamic_cast<sceneEditor*>(tab->currentScene().get()) : nullptr;

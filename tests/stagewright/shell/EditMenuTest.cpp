@@ -26,14 +26,7 @@ struct EditMenuTest : ShellFixture {
     {
         ShellFixture::SetUp();
         // The tabs made from here on edit their levels on the real canvas.
-        settings->setSceneFactory(makeSceneEditorFactory());
-        installEditing(settings.get());
-    }
-    void TearDown() override
-    {
-        sceneEditor::setSelectionPublisher({});
-        sceneEditor::setEditRoute(nullptr);
-        ShellFixture::TearDown();
+        settings->setSceneFactory(makeSceneEditorFactory(editingHooks(settings.get())));
     }
     sceneEditor& canvas() const { return *sceneEditorOf(front().currentScene()); }
     /// Undo and Redo name the step they take, so they are found by name.

@@ -33,15 +33,8 @@ struct LibraryTest : ShellFixture {
     void SetUp() override
     {
         ShellFixture::SetUp();
-        settings->setSceneFactory(makeSceneEditorFactory());
-        installEditing(settings.get());
+        settings->setSceneFactory(makeSceneEditorFactory(editingHooks(settings.get())));
         commands->newLevel();
-    }
-    void TearDown() override
-    {
-        sceneEditor::setSelectionPublisher({});
-        sceneEditor::setEditRoute(nullptr);
-        ShellFixture::TearDown();
     }
     sceneEditor& canvas() const { return *sceneEditorOf(front().currentScene()); }
     std::size_t countOf(sceneObjectType kind) const { return sceneEditor::elementsOf(canvas().layerFor(kind)).size(); }

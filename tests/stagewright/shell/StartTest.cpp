@@ -28,12 +28,6 @@ QString sampleInDefaultWorkspace()
     return defaultWorkspacePath() + QStringLiteral("Levels/Sample.plist");
 }
 
-/// The canvas the editor runs with.
-SceneFactory testSceneFactory()
-{
-    return makeSceneEditorFactory();
-}
-
 StageWrightApp* started = nullptr;
 bool workspaceExistedAtStart = false;
 
@@ -43,7 +37,7 @@ StageWrightApp& app()
 {
     if (!started) {
         workspaceExistedAtStart = QFileInfo::exists(defaultWorkspacePath());
-        started = new StageWrightApp({sampleInDefaultWorkspace()}, testSceneFactory());
+        started = new StageWrightApp({sampleInDefaultWorkspace()}, makeSceneEditorFactory);
         started->show();
     }
     return *started;
