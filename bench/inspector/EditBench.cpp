@@ -192,7 +192,7 @@ void BM_ThousandNudgesThenUndos(benchmark::State& state)
     for (auto _ : state) {
         for (int i = 0; i < 1000; ++i) {
             elementNode& node = *pair[i % 2];
-            const tessaro::PointValue at = sceneEditor::storedPosition(node);
+            const tessaro::PointValue at = node.storedPosition();
             e.edits().moveElement(node, {at.x + 1, at.y}, true);
         }
         peakSteps = std::max(peakSteps, double(history.index()));

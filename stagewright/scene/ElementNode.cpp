@@ -85,6 +85,14 @@ const tessaro::GenericObject* elementNode::catalogueObject() const
     return defaultViewProperties ? std::get_if<tessaro::GenericObject>(defaultViewProperties.get()) : nullptr;
 }
 
+tessaro::PointValue elementNode::storedPosition() const
+{
+    if (!devices)
+        return {};
+    const tessaro::DeviceProperties* entry = tessaro::deviceEntryFor(*devices, tessaro::deviceName::defaultDevice);
+    return entry && entry->position ? tessaro::pointFromText(*entry->position) : tessaro::PointValue{};
+}
+
 std::string elementNode::catalogueElementName() const
 {
     if (!defaultViewProperties)

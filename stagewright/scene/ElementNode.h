@@ -97,6 +97,9 @@ public:
     void selectFromList();
     /// Sets position (and an obstacle's rotation, a coin's stack) from `devices`.
     void placeFromDevices();
+    /// The position the element's entry for the default device stores, (0,0)
+    /// when it has none.
+    tessaro::PointValue storedPosition() const;
     /// The `elementName` of the catalogue record, empty when there is none.
     std::string catalogueElementName() const;
 

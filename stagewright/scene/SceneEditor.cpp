@@ -30,7 +30,8 @@ tessaro::kit::SceneScaleMode kitScaleMode(sceneScaleMode mode)
 sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
     : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
       m_tab(tab),
-      m_hooks(std::move(hooks))
+      m_hooks(std::move(hooks)),
+      m_tools(std::make_unique<CanvasTools>(*this))
 {
     physicsWorld().setContactDelegate(this);
     // The canvas uses physics only to see floor pieces touch: bodies follow
@@ -473,6 +474,26 @@ void sceneEditor::publishSelection(elementNode& node)
     model.type = node.kind();
     m_tab->setSelectedObject(std::move(model));
     m_tab->setElementPhase(selectionPhase::Selected);
+}
+
+void sceneEditor::mouseDown(const tessaro::kit::MouseEvent& event)
+{
+    m_tools->mouseDown(event);
+}
+
+void sceneEditor::mouseDragged(const tessaro::kit::MouseEvent& event)
+{
+    m_tools->mouseDragged(event);
+}
+
+void sceneEditor::mouseUp(const tessaro::kit::MouseEvent& event)
+{
+    m_tools->mouseUp(event);
+}
+
+void sceneEditor::keyDown(const tessaro::kit::KeyEvent& event)
+{
+    m_tools->keyDown(event);
 }
 
 void sceneEditor::setBackgroundsHidden(bool hidden)

@@ -15,7 +15,7 @@
 #pragma once
 
 #include "CanvasHooks.h"
-#include "ElementDrag.h"
+#include "CanvasTools.h"
 #include "ElementNode.h"
 #include "NavigationControls.h"
 
@@ -209,19 +209,15 @@ public:
     /// The node with this name anywhere in the scene, or null.
     elementNodePtr elementNamed(const QString& name) const;
 
-    // ---- Selection by click and from lists (Selection.cpp) -------------------------------------
+    // ---- Selection (Selection.cpp) -------------------------------------------------------------
     /// Publishes `node` as the selection; nothing happens without a node.
     void selectNode(const elementNodePtr& node);
     /// Selects from a list entry "kind:id", where id is a node's name, or a
     /// background record's id for kind `background`, and scrolls the node
     /// into view when it is out of view.
     void selectNodeNamed(const QString& text);
-    /// Selects the node of an "Object Menu" entry.
-    void handleMenuItem(const NodeMenuItem& item);
-    /// The "Object Menu" offering `elements`, in their order.
-    static NodeMenu objectMenu(const std::vector<elementNodePtr>& elements);
-    /// What a click on `node` selects: the owner of a repeated copy, else the node.
-    elementNodePtr clickTarget(const elementNodePtr& node) const;
+    /// The tools that turn presses, drags and keys into selections and edits.
+    CanvasTools& tools() { return *m_tools; }
 
     // ---- Element identities (ElementIdentity.cpp) ------------------------------------------------
     /// The element with that handle, or null.
@@ -254,24 +250,16 @@ public:
     /// `element` describes it.
     elementNodePtr placeElement(const ElementRecords& element, std::size_t layerIndex, elementHandle handle);
 
-    // ---- Moving and resizing (Dragging.cpp) ------------------------------------------------------
+    // ---- Edits the canvas makes ------------------------------------------------------------------
     /// Where the canvas sends the moves and sizes it makes; without a route
     /// they show until the next load and are not stored.
     CanvasEditRoute* editRoute() const { return m_hooks.editRoute.get(); }
-    /// Moves the selected element by (dx, dy) points through the edit route.
-    void nudgeSelection(double dx, double dy);
-    /// The position the element's entry for the default device stores, (0,0)
-    /// when it has none.
-    static tessaro::PointValue storedPosition(const elementNode& node);
-    /// The press in progress on an element, if any.
-    const std::optional<ElementDrag>& drag() const { return m_drag; }
 
     // ---- Platform entry points ----------------------------------------------------------------
     void update(double currentTime) override;
     void didMoveToView(tessaro::kit::SceneView* view) override;
     void didBeginContact(const tessaro::kit::PhysicsContact& contact) override;
-    /// A click selects (Selection.cpp); a drag moves the selected element
-    /// and the arrow keys nudge it (Dragging.cpp).
+    /// Handed to the tools.
     void mouseDown(const tessaro::kit::MouseEvent& event) override;
     void mouseDragged(const tessaro::kit::MouseEvent& event) override;
     void mouseUp(const tessaro::kit::MouseEvent& event) override;
@@ -352,7 +340,7 @@ private:
     std::map<std::pair<int, std::string>, std::shared_ptr<const catalogueRecord>> m_catalogueEntries;
     /// Missing catalogue entries already reported, by kind and name.
     std::set<std::pair<int, std::string>> m_reportedMissing;
-    std::optional<ElementDrag> m_drag;
+    std::unique_ptr<CanvasTools> m_tools;
 };
 
 using sceneEditorPtr = std::shared_ptr<sceneEditor>;

@@ -193,14 +193,13 @@ TEST_F(ObjectLibraryTest, DropAddsTheElementAtThePointInTheScrolledLevel)
     ASSERT_TRUE(addLibraryElement(&front(), sceneObjectType::obstacles, "Crate", QPointF(50, 20)));
     EXPECT_EQ(front().undoStack().count(), 1);
     const elementNodePtr added = scene().storedOrder(sceneObjectType::obstacles).back();
-    EXPECT_EQ(sceneEditor::storedPosition(*added), (tessaro::PointValue{250, 20}));
+    EXPECT_EQ(added->storedPosition(), (tessaro::PointValue{250, 20}));
     EXPECT_DOUBLE_EQ(added->position().x(), 250);
     EXPECT_EQ(saved().obstacles->back().properties->devices->front().position, "{250.0,20.0}");
 
     front().undoStack().undo();
     front().undoStack().redo();
-    EXPECT_EQ(sceneEditor::storedPosition(*scene().storedOrder(sceneObjectType::obstacles).back()),
-              (tessaro::PointValue{250, 20}));
+    EXPECT_EQ(scene().storedOrder(sceneObjectType::obstacles).back()->storedPosition(), (tessaro::PointValue{250, 20}));
 }
 
 TEST(ObjectLibraryDrag, CellTravelsAsItsKindAndName)

@@ -152,7 +152,7 @@ TEST_F(SelectionTest, OverlappingElementsAskTheObjectMenu)
 
     // An entry whose node has gone selects nothing.
     scene.deselect();
-    scene.handleMenuItem(
+    scene.tools().handleMenuItem(
         {QStringLiteral("Name: gone (obstacles)"), QStringLiteral("no-such-node"), sceneObjectType::obstacles});
     EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
 }

@@ -195,7 +195,7 @@ TEST_F(LibraryTest, CellDroppedOnTheCanvasStandsWhereItWasDropped)
 
     ASSERT_EQ(front().undoStack().count(), 1);
     const elementNodePtr added = canvas().storedOrder(sceneObjectType::obstacles).back();
-    const tessaro::PointValue stored = sceneEditor::storedPosition(*added);
+    const tessaro::PointValue stored = added->storedPosition();
     EXPECT_NEAR(stored.x, 180, 1);
     EXPECT_NEAR(stored.y, 30, 1);
 
