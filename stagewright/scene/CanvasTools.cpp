@@ -39,7 +39,6 @@ elementNodePtr owningElement(const tessaro::kit::NodePtr& hit)
     return nullptr;
 }
 
-
 bool movable(const elementNode& node)
 {
     return node.kind() != sceneObjectType::background && node.kind() != sceneObjectType::ground && !node.repeatedNode &&
@@ -69,10 +68,10 @@ elementNodePtr CanvasTools::clickTarget(const elementNodePtr& node) const
         return node;
     elementNodePtr owner = node;
     m_scene.enumerateChildNodesWithName(QStringLiteral("//") + node->repeatParentNode,
-                                [&](const tessaro::kit::NodePtr& match, bool&) {
-                                    if (auto element = std::dynamic_pointer_cast<elementNode>(match))
-                                        owner = element;
-                                });
+                                        [&](const tessaro::kit::NodePtr& match, bool&) {
+                                            if (auto element = std::dynamic_pointer_cast<elementNode>(match))
+                                                owner = element;
+                                        });
     return owner;
 }
 
@@ -191,7 +190,8 @@ void CanvasTools::nudgeSelection(double dx, double dy)
 {
     const elementNodePtr node = m_scene.selectedNode();
     CanvasEditRoute* route = m_scene.editRoute();
-    if (!node || !route || !movable(*node) || !m_scene.tab() || m_scene.tab()->elementPhase() != selectionPhase::Selected)
+    if (!node || !route || !movable(*node) || !m_scene.tab() ||
+        m_scene.tab()->elementPhase() != selectionPhase::Selected)
         return;
     const tessaro::PointValue from = node->storedPosition();
     route->moveElement(m_scene, *node, {from.x + dx, from.y + dy}, true);
