@@ -3,6 +3,7 @@
 // level's: the coins' repeat distance, the checkpoints' catalogue entry and
 // the shields' picture.
 #include "SceneEditor.h"
+#include "SceneWriteBack.h"
 
 #include <stagewright/state/ProjectTab.h>
 
@@ -68,7 +69,7 @@ void sceneEditor::showLevelLook(sceneObjectType kind)
         if (!level->checkpoints)
             return;
         const std::string image = level->checkpoints->image;
-        const tessaro::CheckPointData items = collectCheckpoints(level);
+        const tessaro::CheckPointData items = SceneWriteBack(*this).collectCheckpoints(level);
         placeAgain(*this, m_checkpointNodes, items.locations.value_or(std::vector<tessaro::CheckPointLocation>{}),
                    [&](const tessaro::CheckPointLocation& item) { return placeCheckpoint(item, image); });
         break;
@@ -77,7 +78,7 @@ void sceneEditor::showLevelLook(sceneObjectType kind)
         if (!level->shields)
             return;
         const std::string image = level->shields->image.value_or(std::string());
-        const tessaro::Shields items = collectShields(level);
+        const tessaro::Shields items = SceneWriteBack(*this).collectShields(level);
         placeAgain(*this, m_shieldsNodes, items.shields.value_or(std::vector<tessaro::Shield>{}),
                    [&](const tessaro::Shield& item) { return placeShield(item, image); });
         break;

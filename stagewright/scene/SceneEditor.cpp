@@ -3,6 +3,7 @@
 #include "SceneLayers.h"
 #include "SceneNumbers.h"
 #include "ScenePictures.h"
+#include "SceneWriteBack.h"
 
 #include <stagewright/state/ProjectTab.h>
 
@@ -474,6 +475,44 @@ void sceneEditor::publishSelection(elementNode& node)
     model.type = node.kind();
     m_tab->setSelectedObject(std::move(model));
     m_tab->setElementPhase(selectionPhase::Selected);
+}
+
+void sceneEditor::writeBack(const tessaro::Uuid& levelId)
+{
+    tessaro::Level* level = tabLevel(levelId);
+    const SceneWriteBack collect(*this);
+
+    tessaro::LevelSettings settings = collect.collectSettings(level);
+    std::optional<tessaro::Background> background = collect.collectBackground(level);
+    std::vector<tessaro::GroundSection> ground = collect.collectGround();
+    std::vector<tessaro::ObstacleLevelItem> obstacles = collect.collectObstacles();
+    std::vector<tessaro::CharacterLevelItem> characters = collect.collectCharacters();
+    tessaro::Artifacts artifacts = collect.collectArtifacts(level);
+    tessaro::Shields shields = collect.collectShields(level);
+    tessaro::Coins coins = collect.collectCoins(level);
+    tessaro::CheckPointData checkpoints = collect.collectCheckpoints(level);
+    if (!level)
+        return;
+
+    level->settings = std::move(settings);
+    if (background)
+        level->background = std::move(*background);
+    else
+        level->background.reset();
+    // A list the file did not have stays absent while the scene has nothing for it.
+    if (level->ground || !ground.empty())
+        level->ground = std::move(ground);
+    if (level->obstacles || !obstacles.empty())
+        level->obstacles = std::move(obstacles);
+    if (level->characters || !characters.empty())
+        level->characters = std::move(characters);
+    level->artifacts = std::move(artifacts);
+    level->shields = std::move(shields);
+    level->coins = std::move(coins);
+    level->checkpoints = std::move(checkpoints);
+    rememberHandles(levelId);
+    if (m_tab)
+        m_tab->notifyLevelConfigChanged();
 }
 
 void sceneEditor::mouseDown(const tessaro::kit::MouseEvent& event)

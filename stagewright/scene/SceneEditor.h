@@ -176,20 +176,6 @@ public:
     /// where elements draw it.
     void followLevelField(const tessaro::FieldPath& path);
 
-    // ---- Write-back collectors (the values writeBack stores) ----------------------------------
-    tessaro::LevelSettings collectSettings(const tessaro::Level* level) const;
-    std::optional<tessaro::Background> collectBackground(const tessaro::Level* level) const;
-    std::vector<tessaro::GroundSection> collectGround() const;
-    std::vector<tessaro::ObstacleLevelItem> collectObstacles() const;
-    std::vector<tessaro::CharacterLevelItem> collectCharacters() const;
-    tessaro::Artifacts collectArtifacts(const tessaro::Level* level) const;
-    tessaro::Shields collectShields(const tessaro::Level* level) const;
-    tessaro::Coins collectCoins(const tessaro::Level* level) const;
-    tessaro::CheckPointData collectCheckpoints(const tessaro::Level* level) const;
-    /// The record of one node (null for repeated copies and nodes of another kind).
-    std::optional<tessaro::ObstacleLevelItem> obstacleItem(const elementNode& node) const;
-    std::optional<tessaro::CharacterLevelItem> characterItem(const elementNode& node) const;
-
     // ---- Scrolling, selection hooks ------------------------------------------------------------
     /// Scrolls so that `value` is at the view's centre and records it as the
     /// tab's `scenePosition`; only the selector `scenePosition` acts. The
@@ -275,6 +261,7 @@ signals:
 
 private:
     friend class elementNode;
+    friend class SceneWriteBack;
 
     /// What the level is laid out with: this scene's frame, the chosen
     /// devices, the catalogues and the workspace's image sizes.

@@ -3,6 +3,8 @@
 // device list, name, flags) taken from the node. What a file left out stays
 // out when the scene holds the value that absence means, so an unchanged level
 // saves as it was read.
+#include "SceneWriteBack.h"
+
 #include "SceneEditor.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -69,76 +71,41 @@ void dropCoinHeights(std::vector<tessaro::DeviceProperties>& devices)
 
 } // namespace
 
-void sceneEditor::writeBack(const tessaro::Uuid& levelId)
-{
-    tessaro::Level* level = tabLevel(levelId);
-
-    tessaro::LevelSettings settings = collectSettings(level);
-    std::optional<tessaro::Background> background = collectBackground(level);
-    std::vector<tessaro::GroundSection> ground = collectGround();
-    std::vector<tessaro::ObstacleLevelItem> obstacles = collectObstacles();
-    std::vector<tessaro::CharacterLevelItem> characters = collectCharacters();
-    tessaro::Artifacts artifacts = collectArtifacts(level);
-    tessaro::Shields shields = collectShields(level);
-    tessaro::Coins coins = collectCoins(level);
-    tessaro::CheckPointData checkpoints = collectCheckpoints(level);
-    if (!level)
-        return;
-
-    level->settings = std::move(settings);
-    if (background)
-        level->background = std::move(*background);
-    else
-        level->background.reset();
-    // A list the file did not have stays absent while the scene has nothing for it.
-    if (level->ground || !ground.empty())
-        level->ground = std::move(ground);
-    if (level->obstacles || !obstacles.empty())
-        level->obstacles = std::move(obstacles);
-    if (level->characters || !characters.empty())
-        level->characters = std::move(characters);
-    level->artifacts = std::move(artifacts);
-    level->shields = std::move(shields);
-    level->coins = std::move(coins);
-    level->checkpoints = std::move(checkpoints);
-    rememberHandles(levelId);
-    if (m_tab)
-        m_tab->notifyLevelConfigChanged();
-}
-
-tessaro::LevelSettings sceneEditor::collectSettings(const tessaro::Level* level) const
+tessaro::LevelSettings SceneWriteBack::collectSettings(const tessaro::Level* level) const
 {
     tessaro::LevelSettings settings = level ? level->settings : tessaro::LevelSettings{};
     // A value the canvas could not draw as written keeps its text until the
     // designer gives it another.
-    const bool sizeAsTyped = level && m_shownInsteadOfText.size && *m_shownInsteadOfText.size == m_sceneSize;
-    const bool anchorAsTyped =
-        level && m_shownInsteadOfText.anchorPoint && *m_shownInsteadOfText.anchorPoint == m_sceneAnchorPoint;
+    const bool sizeAsTyped =
+        level && m_scene.m_shownInsteadOfText.size && *m_scene.m_shownInsteadOfText.size == m_scene.m_sceneSize;
+    const bool anchorAsTyped = level && m_scene.m_shownInsteadOfText.anchorPoint &&
+        *m_scene.m_shownInsteadOfText.anchorPoint == m_scene.m_sceneAnchorPoint;
     if (!anchorAsTyped)
-        settings.anchorPoint = tessaro::textFromPoint(m_sceneAnchorPoint);
-    settings.scaleMode = tessaro::scaleModeText(int(m_sceneScaleMode));
+        settings.anchorPoint = tessaro::textFromPoint(m_scene.m_sceneAnchorPoint);
+    settings.scaleMode = tessaro::scaleModeText(int(m_scene.m_sceneScaleMode));
     if (!sizeAsTyped)
-        settings.size = tessaro::textFromSize(m_sceneSize);
-    settings.sceneOrientation = std::string(tessaro::caseText(m_sceneOrientation));
+        settings.size = tessaro::textFromSize(m_scene.m_sceneSize);
+    settings.sceneOrientation = std::string(tessaro::caseText(m_scene.m_sceneOrientation));
     return settings;
 }
 
-std::optional<tessaro::Background> sceneEditor::collectBackground(const tessaro::Level* level) const
+std::optional<tessaro::Background> SceneWriteBack::collectBackground(const tessaro::Level* level) const
 {
-    const bool sceneHasImages = m_backgroundList && m_backgroundList->backgrounds;
+    const bool sceneHasImages = m_scene.m_backgroundList && m_scene.m_backgroundList->backgrounds;
     const bool levelHasRecord = level && level->background;
-    if (!levelHasRecord && !(sceneHasImages && !m_backgroundList->backgrounds->empty()))
+    if (!levelHasRecord && !(sceneHasImages && !m_scene.m_backgroundList->backgrounds->empty()))
         return std::nullopt;
     tessaro::Background background = levelHasRecord ? *level->background : tessaro::Background{};
     if (!sceneHasImages && !background.backgrounds)
         return background;
-    background.backgrounds = sceneHasImages ? *m_backgroundList->backgrounds : std::vector<tessaro::BackgroundImage>{};
+    background.backgrounds =
+        sceneHasImages ? *m_scene.m_backgroundList->backgrounds : std::vector<tessaro::BackgroundImage>{};
     return background;
 }
 
-std::vector<tessaro::GroundSection> sceneEditor::collectGround() const
+std::vector<tessaro::GroundSection> SceneWriteBack::collectGround() const
 {
-    std::vector<elementNodePtr> nodes = elementsOf(m_groundNodes);
+    std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(m_scene.groundNodes());
     std::stable_sort(nodes.begin(), nodes.end(), [](const elementNodePtr& a, const elementNodePtr& b) {
         return a->sequenceId.value_or(0) < b->sequenceId.value_or(0);
     });
@@ -156,7 +123,7 @@ std::vector<tessaro::GroundSection> sceneEditor::collectGround() const
     return sections;
 }
 
-std::optional<tessaro::ObstacleLevelItem> sceneEditor::obstacleItem(const elementNode& node) const
+std::optional<tessaro::ObstacleLevelItem> SceneWriteBack::obstacleItem(const elementNode& node) const
 {
     if (node.repeatedNode || node.kind() != sceneObjectType::obstacles)
         return std::nullopt;
@@ -173,19 +140,19 @@ std::optional<tessaro::ObstacleLevelItem> sceneEditor::obstacleItem(const elemen
     return item;
 }
 
-std::vector<tessaro::ObstacleLevelItem> sceneEditor::collectObstacles() const
+std::vector<tessaro::ObstacleLevelItem> SceneWriteBack::collectObstacles() const
 {
     std::vector<tessaro::ObstacleLevelItem> items;
-    if (!m_obstacleNodes)
+    if (!m_scene.obstacleNodes())
         return items;
-    items.reserve(m_obstacleNodes->children().size());
-    for (const elementNodePtr& node : elementsOf(m_obstacleNodes))
+    items.reserve(m_scene.obstacleNodes()->children().size());
+    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.obstacleNodes()))
         if (std::optional<tessaro::ObstacleLevelItem> item = obstacleItem(*node))
             items.push_back(std::move(*item));
     return items;
 }
 
-std::optional<tessaro::CharacterLevelItem> sceneEditor::characterItem(const elementNode& node) const
+std::optional<tessaro::CharacterLevelItem> SceneWriteBack::characterItem(const elementNode& node) const
 {
     if (node.kind() != sceneObjectType::character)
         return std::nullopt;
@@ -211,20 +178,20 @@ std::optional<tessaro::CharacterLevelItem> sceneEditor::characterItem(const elem
     return item;
 }
 
-std::vector<tessaro::CharacterLevelItem> sceneEditor::collectCharacters() const
+std::vector<tessaro::CharacterLevelItem> SceneWriteBack::collectCharacters() const
 {
     std::vector<tessaro::CharacterLevelItem> items;
-    for (const elementNodePtr& node : elementsOf(m_characterNodes))
+    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.characterNodes()))
         if (std::optional<tessaro::CharacterLevelItem> item = characterItem(*node))
             items.push_back(std::move(*item));
     return items;
 }
 
-tessaro::Artifacts sceneEditor::collectArtifacts(const tessaro::Level* level) const
+tessaro::Artifacts SceneWriteBack::collectArtifacts(const tessaro::Level* level) const
 {
     tessaro::Artifacts artifacts = level && level->artifacts ? *level->artifacts : tessaro::Artifacts{};
     std::vector<tessaro::Artifact> list;
-    for (const elementNodePtr& node : elementsOf(m_artifactNodes)) {
+    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.artifactNodes())) {
         const auto* loaded = loadedAs<tessaro::Artifact>(*node);
         if (node->keptOnly) {
             if (loaded)
@@ -242,11 +209,11 @@ tessaro::Artifacts sceneEditor::collectArtifacts(const tessaro::Level* level) co
     return artifacts;
 }
 
-tessaro::Shields sceneEditor::collectShields(const tessaro::Level* level) const
+tessaro::Shields SceneWriteBack::collectShields(const tessaro::Level* level) const
 {
     tessaro::Shields shields = level && level->shields ? *level->shields : tessaro::Shields{};
     std::vector<tessaro::Shield> list;
-    for (const elementNodePtr& node : elementsOf(m_shieldsNodes)) {
+    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.shieldsNodes())) {
         const auto* loaded = loadedAs<tessaro::Shield>(*node);
         if (node->keptOnly) {
             if (loaded)
@@ -270,11 +237,11 @@ tessaro::Shields sceneEditor::collectShields(const tessaro::Level* level) const
     return shields;
 }
 
-tessaro::Coins sceneEditor::collectCoins(const tessaro::Level* level) const
+tessaro::Coins SceneWriteBack::collectCoins(const tessaro::Level* level) const
 {
     tessaro::Coins coins = level && level->coins ? *level->coins : tessaro::Coins{};
     std::vector<tessaro::Coin> list;
-    for (const elementNodePtr& node : elementsOf(m_coinNodes)) {
+    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.coinNodes())) {
         const auto* loaded = loadedAs<tessaro::Coin>(*node);
         if (node->keptOnly) {
             if (loaded)
@@ -297,11 +264,11 @@ tessaro::Coins sceneEditor::collectCoins(const tessaro::Level* level) const
     return coins;
 }
 
-tessaro::CheckPointData sceneEditor::collectCheckpoints(const tessaro::Level* level) const
+tessaro::CheckPointData SceneWriteBack::collectCheckpoints(const tessaro::Level* level) const
 {
     tessaro::CheckPointData checkpoints = level && level->checkpoints ? *level->checkpoints : tessaro::CheckPointData{};
     std::vector<tessaro::CheckPointLocation> list;
-    for (const elementNodePtr& node : elementsOf(m_checkpointNodes)) {
+    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.checkpointNodes())) {
         if (node->keptOnly) {
             if (const auto* loaded = loadedAs<tessaro::CheckPointLocation>(*node))
                 list.push_back(*loaded);
@@ -317,7 +284,7 @@ tessaro::CheckPointData sceneEditor::collectCheckpoints(const tessaro::Level* le
     // none takes the entry of the first one added, or a reload could not
     // show them.
     if (checkpoints.image.empty())
-        for (const elementNodePtr& node : elementsOf(m_checkpointNodes)) {
+        for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.checkpointNodes())) {
             const auto* object = node->keptOnly || !node->defaultViewProperties
                 ? nullptr
                 : std::get_if<tessaro::GenericObject>(node->defaultViewProperties.get());
