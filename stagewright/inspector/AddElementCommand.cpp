@@ -69,7 +69,7 @@ void AddElementCommand::redoStep()
         selectAdded(*scene, node);
         return;
     }
-    const elementNodePtr node = scene->addElement(m_kind, m_elementName);
+    const elementNodePtr node = scene->placement().addElement(m_kind, m_elementName);
     if (!node || !node->parent()) {
         setObsolete(true);
         return;

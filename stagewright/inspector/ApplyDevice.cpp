@@ -130,7 +130,7 @@ void layRepeatedCopies(sceneEditor& scene, elementNode& node, publishedElementLi
 {
     if (node.kind() == sceneObjectType::obstacles &&
         (element == P::position || element == P::size || element == P::randomPositionRange))
-        scene.addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
+        scene.placement().addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
 }
 
 /// The selection models follow a value the canvas stored.

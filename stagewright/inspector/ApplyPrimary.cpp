@@ -353,7 +353,7 @@ void applyTo(sceneEditor& scene, projectTab& tab, elementNode& node, publishedEl
         } else if (kind == sceneObjectType::obstacles && node.obstacleOverrides) {
             // The row's copies are the obstacle's own; the count is kept.
             node.obstacleOverrides->repeatCount = count;
-            scene.addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
+            scene.placement().addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
         }
         break;
     }

@@ -123,7 +123,7 @@ void ElementEditCommand::show(const ElementRecords& element)
         return;
     node->restoreRecords(element);
     if (element.kind == tessaro::sceneObjectType::obstacles)
-        scene->addRepeatedCopies(node);
+        scene->placement().addRepeatedCopies(node);
     if (element.kind == tessaro::sceneObjectType::ground) {
         scene->rebuildGround(m_levelId);
         node = scene->elementWithHandle(m_handle);

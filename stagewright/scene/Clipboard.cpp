@@ -87,7 +87,7 @@ elementNodePtr sceneEditor::placeElement(const ElementRecords& element, std::siz
     layer->insertChild(node, int(std::min(layerIndex, layer->children().size())));
     node->restoreRecords(element);
     if (element.kind == sceneObjectType::obstacles)
-        addRepeatedCopies(node);
+        m_placement->addRepeatedCopies(node);
     return node;
 }
 

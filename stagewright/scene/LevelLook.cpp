@@ -7,6 +7,8 @@
 
 #include <stagewright/state/ProjectTab.h>
 
+#include <tessaro/model/ValueText.h>
+
 namespace stagewright {
 
 using tessaro::sceneObjectType;
@@ -42,6 +44,16 @@ void placeAgain(sceneEditor& scene, const tessaro::kit::NodePtr& layer, const st
 
 } // namespace
 
+tessaro::PointValue sceneEditor::coinRepeatDistance() const
+{
+    if (!m_tab)
+        return {};
+    const tessaro::Level* level = tabLevel(m_tab->levelSelected());
+    if (!level || !level->coins)
+        return {};
+    return tessaro::roundedPointFromText(1, level->coins->repeatDistance.value_or(std::string()));
+}
+
 void sceneEditor::followLevelField(const tessaro::FieldPath& path)
 {
     // The checkpoints' and shields' pictures and the coins' repeat distance
@@ -71,7 +83,7 @@ void sceneEditor::showLevelLook(sceneObjectType kind)
         const std::string image = level->checkpoints->image;
         const tessaro::CheckPointData items = SceneWriteBack(*this).collectCheckpoints(level);
         placeAgain(*this, m_checkpointNodes, items.locations.value_or(std::vector<tessaro::CheckPointLocation>{}),
-                   [&](const tessaro::CheckPointLocation& item) { return placeCheckpoint(item, image); });
+                   [&](const tessaro::CheckPointLocation& item) { return m_placement->placeCheckpoint(item, image); });
         break;
     }
     case sceneObjectType::shield: {
@@ -80,7 +92,7 @@ void sceneEditor::showLevelLook(sceneObjectType kind)
         const std::string image = level->shields->image.value_or(std::string());
         const tessaro::Shields items = SceneWriteBack(*this).collectShields(level);
         placeAgain(*this, m_shieldsNodes, items.shields.value_or(std::vector<tessaro::Shield>{}),
-                   [&](const tessaro::Shield& item) { return placeShield(item, image); });
+                   [&](const tessaro::Shield& item) { return m_placement->placeShield(item, image); });
         break;
     }
     default: break;

@@ -32,7 +32,8 @@ sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks h
     : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
       m_tab(tab),
       m_hooks(std::move(hooks)),
-      m_tools(std::make_unique<CanvasTools>(*this))
+      m_tools(std::make_unique<CanvasTools>(*this)),
+      m_placement(std::make_unique<ElementPlacement>(*this))
 {
     physicsWorld().setContactDelegate(this);
     // The canvas uses physics only to see floor pieces touch: bodies follow
@@ -193,7 +194,7 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
     // Placement reads the tab (the coins' repeat distance); work on a copy so
     // that nothing it does to the list can move the record under us.
     const tessaro::Level level = *found;
-    m_catalogueEntries.clear();
+    m_placement->forgetCatalogueEntries();
 
     if (level.ground)
         layoutGround(*level.ground);
@@ -239,25 +240,25 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
 
     if (level.obstacles)
         for (const tessaro::ObstacleLevelItem& item : *level.obstacles)
-            placeObstacle(item);
+            m_placement->placeObstacle(item);
     if (level.characters)
         for (const tessaro::CharacterLevelItem& item : *level.characters)
-            placeCharacter(item);
+            m_placement->placeCharacter(item);
     if (level.checkpoints && level.checkpoints->locations)
         for (const tessaro::CheckPointLocation& location : *level.checkpoints->locations)
-            placeCheckpoint(location, level.checkpoints->image);
+            m_placement->placeCheckpoint(location, level.checkpoints->image);
     if (level.coins && level.coins->coins) {
         const tessaro::PointValue distance =
             tessaro::roundedPointFromText(1, level.coins->repeatDistance.value_or(std::string()));
         for (const tessaro::Coin& coin : *level.coins->coins)
-            placeCoin(coin, distance.x, distance.y);
+            m_placement->placeCoin(coin, distance.x, distance.y);
     }
     if (level.artifacts && level.artifacts->artifacts)
         for (const tessaro::Artifact& artifact : *level.artifacts->artifacts)
-            placeArtifact(artifact);
+            m_placement->placeArtifact(artifact);
     if (level.shields && level.shields->shields)
         for (const tessaro::Shield& shield : *level.shields->shields)
-            placeShield(shield, level.shields->image.value_or(std::string()));
+            m_placement->placeShield(shield, level.shields->image.value_or(std::string()));
 
     for (tessaro::sceneObjectType kind : {tessaro::sceneObjectType::obstacles, tessaro::sceneObjectType::character,
                                           tessaro::sceneObjectType::checkpoint, tessaro::sceneObjectType::coin,

@@ -17,6 +17,7 @@
 #include "CanvasHooks.h"
 #include "CanvasTools.h"
 #include "ElementNode.h"
+#include "ElementPlacement.h"
 #include "NavigationControls.h"
 
 #include <stagewright/state/LevelScene.h>
@@ -149,22 +150,9 @@ public:
     /// Hides or shows both background layers (the toolbar's flag).
     void setBackgroundsHidden(bool hidden);
 
-    // ---- Placement --------------------------------------------------------------------------
-    /// The collision masks and flags of an element's body.
-    using BodyMasks = elementBodyMasks;
-    elementNodePtr placeObstacle(const tessaro::ObstacleLevelItem& item);
-    elementNodePtr placeCharacter(const tessaro::CharacterLevelItem& item);
-    elementNodePtr placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image);
-    elementNodePtr placeCoin(const tessaro::Coin& coin, double dx, double dy);
-    elementNodePtr placeArtifact(const tessaro::Artifact& artifact);
-    elementNodePtr placeShield(const tessaro::Shield& shield, const std::string& image);
-    /// One element of the catalogue named `elementName` of `kind`, at the left
-    /// edge of the part of the level in view; the picker's call. Null when the
-    /// catalogue has no such element (a diagnostic line says so).
-    elementNodePtr addElement(tessaro::sceneObjectType kind, const std::string& elementName);
-    /// Lays the repeated copies of an obstacle whose override asks for a row
-    /// right after it in its layer, in place of the copies it had.
-    void addRepeatedCopies(const elementNodePtr& owner);
+    // ---- Placement ----------------------------------------------------------------------------
+    /// Makes the element nodes of a level's items.
+    ElementPlacement& placement() { return *m_placement; }
     /// `repeatDistance` of the coins of the tab's selected level, (0,0) when absent.
     tessaro::PointValue coinRepeatDistance() const;
     /// Shows a change of the level's own values that elements of `kind` draw:
@@ -262,6 +250,7 @@ signals:
 private:
     friend class elementNode;
     friend class SceneWriteBack;
+    friend class ElementPlacement;
 
     /// What the level is laid out with: this scene's frame, the chosen
     /// devices, the catalogues and the workspace's image sizes.
@@ -273,20 +262,8 @@ private:
     void layBackground(const tessaro::BackgroundImage& record);
     void applyPlatformSettings();
     tessaro::kit::NodePtr makeLayer(const char* name);
-    /// A hidden node of `kind` holding a level item the scene cannot show.
-    elementNodePtr keepUnshown(tessaro::sceneObjectType kind, levelItemRecord item);
-    /// Says once per load that `name` of `kind` has no catalogue entry.
-    void reportMissingOnce(tessaro::sceneObjectType kind, const std::string& name, const std::string& line);
-    /// The last steps of placing any element: its size handle (not for ground
-    /// and backgrounds), its layer, its body (when it has one) and its device
-    /// values.
-    void finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
-                       const std::optional<BodyMasks>& body);
     /// Remembers the handles of the elements in the order `levelId` stores them.
     void rememberHandles(const tessaro::Uuid& levelId);
-    /// The catalogue records of this load, copied once per name.
-    std::shared_ptr<const catalogueRecord> catalogueEntry(tessaro::sceneObjectType kind, const std::string& name,
-                                                          std::optional<tessaro::sceneObjectType> objectType);
     const tessaro::Level* tabLevel(const tessaro::Uuid& id) const;
     tessaro::Level* tabLevel(const tessaro::Uuid& id);
     /// Frame of the platform scene.
@@ -324,10 +301,8 @@ private:
     double m_groundBase = 0;
     double m_backgroundY = 0;
     tessaro::Uuid m_id = tessaro::Uuid::create();
-    std::map<std::pair<int, std::string>, std::shared_ptr<const catalogueRecord>> m_catalogueEntries;
-    /// Missing catalogue entries already reported, by kind and name.
-    std::set<std::pair<int, std::string>> m_reportedMissing;
     std::unique_ptr<CanvasTools> m_tools;
+    std::unique_ptr<ElementPlacement> m_placement;
 };
 
 using sceneEditorPtr = std::shared_ptr<sceneEditor>;

@@ -237,8 +237,8 @@ TEST_F(LevelPropertiesTest, StatisticsCountTheShownLevelAsItStandsNow)
     projectTab& tab = front();
     EXPECT_EQ(countElements(tab, elementCount::obstacles, false), 1);
     // Two placements not yet saved, and a coin taken out.
-    scene().addElement(sceneObjectType::obstacles, "Crate");
-    scene().addElement(sceneObjectType::obstacles, "Crate");
+    scene().placement().addElement(sceneObjectType::obstacles, "Crate");
+    scene().placement().addElement(sceneObjectType::obstacles, "Crate");
     select(sceneObjectType::coin);
     edits().deleteSelection();
     writeBackShownLevel(tab);

@@ -189,19 +189,19 @@ TEST_F(PlacementTest, ThePickerAddsAtTheLeftEdgeOfTheView)
     LoadedLevel loaded(level);
 
     // The first ground section of an empty level: sequence 0 at the view's left edge...
-    const auto first = loaded.scene->addElement(sceneObjectType::ground, "Grass");
+    const auto first = loaded.scene->placement().addElement(sceneObjectType::ground, "Grass");
     ASSERT_TRUE(first);
     ASSERT_EQ(loaded.level().ground->size(), 1u);
     EXPECT_EQ(first->sequenceId, 0);
     EXPECT_EQ(xOf(first), -437 + 100);
-    const auto second = loaded.scene->addElement(sceneObjectType::ground, "Grass");
+    const auto second = loaded.scene->placement().addElement(sceneObjectType::ground, "Grass");
     EXPECT_EQ(second->sequenceId, 1);
     EXPECT_EQ(xOf(second), -237 + 100);
     EXPECT_EQ(loaded.scene->levelEndX(), 400);
 
     // ...and other elements at the x the view has scrolled to.
     loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{300, 0});
-    const auto crate = loaded.scene->addElement(sceneObjectType::obstacles, "Crate");
+    const auto crate = loaded.scene->placement().addElement(sceneObjectType::obstacles, "Crate");
     ASSERT_TRUE(crate);
     EXPECT_EQ(crate->position(), QPointF(300, 0));
     EXPECT_EQ(crate->zPosition(), 100);
@@ -211,15 +211,15 @@ TEST_F(PlacementTest, ThePickerAddsAtTheLeftEdgeOfTheView)
     EXPECT_EQ(crate->devices->front().offset, "{0,0}");
     EXPECT_FALSE(crate->activelySelected);
     // Without a catalogue size, the picture fits 100 by 100.
-    const auto wide = loaded.scene->addElement(sceneObjectType::obstacles, "Wide");
+    const auto wide = loaded.scene->placement().addElement(sceneObjectType::obstacles, "Wide");
     EXPECT_EQ(wide->size(), QSizeF(100, 100.0 / 3));
-    const auto walker = loaded.scene->addElement(sceneObjectType::character, "Walker");
+    const auto walker = loaded.scene->placement().addElement(sceneObjectType::character, "Walker");
     EXPECT_EQ(walker->charClassType, tessaro::characterClassType::friendly);
-    const auto coin = loaded.scene->addElement(sceneObjectType::coin, "coin");
+    const auto coin = loaded.scene->placement().addElement(sceneObjectType::coin, "coin");
     EXPECT_EQ(coin->zPosition(), 50);
 
     testing_support::DiagnosticCapture capture;
-    EXPECT_FALSE(loaded.scene->addElement(sceneObjectType::obstacles, "Nothing"));
+    EXPECT_FALSE(loaded.scene->placement().addElement(sceneObjectType::obstacles, "Nothing"));
     EXPECT_TRUE(capture.contains("No obstacles named \"Nothing\""));
 
     const tessaro::Level& saved = loaded.saved();
@@ -252,7 +252,7 @@ TEST_F(PlacementTest, ThePickerKeepsEveryDeviceEntryOfTheCatalogue)
     loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{300, 0});
 
     // The catalogue's default entry takes the placed values; the others stay as they were.
-    const auto tall = loaded.scene->addElement(sceneObjectType::obstacles, "Tall");
+    const auto tall = loaded.scene->placement().addElement(sceneObjectType::obstacles, "Tall");
     ASSERT_TRUE(tall && tall->devices);
     ASSERT_EQ(tall->devices->size(), 3u);
     EXPECT_EQ((*tall->devices)[0], withDefault.devices->at(0));
@@ -262,7 +262,7 @@ TEST_F(PlacementTest, ThePickerKeepsEveryDeviceEntryOfTheCatalogue)
     EXPECT_EQ(tall->position(), QPointF(300, 0));
 
     // Without one, the new entry follows the catalogue's.
-    const auto small = loaded.scene->addElement(sceneObjectType::obstacles, "Small");
+    const auto small = loaded.scene->placement().addElement(sceneObjectType::obstacles, "Small");
     ASSERT_TRUE(small && small->devices);
     ASSERT_EQ(small->devices->size(), 2u);
     EXPECT_EQ((*small->devices)[0], withoutDefault.devices->at(0));

@@ -69,8 +69,8 @@ TEST_F(EditMenuTest, ClipboardAndHistoryFollowTheFrontTab)
     commands->newLevel();
     projectTab& first = front();
     ASSERT_FALSE(tessaro::obstacleCatalogue().empty());
-    const elementNodePtr added =
-        canvas().addElement(tessaro::sceneObjectType::obstacles, *tessaro::obstacleCatalogue().front().elementName);
+    const elementNodePtr added = canvas().placement().addElement(tessaro::sceneObjectType::obstacles,
+                                                                 *tessaro::obstacleCatalogue().front().elementName);
     ASSERT_TRUE(added);
     EXPECT_FALSE(undo()->isEnabled());
     EXPECT_EQ(undo()->text(), "Undo");
@@ -117,8 +117,8 @@ TEST_F(EditMenuTest, CatalogueStepsAreUndoneWhereTheCataloguesAreEdited)
 {
     commands->newLevel();
     projectTab& tab = front();
-    const elementNodePtr added =
-        canvas().addElement(tessaro::sceneObjectType::obstacles, *tessaro::obstacleCatalogue().front().elementName);
+    const elementNodePtr added = canvas().placement().addElement(tessaro::sceneObjectType::obstacles,
+                                                                 *tessaro::obstacleCatalogue().front().elementName);
     ASSERT_TRUE(added);
     canvas().selectNode(added);
     action("Copy")->trigger();

@@ -212,7 +212,7 @@ TEST_F(LibraryTest, NodeListSelectsTheChosenNodeAndScrolls)
 {
     ASSERT_FALSE(tessaro::obstacleCatalogue().empty());
     const elementNodePtr crate =
-        canvas().addElement(sceneObjectType::obstacles, *tessaro::obstacleCatalogue().front().elementName);
+        canvas().placement().addElement(sceneObjectType::obstacles, *tessaro::obstacleCatalogue().front().elementName);
     ASSERT_TRUE(crate);
     QToolButton* button = window->toolbar()->nodeListButton();
     ASSERT_TRUE(button->isEnabled());

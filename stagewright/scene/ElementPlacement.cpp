@@ -3,6 +3,8 @@
 // layout puts them on the floor that the ground has fixed. An item whose
 // catalogue entry is missing cannot be drawn; it is kept on a hidden node and
 // saved as it was read.
+#include "ElementPlacement.h"
+
 #include "SceneEditor.h"
 #include "SceneNumbers.h"
 #include "ScenePictures.h"
@@ -74,7 +76,7 @@ std::optional<tessaro::RotationProperties> mergedRotation(const tessaro::Rotatio
 
 /// The body of a checkpoint, coin, artifact or shield: it takes part in
 /// contacts and collides with nothing.
-sceneEditor::BodyMasks collectibleBody(bool affectedByGravity)
+elementBodyMasks collectibleBody(bool affectedByGravity)
 {
     return {collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
             collisionBit(collisionTypes::none), affectedByGravity, false};
@@ -110,8 +112,8 @@ const char* boolText(bool value)
 
 } // namespace
 
-std::shared_ptr<const catalogueRecord> sceneEditor::catalogueEntry(sceneObjectType kind, const std::string& name,
-                                                                   std::optional<sceneObjectType> objectType)
+std::shared_ptr<const catalogueRecord> ElementPlacement::catalogueEntry(sceneObjectType kind, const std::string& name,
+                                                                        std::optional<sceneObjectType> objectType)
 {
     const int kindKey = kind == sceneObjectType::obstacles || kind == sceneObjectType::character
         ? int(kind)
@@ -137,14 +139,14 @@ std::shared_ptr<const catalogueRecord> sceneEditor::catalogueEntry(sceneObjectTy
     return nullptr;
 }
 
-void sceneEditor::reportMissingOnce(sceneObjectType kind, const std::string& name, const std::string& line)
+void ElementPlacement::reportMissingOnce(sceneObjectType kind, const std::string& name, const std::string& line)
 {
     if (m_reportedMissing.insert({int(kind), name}).second)
         tessaro::diagnostic(line);
 }
 
-void sceneEditor::finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
-                                const std::optional<BodyMasks>& body)
+void ElementPlacement::finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
+                                     const std::optional<elementBodyMasks>& body)
 {
     if (node->kind() != sceneObjectType::background && node->kind() != sceneObjectType::ground)
         node->addChild(shapeNode::create(node->size().height()));
@@ -155,9 +157,9 @@ void sceneEditor::finishPlacing(const elementNodePtr& node, const tessaro::kit::
     node->placeFromDevices();
 }
 
-elementNodePtr sceneEditor::keepUnshown(sceneObjectType kind, levelItemRecord item)
+elementNodePtr ElementPlacement::keepUnshown(sceneObjectType kind, levelItemRecord item)
 {
-    const tessaro::kit::NodePtr layer = layerFor(kind);
+    const tessaro::kit::NodePtr layer = m_scene.layerFor(kind);
     if (!layer)
         return nullptr;
     auto node = elementNode::create(nullptr, QSizeF());
@@ -169,19 +171,9 @@ elementNodePtr sceneEditor::keepUnshown(sceneObjectType kind, levelItemRecord it
     return node;
 }
 
-tessaro::PointValue sceneEditor::coinRepeatDistance() const
-{
-    if (!m_tab)
-        return {};
-    const tessaro::Level* level = tabLevel(m_tab->levelSelected());
-    if (!level || !level->coins)
-        return {};
-    return tessaro::roundedPointFromText(1, level->coins->repeatDistance.value_or(std::string()));
-}
-
 // ---- Obstacles ------------------------------------------------------------------------------
 
-elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item)
+elementNodePtr ElementPlacement::placeObstacle(const tessaro::ObstacleLevelItem& item)
 {
     const auto entry = catalogueEntry(sceneObjectType::obstacles, item.elementName, std::nullopt);
     if (!entry) {
@@ -193,7 +185,7 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
     const tessaro::Obstacle& catalogue = std::get<tessaro::Obstacle>(*entry);
     const tessaro::Obstacle* over = present(item.properties);
     const tessaro::layout::ItemLook look =
-        tessaro::layout::obstacleLook(item, catalogue, groundPlan(), layoutContext());
+        tessaro::layout::obstacleLook(item, catalogue, m_scene.groundPlan(), m_scene.layoutContext());
     const std::string& image = look.image;
     const bool useGravity = look.useGravity;
     const bool isDynamic = over && over->isDynamic ? *over->isDynamic : catalogue.isDynamic.value_or(false);
@@ -224,25 +216,25 @@ elementNodePtr sceneEditor::placeObstacle(const tessaro::ObstacleLevelItem& item
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
     node->refreshDistanceGuide();
-    std::optional<BodyMasks> body;
+    std::optional<elementBodyMasks> body;
     if (usePhysics)
-        body = BodyMasks{collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
-                         collisionBit(collisionTypes::floor), useGravity, isDynamic};
-    finishPlacing(node, m_obstacleNodes, body);
+        body = elementBodyMasks{collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+                                collisionBit(collisionTypes::floor), useGravity, isDynamic};
+    finishPlacing(node, m_scene.m_obstacleNodes, body);
 
     addRepeatedCopies(node);
     return node;
 }
 
-void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
+void ElementPlacement::addRepeatedCopies(const elementNodePtr& owner)
 {
     // The copies of a repeated obstacle exist only on the canvas: a row of
     // `repeatCount` pictures, each a full width (plus a random step) after the
     // one before.
-    if (!m_obstacleNodes)
+    if (!m_scene.m_obstacleNodes)
         return;
     // The copies stand right after their obstacle; a new obstacle is the last child.
-    const auto& siblings = m_obstacleNodes->children();
+    const auto& siblings = m_scene.m_obstacleNodes->children();
     const auto at = !siblings.empty() && siblings.back() == owner ? siblings.end() - 1
                                                                   : std::find(siblings.begin(), siblings.end(), owner);
     if (at == siblings.end())
@@ -255,15 +247,15 @@ void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
             break;
         old.push_back(*next);
     }
-    m_obstacleNodes->removeChildrenInArray(old);
+    m_scene.m_obstacleNodes->removeChildrenInArray(old);
     const std::optional<tessaro::Obstacle>& over = owner->obstacleOverrides;
     if (!over || !over->repeatCount || *over->repeatCount < 2)
         return;
-    const tessaro::layout::LayoutContext context = layoutContext();
+    const tessaro::layout::LayoutContext context = m_scene.layoutContext();
     const std::vector<tessaro::PointValue> places =
         tessaro::layout::repeatedCopies(context.deviceValue<tessaro::fieldList::position>(owner->devices),
                                         {owner->size().width(), owner->size().height()}, owner->property_useGravity,
-                                        *over->repeatCount, owner->devices, groundPlan(), context);
+                                        *over->repeatCount, owner->devices, m_scene.groundPlan(), context);
     for (const tessaro::PointValue& place : places) {
         auto copy = elementNode::create(owner->texture(), owner->size());
         copy->setSize(owner->size());
@@ -272,7 +264,7 @@ void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
         copy->repeatedNode = true;
         copy->repeatParentNode = owner->name();
         copy->defaultViewProperties = owner->defaultViewProperties;
-        m_obstacleNodes->insertChild(copy, index++);
+        m_scene.m_obstacleNodes->insertChild(copy, index++);
         copy->setPosition(place.x, place.y);
     }
     owner->placeFromDevices();
@@ -280,7 +272,7 @@ void sceneEditor::addRepeatedCopies(const elementNodePtr& owner)
 
 // ---- Characters -------------------------------------------------------------------------------
 
-elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& item)
+elementNodePtr ElementPlacement::placeCharacter(const tessaro::CharacterLevelItem& item)
 {
     const auto entry = catalogueEntry(sceneObjectType::character, item.elementName, std::nullopt);
     if (!entry) {
@@ -291,8 +283,9 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     }
     const tessaro::Character& catalogue = std::get<tessaro::Character>(*entry);
     const tessaro::Character* over = present(item.properties);
-    const tessaro::layout::LayoutContext context = layoutContext();
-    const tessaro::layout::ItemLook look = tessaro::layout::characterLook(item, catalogue, groundPlan(), context);
+    const tessaro::layout::LayoutContext context = m_scene.layoutContext();
+    const tessaro::layout::ItemLook look =
+        tessaro::layout::characterLook(item, catalogue, m_scene.groundPlan(), context);
     const std::string& image = look.image;
     const bool useGravity = look.useGravity;
     const bool isDynamic = over && over->isDynamic ? *over->isDynamic : catalogue.isDynamic.value_or(false);
@@ -304,7 +297,7 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     const std::optional<std::vector<tessaro::DeviceProperties>>& devices = *look.devices;
     const tessaro::PointValue position = context.deviceValue<tessaro::fieldList::position>(devices);
     const tessaro::PointValue offset = context.deviceValue<tessaro::fieldList::offset>(devices);
-    const double y = useGravity ? groundHeight(position.x) : position.y;
+    const double y = useGravity ? m_scene.groundHeight(position.x) : position.y;
 
     trace(QStringLiteral("character name: ") + QString::fromStdString(item.name));
     trace(QStringLiteral("  position: ") + pairText(position));
@@ -340,16 +333,16 @@ elementNodePtr sceneEditor::placeCharacter(const tessaro::CharacterLevelItem& it
     node->loadedItem = std::make_shared<const levelItemRecord>(item);
     node->setPosition(quietly(look.centre));
     node->refreshDistanceGuide();
-    finishPlacing(node, m_characterNodes,
-                  BodyMasks{maskOr(maskText(&tessaro::CollisionDetection::category)),
-                            maskOr(maskText(&tessaro::CollisionDetection::contact)),
-                            maskOr(maskText(&tessaro::CollisionDetection::collision)), useGravity, true});
+    finishPlacing(node, m_scene.m_characterNodes,
+                  elementBodyMasks{maskOr(maskText(&tessaro::CollisionDetection::category)),
+                                   maskOr(maskText(&tessaro::CollisionDetection::contact)),
+                                   maskOr(maskText(&tessaro::CollisionDetection::collision)), useGravity, true});
     return node;
 }
 
 // ---- Collectibles ---------------------------------------------------------------------------------
 
-elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image)
+elementNodePtr ElementPlacement::placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image)
 {
     const auto entry = catalogueEntry(sceneObjectType::checkpoint, image, sceneObjectType::checkpoint);
     if (!entry) {
@@ -359,7 +352,7 @@ elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& l
         return keepUnshown(sceneObjectType::checkpoint, location);
     }
     const tessaro::layout::ItemLook look = tessaro::layout::checkpointLook(
-        location, std::get<tessaro::GenericObject>(*entry), groundPlan(), layoutContext());
+        location, std::get<tessaro::GenericObject>(*entry), m_scene.groundPlan(), m_scene.layoutContext());
     auto node = makeElement(look);
     node->imageOverride = look.image;
     node->defaultViewProperties = entry;
@@ -368,11 +361,11 @@ elementNodePtr sceneEditor::placeCheckpoint(const tessaro::CheckPointLocation& l
     node->property_useGravity = true;
     node->loadedItem = std::make_shared<const levelItemRecord>(location);
     node->setPosition(quietly(look.centre));
-    finishPlacing(node, m_checkpointNodes, collectibleBody(true));
+    finishPlacing(node, m_scene.m_checkpointNodes, collectibleBody(true));
     return node;
 }
 
-elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, double dy)
+elementNodePtr ElementPlacement::placeCoin(const tessaro::Coin& coin, double dx, double dy)
 {
     auto entry = catalogueEntry(sceneObjectType::coin, "coin", sceneObjectType::coin);
     if (!entry) {
@@ -394,8 +387,8 @@ elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, doub
                           "shown.");
         return keepUnshown(sceneObjectType::coin, coin);
     }
-    const tessaro::layout::ItemLook look =
-        tessaro::layout::coinLook(coin, std::get<tessaro::GenericObject>(*entry), groundPlan(), layoutContext());
+    const tessaro::layout::ItemLook look = tessaro::layout::coinLook(coin, std::get<tessaro::GenericObject>(*entry),
+                                                                     m_scene.groundPlan(), m_scene.layoutContext());
     const bool useGravity = look.useGravity;
     auto node = makeElement(look);
     node->setPosition(quietly(look.centre));
@@ -407,13 +400,14 @@ elementNodePtr sceneEditor::placeCoin(const tessaro::Coin& coin, double dx, doub
     node->loadedItem = std::make_shared<const levelItemRecord>(coin);
     if (coin.stack.value_or(false) || coin.repeatCount.value_or(0) >= 1)
         node->addStackChildren(coin.stack.value_or(false), coin.repeatCount.value_or(0), dx, dy);
-    finishPlacing(node, m_coinNodes, collectibleBody(useGravity));
+    finishPlacing(node, m_scene.m_coinNodes, collectibleBody(useGravity));
     return node;
 }
 
-elementNodePtr sceneEditor::placeArtifact(const tessaro::Artifact& artifact)
+elementNodePtr ElementPlacement::placeArtifact(const tessaro::Artifact& artifact)
 {
-    const tessaro::layout::ItemLook look = tessaro::layout::artifactLook(artifact, groundPlan(), layoutContext());
+    const tessaro::layout::ItemLook look =
+        tessaro::layout::artifactLook(artifact, m_scene.groundPlan(), m_scene.layoutContext());
     auto node = makeElement(look);
     node->setPosition(quietly(look.centre));
     node->imageOverride = artifact.image;
@@ -421,13 +415,14 @@ elementNodePtr sceneEditor::placeArtifact(const tessaro::Artifact& artifact)
     node->devices = artifact.devices;
     node->setAlpha(artifact.alpha.value_or(1));
     node->loadedItem = std::make_shared<const levelItemRecord>(artifact);
-    finishPlacing(node, m_artifactNodes, collectibleBody(false));
+    finishPlacing(node, m_scene.m_artifactNodes, collectibleBody(false));
     return node;
 }
 
-elementNodePtr sceneEditor::placeShield(const tessaro::Shield& shield, const std::string& image)
+elementNodePtr ElementPlacement::placeShield(const tessaro::Shield& shield, const std::string& image)
 {
-    const tessaro::layout::ItemLook look = tessaro::layout::shieldLook(shield, image, groundPlan(), layoutContext());
+    const tessaro::layout::ItemLook look =
+        tessaro::layout::shieldLook(shield, image, m_scene.groundPlan(), m_scene.layoutContext());
     auto node = makeElement(look);
     node->setPosition(quietly(look.centre));
     node->imageOverride = image;
@@ -435,16 +430,16 @@ elementNodePtr sceneEditor::placeShield(const tessaro::Shield& shield, const std
     node->shieldOverrides->timed = shield.timed.value_or(60.0);
     node->devices = shield.devices;
     node->loadedItem = std::make_shared<const levelItemRecord>(shield);
-    finishPlacing(node, m_shieldsNodes, collectibleBody(false));
+    finishPlacing(node, m_scene.m_shieldsNodes, collectibleBody(false));
     return node;
 }
 
 // ---- The picker ------------------------------------------------------------------------------------
 
-elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& elementName)
+elementNodePtr ElementPlacement::addElement(sceneObjectType kind, const std::string& elementName)
 {
     const auto entry = catalogueEntry(kind, elementName, std::nullopt);
-    const tessaro::kit::NodePtr layer = layerFor(kind);
+    const tessaro::kit::NodePtr layer = m_scene.layerFor(kind);
     if (!entry || !layer) {
         tessaro::diagnostic("No " + std::string(tessaro::caseText(kind)) + " named \"" + elementName +
                             "\" in the catalogue; nothing is added.");
@@ -465,18 +460,18 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
         },
         *entry);
     tessaro::SizeValue size = tessaro::deviceValue<tessaro::fieldList::size>(catalogueDevices);
-    const double startX = m_navigationNodes ? std::abs(m_navigationNodes->position().x()) : 0;
+    const double startX = m_scene.m_navigationNodes ? std::abs(m_scene.m_navigationNodes->position().x()) : 0;
     std::uint32_t category = collisionBit(collisionTypes::staticObjectBody);
     std::uint32_t contact = collisionBit(collisionTypes::none);
     std::uint32_t collision = collisionBit(collisionTypes::none);
     double x = startX, y = 0, z = 100;
     std::optional<std::int64_t> sequenceId;
-    const QRectF frame = frameRect();
+    const QRectF frame = m_scene.frameRect();
 
     switch (kind) {
     case sceneObjectType::coin: z = 50; break;
     case sceneObjectType::ground: {
-        const std::vector<elementNodePtr> grounds = elementsOf(m_groundNodes);
+        const std::vector<elementNodePtr> grounds = sceneEditor::elementsOf(m_scene.m_groundNodes);
         if (!grounds.empty()) {
             x = grounds.back()->position().x() + grounds.back()->frame().width();
             sequenceId = grounds.back()->sequenceId.value_or(0) + 1;
@@ -492,7 +487,9 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
         break;
     }
     case sceneObjectType::background:
-        z = m_backgroundList && m_backgroundList->backgrounds ? double(m_backgroundList->backgrounds->size() + 1) : 1;
+        z = m_scene.m_backgroundList && m_scene.m_backgroundList->backgrounds
+            ? double(m_scene.m_backgroundList->backgrounds->size() + 1)
+            : 1;
         size = {frame.width(), frame.height()};
         break;
     default:
@@ -506,7 +503,7 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
         break;
     }
 
-    auto node = makeElement(kind, image, tessaro::layout::itemSize(kind, size, image, layoutContext()), z);
+    auto node = makeElement(kind, image, tessaro::layout::itemSize(kind, size, image, m_scene.layoutContext()), z);
     node->setPosition(quietly({x, y}));
     node->sequenceId = sequenceId;
     node->imageOverride = image;
@@ -548,15 +545,15 @@ elementNodePtr sceneEditor::addElement(sceneObjectType kind, const std::string& 
     }
     default: break;
     }
-    finishPlacing(node, layer, BodyMasks{category, contact, collision, useGravity, isDynamic});
-    if (m_tab)
-        node->handle = m_tab->elementHandles().issue();
+    finishPlacing(node, layer, elementBodyMasks{category, contact, collision, useGravity, isDynamic});
+    if (m_scene.m_tab)
+        node->handle = m_scene.m_tab->elementHandles().issue();
 
-    if (kind == sceneObjectType::ground && m_tab) {
-        const std::size_t index = m_groundNodes->children().size() - 1;
-        rebuildGround(m_tab->levelSelected());
-        if (m_groundNodes && index < m_groundNodes->children().size())
-            return std::dynamic_pointer_cast<elementNode>(m_groundNodes->children()[index]);
+    if (kind == sceneObjectType::ground && m_scene.m_tab) {
+        const std::size_t index = m_scene.m_groundNodes->children().size() - 1;
+        m_scene.rebuildGround(m_scene.m_tab->levelSelected());
+        if (m_scene.m_groundNodes && index < m_scene.m_groundNodes->children().size())
+            return std::dynamic_pointer_cast<elementNode>(m_scene.m_groundNodes->children()[index]);
     }
     return node;
 }
