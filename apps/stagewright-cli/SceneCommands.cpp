@@ -75,7 +75,7 @@ std::optional<std::vector<tessaro::Level>> openProject(const std::string& path)
 
 /// A scene for `level` of `tab`, loaded, with the level's settings applied
 /// as a tab applies them when it changes level.
-std::shared_ptr<sceneEditor> loadScene(projectTab& tab, const tessaro::Uuid& level)
+std::shared_ptr<SceneEditor> loadScene(ProjectTab& tab, const tessaro::Uuid& level)
 {
     tab.setLevelSelected(level);
     auto scene = sceneEditorOf(makeSceneEditorFactory()(tab, sceneSetupFromConfig()));
@@ -120,7 +120,7 @@ int roundtripCommand(const std::vector<std::string>& args)
     if (!levels)
         return fail("Could not read the project " + args[1]);
 
-    projectTab tab(tessaro::Uuid::create(), QFileInfo(QString::fromStdString(args[1])).completeBaseName());
+    ProjectTab tab(tessaro::Uuid::create(), QFileInfo(QString::fromStdString(args[1])).completeBaseName());
     tab.setLevelConfig(std::move(*levels));
     std::vector<tessaro::Uuid> ids;
     for (const tessaro::Level& level : tab.levelConfig())
@@ -161,7 +161,7 @@ int renderCommand(const std::vector<std::string>& given)
         return fail("The project has " + std::to_string(levels->size()) + " levels; there is no level " +
                     std::to_string(*levelNumber));
 
-    projectTab tab(tessaro::Uuid::create(), QStringLiteral("render"));
+    ProjectTab tab(tessaro::Uuid::create(), QStringLiteral("render"));
     const tessaro::Uuid id = (*levels)[std::size_t(*levelNumber - 1)].id.value_or(tessaro::Uuid());
     tab.setLevelConfig(std::move(*levels));
     const auto scene = loadScene(tab, id);

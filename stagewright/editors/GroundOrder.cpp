@@ -18,20 +18,20 @@ namespace stagewright {
 
 namespace {
 
-std::vector<elementNodePtr> groundElements(const sceneEditor& scene)
+std::vector<ElementNodePtr> groundElements(const SceneEditor& scene)
 {
-    std::vector<elementNodePtr> out;
+    std::vector<ElementNodePtr> out;
     for (const tessaro::kit::NodePtr& child : scene.groundNodes()->children())
-        if (auto element = std::dynamic_pointer_cast<elementNode>(child))
+        if (auto element = std::dynamic_pointer_cast<ElementNode>(child))
             out.push_back(std::move(element));
     return out;
 }
 
 } // namespace
 
-groundOrderItem groundOrderItemOf(const elementNode& node)
+GroundOrderItem groundOrderItemOf(const ElementNode& node)
 {
-    groundOrderItem item;
+    GroundOrderItem item;
     const auto& section = node.groundSection;
     if (section && section->id)
         item.id = *section->id;
@@ -48,10 +48,10 @@ groundOrderItem groundOrderItemOf(const elementNode& node)
     return item;
 }
 
-std::vector<groundOrderItem> groundOrderItemsOf(const sceneEditor& scene)
+std::vector<GroundOrderItem> groundOrderItemsOf(const SceneEditor& scene)
 {
-    std::vector<groundOrderItem> items;
-    for (const elementNodePtr& node : groundElements(scene))
+    std::vector<GroundOrderItem> items;
+    for (const ElementNodePtr& node : groundElements(scene))
         items.push_back(groundOrderItemOf(*node));
     return items;
 }
@@ -59,15 +59,15 @@ std::vector<groundOrderItem> groundOrderItemsOf(const sceneEditor& scene)
 void collectGroundOrderItems(SceneSettings& settings)
 {
     const auto tab = settings.selectedProjectTab();
-    const sceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
-    settings.setGroundOrderItems(scene ? groundOrderItemsOf(*scene) : std::vector<groundOrderItem>{});
+    const SceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
+    settings.setGroundOrderItems(scene ? groundOrderItemsOf(*scene) : std::vector<GroundOrderItem>{});
 }
 
-std::vector<groundOrderItem> movedItems(std::vector<groundOrderItem> items, std::vector<int> from, int to)
+std::vector<GroundOrderItem> movedItems(std::vector<GroundOrderItem> items, std::vector<int> from, int to)
 {
     // The standard move of a list: the moved rows keep their order and land
     // before the row that stood at `to`.
-    std::vector<groundOrderItem> moved;
+    std::vector<GroundOrderItem> moved;
     std::sort(from.begin(), from.end(), std::greater<>());
     for (int index : from) {
         if (index < 0 || index >= int(items.size()))
@@ -82,33 +82,33 @@ std::vector<groundOrderItem> movedItems(std::vector<groundOrderItem> items, std:
     return items;
 }
 
-void applyGroundOrder(projectTab& tab, const std::vector<groundOrderItem>& items)
+void applyGroundOrder(ProjectTab& tab, const std::vector<GroundOrderItem>& items)
 {
-    const sceneEditorPtr scene = sceneEditorOf(tab.currentScene());
+    const SceneEditorPtr scene = sceneEditorOf(tab.currentScene());
     if (!scene)
         return;
-    std::vector<elementHandle> before;
-    for (const elementNodePtr& node : groundElements(*scene)) {
+    std::vector<ElementHandle> before;
+    for (const ElementNodePtr& node : groundElements(*scene)) {
         if (!node->handle)
             node->handle = tab.elementHandles().issue();
         before.push_back(node->handle);
     }
-    std::vector<elementHandle> after;
-    for (const groundOrderItem& item : items)
-        for (const elementNodePtr& node : groundElements(*scene))
+    std::vector<ElementHandle> after;
+    for (const GroundOrderItem& item : items)
+        for (const ElementNodePtr& node : groundElements(*scene))
             if (node->name() == item.name) {
                 after.push_back(node->handle);
                 break;
             }
     // A section the rows do not name keeps its place after the named ones.
-    for (elementHandle handle : before)
+    for (ElementHandle handle : before)
         if (std::find(after.begin(), after.end(), handle) == after.end())
             after.push_back(handle);
     pushStep(tab.undoStack(), new GroundOrderCommand(tab, std::move(before), std::move(after)));
 }
 
-GroundOrderCommand::GroundOrderCommand(projectTab& tab, std::vector<elementHandle> before,
-                                       std::vector<elementHandle> after)
+GroundOrderCommand::GroundOrderCommand(ProjectTab& tab, std::vector<ElementHandle> before,
+                                       std::vector<ElementHandle> after)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_before(std::move(before)),
@@ -130,14 +130,14 @@ void GroundOrderCommand::undo()
     lay(m_before);
 }
 
-void GroundOrderCommand::lay(const std::vector<elementHandle>& order)
+void GroundOrderCommand::lay(const std::vector<ElementHandle>& order)
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
         return;
     std::int64_t counter = 0;
-    for (elementHandle handle : order) {
-        if (const elementNodePtr node = scene->elementWithHandle(handle))
+    for (ElementHandle handle : order) {
+        if (const ElementNodePtr node = scene->elementWithHandle(handle))
             node->sequenceId = counter;
         ++counter;
     }

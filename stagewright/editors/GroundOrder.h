@@ -14,39 +14,39 @@
 namespace stagewright {
 
 class SceneSettings;
-class elementNode;
-class projectTab;
-class sceneEditor;
+class ElementNode;
+class ProjectTab;
+class SceneEditor;
 
 /// The row of one ground node.
-groundOrderItem groundOrderItemOf(const elementNode& node);
+GroundOrderItem groundOrderItemOf(const ElementNode& node);
 /// The rows of the ground of `scene`, in the order of its nodes.
-std::vector<groundOrderItem> groundOrderItemsOf(const sceneEditor& scene);
+std::vector<GroundOrderItem> groundOrderItemsOf(const SceneEditor& scene);
 /// Fills the settings' rows from the front tab's canvas.
 void collectGroundOrderItems(SceneSettings& settings);
 
 /// `items` after a drag of the rows at `from` (ascending) to before row `to`.
-std::vector<groundOrderItem> movedItems(std::vector<groundOrderItem> items, std::vector<int> from, int to);
+std::vector<GroundOrderItem> movedItems(std::vector<GroundOrderItem> items, std::vector<int> from, int to);
 
 /// "Update": the sections of the shown level in the order of `items`, as
 /// one step of the tab's history; the ground is laid again.
-void applyGroundOrder(projectTab& tab, const std::vector<groundOrderItem>& items);
+void applyGroundOrder(ProjectTab& tab, const std::vector<GroundOrderItem>& items);
 
 /// The order of the ground sections as a step of the history. The sections
 /// are known by their handles, which survive the laying of the ground.
 class GroundOrderCommand : public HistoryStep {
 public:
-    GroundOrderCommand(projectTab& tab, std::vector<elementHandle> before, std::vector<elementHandle> after);
+    GroundOrderCommand(ProjectTab& tab, std::vector<ElementHandle> before, std::vector<ElementHandle> after);
     void redoStep() override;
     void undo() override;
 
 private:
-    void lay(const std::vector<elementHandle>& order);
+    void lay(const std::vector<ElementHandle>& order);
 
-    projectTab* m_tab;
+    ProjectTab* m_tab;
     tessaro::Uuid m_levelId;
-    std::vector<elementHandle> m_before;
-    std::vector<elementHandle> m_after;
+    std::vector<ElementHandle> m_before;
+    std::vector<ElementHandle> m_after;
 };
 
 } // namespace stagewright

@@ -19,19 +19,19 @@ namespace stagewright {
 
 using tessaro::groundBaseType;
 
-QString groundOrderRowText(const groundOrderItem& item)
+QString groundOrderRowText(const GroundOrderItem& item)
 {
     if (item.groundType == groundBaseType::Ground)
-        return groundReorderView::tr("Name: %1\nImage: %2\nStacked: %3\nRepeat Times: %4")
+        return GroundReorderView::tr("Name: %1\nImage: %2\nStacked: %3\nRepeat Times: %4")
             .arg(item.name, item.image, item.stacked ? QStringLiteral("true") : QStringLiteral("false"))
             .arg(item.repeatCount);
-    return groundReorderView::tr("Name: %1\nGround Type: %2\nDistance: {%3, %4}")
+    return GroundReorderView::tr("Name: %1\nGround Type: %2\nDistance: {%3, %4}")
         .arg(item.name, QString::fromUtf8(tessaro::caseText(item.groundType)))
         .arg(item.distance.width)
         .arg(item.distance.height);
 }
 
-groundReorderView::groundReorderView(SceneSettings& settings, QWidget* parent)
+GroundReorderView::GroundReorderView(SceneSettings& settings, QWidget* parent)
     : QDialog(parent),
       m_settings(settings),
       m_sets(settings.groundOrderItems())
@@ -71,8 +71,8 @@ groundReorderView::groundReorderView(SceneSettings& settings, QWidget* parent)
     stack->setCurrentWidget(m_sets.empty() ? static_cast<QWidget*>(empty) : m_list);
     layout->addLayout(stack, 1);
 
-    connect(updateButton, &QPushButton::clicked, this, &groundReorderView::update);
-    connect(cancelButton, &QPushButton::clicked, this, &groundReorderView::cancel);
+    connect(updateButton, &QPushButton::clicked, this, &GroundReorderView::update);
+    connect(cancelButton, &QPushButton::clicked, this, &GroundReorderView::cancel);
     connect(m_list->model(), &QAbstractItemModel::rowsMoved, this,
             [this](const QModelIndex&, int start, int end, const QModelIndex&, int row) {
                 std::vector<int> from;
@@ -82,7 +82,7 @@ groundReorderView::groundReorderView(SceneSettings& settings, QWidget* parent)
                 const QSignalBlocker quiet(m_list->model());
                 m_sets = movedItems(std::move(m_sets), from, row);
                 QStringList names;
-                for (const groundOrderItem& item : m_sets)
+                for (const GroundOrderItem& item : m_sets)
                     names << item.name;
                 diagnosticLine(QStringLiteral("sets: [%1]   from: %2, to: %3")
                                    .arg(names.join(QStringLiteral(", ")))
@@ -92,11 +92,11 @@ groundReorderView::groundReorderView(SceneSettings& settings, QWidget* parent)
     showRows();
 }
 
-void groundReorderView::showRows()
+void GroundReorderView::showRows()
 {
     const QSignalBlocker quiet(m_list->model());
     m_list->clear();
-    for (const groundOrderItem& item : m_sets) {
+    for (const GroundOrderItem& item : m_sets) {
         auto* row = new QListWidgetItem(groundOrderRowText(item), m_list);
         const std::optional<QImage> thumbnail = loadThumbnail(item.filename, {}, tessaro::sceneObjectType::ground);
         if (thumbnail)
@@ -104,13 +104,13 @@ void groundReorderView::showRows()
     }
 }
 
-void groundReorderView::moveRows(std::vector<int> from, int to)
+void GroundReorderView::moveRows(std::vector<int> from, int to)
 {
     m_sets = movedItems(std::move(m_sets), std::move(from), to);
     showRows();
 }
 
-void groundReorderView::update()
+void GroundReorderView::update()
 {
     m_settings.setGroundInspectorPresented(false);
     if (const auto tab = m_settings.selectedProjectTab())
@@ -118,7 +118,7 @@ void groundReorderView::update()
     accept();
 }
 
-void groundReorderView::cancel()
+void GroundReorderView::cancel()
 {
     m_settings.setGroundInspectorPresented(false);
     reject();
@@ -130,7 +130,7 @@ void installGroundReorder(SceneSettings& settings, QWidget* window)
         if (!settings.isGroundInspectorPresented())
             return;
         collectGroundOrderItems(settings);
-        auto* pane = new groundReorderView(settings, window);
+        auto* pane = new GroundReorderView(settings, window);
         pane->setAttribute(Qt::WA_DeleteOnClose);
         // Closing the window any way ends the presentation.
         QObject::connect(pane, &QDialog::finished, &settings,

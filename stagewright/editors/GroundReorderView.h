@@ -17,13 +17,13 @@ class SceneSettings;
 
 /// The text of a row: name, image, stacking and repeats of a plain section;
 /// name, type and distance of a hazard.
-QString groundOrderRowText(const groundOrderItem& item);
+QString groundOrderRowText(const GroundOrderItem& item);
 
-class groundReorderView : public QDialog {
+class GroundReorderView : public QDialog {
     Q_OBJECT
 public:
-    explicit groundReorderView(SceneSettings& settings, QWidget* parent = nullptr);
-    const std::vector<groundOrderItem>& sets() const { return m_sets; }
+    explicit GroundReorderView(SceneSettings& settings, QWidget* parent = nullptr);
+    const std::vector<GroundOrderItem>& sets() const { return m_sets; }
     /// Moves the rows `from` to before row `to`, as a drag does.
     void moveRows(std::vector<int> from, int to);
     void update();
@@ -33,7 +33,7 @@ private:
     void showRows();
 
     SceneSettings& m_settings;
-    std::vector<groundOrderItem> m_sets;
+    std::vector<GroundOrderItem> m_sets;
     QListWidget* m_list = nullptr;
 };
 

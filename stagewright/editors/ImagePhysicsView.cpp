@@ -15,9 +15,9 @@
 
 namespace stagewright {
 
-imagePhysicsView::imagePhysicsView(physicsEditMode mode, projectTab& tab, SceneSettings* settings, QWidget* parent)
+ImagePhysicsView::ImagePhysicsView(PhysicsEditMode mode, ProjectTab& tab, SceneSettings* settings, QWidget* parent)
     : QDialog(parent),
-      m_session(new imagePhysicsSession(mode, &tab, settings ? &settings->catalogues() : nullptr, this))
+      m_session(new ImagePhysicsSession(mode, &tab, settings ? &settings->catalogues() : nullptr, this))
 {
     setObjectName(QStringLiteral("imagePhysicsView"));
     setWindowTitle(tr("Physics"));
@@ -28,31 +28,31 @@ imagePhysicsView::imagePhysicsView(physicsEditMode mode, projectTab& tab, SceneS
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    m_navBar = new navBarViewType(*m_session, this);
+    m_navBar = new NavBarViewType(*m_session, this);
     column->addWidget(m_navBar);
     auto* body = new QHBoxLayout;
-    m_canvas = new physicsCanvasView(*m_session, this);
+    m_canvas = new PhysicsCanvasView(*m_session, this);
     body->addWidget(m_canvas, 1);
-    m_side = new sidePhysicsView(*m_session, this);
+    m_side = new SidePhysicsView(*m_session, this);
     body->addWidget(m_side);
     column->addLayout(body, 1);
 
-    connect(m_session, &imagePhysicsSession::changed, this, &imagePhysicsView::refresh);
-    connect(m_session, &imagePhysicsSession::readOutChanged, m_navBar, &navBarViewType::refreshReadOut);
-    connect(m_navBar, &navBarViewType::applyRequested, this, &imagePhysicsView::applyAndClose);
-    connect(m_navBar, &navBarViewType::cancelRequested, this, &QDialog::reject);
+    connect(m_session, &ImagePhysicsSession::changed, this, &ImagePhysicsView::refresh);
+    connect(m_session, &ImagePhysicsSession::readOutChanged, m_navBar, &NavBarViewType::refreshReadOut);
+    connect(m_navBar, &NavBarViewType::applyRequested, this, &ImagePhysicsView::applyAndClose);
+    connect(m_navBar, &NavBarViewType::cancelRequested, this, &QDialog::reject);
 
     // The sheet's history (on a template, then the catalogues'), and the
     // selected shape's deletion.
-    if (mode == physicsEditMode::base)
+    if (mode == PhysicsEditMode::base)
         markCatalogueEditor(*this);
     m_undo = new QAction(this);
     m_undo->setShortcut(QKeySequence::Undo);
-    connect(m_undo, &QAction::triggered, m_session, &imagePhysicsSession::undo);
+    connect(m_undo, &QAction::triggered, m_session, &ImagePhysicsSession::undo);
     m_redo = new QAction(this);
     m_redo->setShortcut(QKeySequence::Redo);
-    connect(m_redo, &QAction::triggered, m_session, &imagePhysicsSession::redo);
-    connect(m_session, &imagePhysicsSession::historyChanged, this, &imagePhysicsView::refreshHistory);
+    connect(m_redo, &QAction::triggered, m_session, &ImagePhysicsSession::redo);
+    connect(m_session, &ImagePhysicsSession::historyChanged, this, &ImagePhysicsView::refreshHistory);
     refreshHistory();
     auto* remove = new QAction(tr("Delete Shape"), this);
     remove->setShortcuts({QKeySequence::Delete, QKeySequence(Qt::Key_Backspace)});
@@ -61,9 +61,9 @@ imagePhysicsView::imagePhysicsView(physicsEditMode mode, projectTab& tab, SceneS
     refresh();
 }
 
-imagePhysicsView::~imagePhysicsView() = default;
+ImagePhysicsView::~ImagePhysicsView() = default;
 
-void imagePhysicsView::refresh()
+void ImagePhysicsView::refresh()
 {
     m_navBar->refresh();
     m_canvas->refresh();
@@ -71,7 +71,7 @@ void imagePhysicsView::refresh()
     m_side->refresh();
 }
 
-void imagePhysicsView::refreshHistory()
+void ImagePhysicsView::refreshHistory()
 {
     // Named as the Edit menu names its steps: "Undo Change Base Physics".
     m_undo->setEnabled(m_session->canUndo());
@@ -80,15 +80,15 @@ void imagePhysicsView::refreshHistory()
     m_redo->setText(m_session->canRedo() ? tr("Redo %1").arg(m_session->redoText()) : tr("Redo"));
 }
 
-void imagePhysicsView::applyAndClose()
+void ImagePhysicsView::applyAndClose()
 {
     m_session->applyPhysics();
     accept();
 }
 
-void showPhysicsEditor(QWidget* parent, projectTab& tab, SceneSettings* settings, physicsEditMode mode)
+void showPhysicsEditor(QWidget* parent, ProjectTab& tab, SceneSettings* settings, PhysicsEditMode mode)
 {
-    auto* sheet = new imagePhysicsView(mode, tab, settings, parent);
+    auto* sheet = new ImagePhysicsView(mode, tab, settings, parent);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
 }

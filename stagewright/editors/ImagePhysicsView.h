@@ -11,21 +11,21 @@ class QAction;
 
 namespace stagewright {
 
-class imagePhysicsSession;
-class navBarViewType;
-class physicsCanvasView;
-class sidePhysicsView;
+class ImagePhysicsSession;
+class NavBarViewType;
+class PhysicsCanvasView;
+class SidePhysicsView;
 
-class imagePhysicsView : public QDialog {
+class ImagePhysicsView : public QDialog {
     Q_OBJECT
 public:
-    imagePhysicsView(physicsEditMode mode, projectTab& tab, SceneSettings* settings, QWidget* parent = nullptr);
-    ~imagePhysicsView() override;
+    ImagePhysicsView(PhysicsEditMode mode, ProjectTab& tab, SceneSettings* settings, QWidget* parent = nullptr);
+    ~ImagePhysicsView() override;
 
-    imagePhysicsSession& session() const { return *m_session; }
-    navBarViewType* navBar() const { return m_navBar; }
-    physicsCanvasView* canvas() const { return m_canvas; }
-    sidePhysicsView* sidePanel() const { return m_side; }
+    ImagePhysicsSession& session() const { return *m_session; }
+    NavBarViewType* navBar() const { return m_navBar; }
+    PhysicsCanvasView* canvas() const { return m_canvas; }
+    SidePhysicsView* sidePanel() const { return m_side; }
 
     /// Stores the shapes and closes the sheet.
     void applyAndClose();
@@ -37,16 +37,16 @@ private:
     void refresh();
     void refreshHistory();
 
-    imagePhysicsSession* m_session;
-    navBarViewType* m_navBar;
-    physicsCanvasView* m_canvas;
-    sidePhysicsView* m_side;
+    ImagePhysicsSession* m_session;
+    NavBarViewType* m_navBar;
+    PhysicsCanvasView* m_canvas;
+    SidePhysicsView* m_side;
     QAction* m_undo;
     QAction* m_redo;
 };
 
 /// Opens the sheet over `parent` for the selection of `tab`.
-void showPhysicsEditor(QWidget* parent, projectTab& tab, SceneSettings* settings, physicsEditMode mode);
+void showPhysicsEditor(QWidget* parent, ProjectTab& tab, SceneSettings* settings, PhysicsEditMode mode);
 /// Makes the inspector's "Physics" buttons open the sheet.
 void installPhysicsEditor();
 

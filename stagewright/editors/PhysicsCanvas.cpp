@@ -23,7 +23,7 @@ constexpr double canvasMargin = 40;
 
 } // namespace
 
-physicsCanvasScene::physicsCanvasScene(imagePhysicsSession& session)
+PhysicsCanvasScene::PhysicsCanvasScene(ImagePhysicsSession& session)
     : Scene(QSizeF(600, 500)),
       m_session(session),
       m_layer(Node::create()),
@@ -44,7 +44,7 @@ physicsCanvasScene::physicsCanvasScene(imagePhysicsSession& session)
     refresh();
 }
 
-void physicsCanvasScene::refresh()
+void PhysicsCanvasScene::refresh()
 {
     const double s = m_session.scale();
     m_layer->setXScale(m_session.flipImageHorizontal() ? -s : s);
@@ -54,7 +54,7 @@ void physicsCanvasScene::refresh()
     refreshHandles();
 }
 
-void physicsCanvasScene::refreshImage()
+void PhysicsCanvasScene::refreshImage()
 {
     const WorkspaceImage& shown = m_session.currentImage();
     const qint64 key = shown.image.isNull() ? -1 : shown.image.cacheKey();
@@ -72,13 +72,13 @@ void physicsCanvasScene::refreshImage()
     m_image->setAlpha(m_session.alpha());
 }
 
-void physicsCanvasScene::refreshShapes()
+void PhysicsCanvasScene::refreshShapes()
 {
     const QSizeF size = m_session.shownImageSize();
     const double pixel = 1.0 / std::max(0.01, std::abs(m_session.scale()));
     std::map<tessaro::Uuid, tessaro::kit::ShapeNodePtr> kept;
-    for (const physicsElement& element : m_session.physicsElements()) {
-        const shapeTool* tool = shapeToolFor(element.type);
+    for (const PhysicsElement& element : m_session.physicsElements()) {
+        const ShapeTool* tool = shapeToolFor(element.type);
         if (!tool)
             continue;
         auto found = m_shapeNodes.find(element.id);
@@ -103,7 +103,7 @@ void physicsCanvasScene::refreshShapes()
     m_shapeNodes = std::move(kept);
 }
 
-void physicsCanvasScene::refreshHandles()
+void PhysicsCanvasScene::refreshHandles()
 {
     m_handles->removeAllChildren();
     const QSizeF size = m_session.shownImageSize();
@@ -117,53 +117,53 @@ void physicsCanvasScene::refreshHandles()
         handle->setAlpha(alpha);
         m_handles->addChild(handle);
     };
-    for (const physicsElement& element : m_session.physicsElements()) {
+    for (const PhysicsElement& element : m_session.physicsElements()) {
         if (!m_session.isDrawn(element))
             continue;
         const bool selected = element.id == m_session.selectedRow();
         // A polygon's first vertex is where a tap closes it.
-        if (element.type == physicsType::polygon && !element.points.empty())
+        if (element.type == PhysicsType::polygon && !element.points.empty())
             add(resolvedPolygon(element, size).front(), shapeColor, selected ? 1.0 : 0.4);
         if (!selected)
             continue;
         const std::vector<tessaro::PointValue> points = shapeToolFor(element.type)->handles(element, size);
-        for (std::size_t i = element.type == physicsType::polygon ? 1 : 0; i < points.size(); ++i)
+        for (std::size_t i = element.type == PhysicsType::polygon ? 1 : 0; i < points.size(); ++i)
             add(points[i], Qt::white, 1.0);
     }
 }
 
-tessaro::kit::ShapeNodePtr physicsCanvasScene::shapeNode(const tessaro::Uuid& id) const
+tessaro::kit::ShapeNodePtr PhysicsCanvasScene::SizerNode(const tessaro::Uuid& id) const
 {
     const auto found = m_shapeNodes.find(id);
     return found == m_shapeNodes.end() ? nullptr : found->second;
 }
 
-tessaro::PointValue physicsCanvasScene::shapePoint(const QPointF& scenePoint) const
+tessaro::PointValue PhysicsCanvasScene::shapePoint(const QPointF& scenePoint) const
 {
     const QPointF local = m_layer->convertPointFromNode(scenePoint, *this);
     return {std::round(local.x()), std::round(local.y())};
 }
 
-QPointF physicsCanvasScene::scenePoint(tessaro::PointValue p) const
+QPointF PhysicsCanvasScene::scenePoint(tessaro::PointValue p) const
 {
     return m_layer->convertPointToNode(QPointF(p.x, p.y), *this);
 }
 
-bool physicsCanvasScene::isOverImage(const QPointF& scenePoint) const
+bool PhysicsCanvasScene::isOverImage(const QPointF& scenePoint) const
 {
     const QSizeF size = m_session.shownImageSize();
     const QPointF local = m_layer->convertPointFromNode(scenePoint, *this);
     return std::abs(local.x()) <= size.width() / 2 && std::abs(local.y()) <= size.height() / 2;
 }
 
-QSizeF physicsCanvasScene::contentSize() const
+QSizeF PhysicsCanvasScene::contentSize() const
 {
     const double s = std::abs(m_session.scale());
     const QSizeF image = m_session.shownImageSize();
     return {image.width() * s + 2 * canvasMargin, image.height() * s + 2 * canvasMargin};
 }
 
-QPointF physicsCanvasScene::track(const tessaro::kit::MouseEvent& event)
+QPointF PhysicsCanvasScene::track(const tessaro::kit::MouseEvent& event)
 {
     const bool over = isOverImage(event.sceneLocation);
     if (over != m_session.imageViewHovered()) {
@@ -174,34 +174,34 @@ QPointF physicsCanvasScene::track(const tessaro::kit::MouseEvent& event)
     return event.sceneLocation;
 }
 
-void physicsCanvasScene::mouseDown(const tessaro::kit::MouseEvent& event)
+void PhysicsCanvasScene::mouseDown(const tessaro::kit::MouseEvent& event)
 {
     m_session.pointerDown(shapePoint(track(event)));
 }
 
-void physicsCanvasScene::mouseDragged(const tessaro::kit::MouseEvent& event)
+void PhysicsCanvasScene::mouseDragged(const tessaro::kit::MouseEvent& event)
 {
     const tessaro::PointValue p = shapePoint(track(event));
     m_session.pointerMoved(p);
     m_session.pointerDragged(p);
 }
 
-void physicsCanvasScene::mouseUp(const tessaro::kit::MouseEvent& event)
+void PhysicsCanvasScene::mouseUp(const tessaro::kit::MouseEvent& event)
 {
     m_session.pointerUp(shapePoint(track(event)));
 }
 
-void physicsCanvasScene::mouseMoved(const tessaro::kit::MouseEvent& event)
+void PhysicsCanvasScene::mouseMoved(const tessaro::kit::MouseEvent& event)
 {
     m_session.pointerMoved(shapePoint(track(event)));
 }
 
 // ---- The widget -----------------------------------------------------------------------------
 
-physicsCanvasView::physicsCanvasView(imagePhysicsSession& session, QWidget* parent)
+PhysicsCanvasView::PhysicsCanvasView(ImagePhysicsSession& session, QWidget* parent)
     : QScrollArea(parent),
       m_session(session),
-      m_scene(std::make_shared<physicsCanvasScene>(session)),
+      m_scene(std::make_shared<PhysicsCanvasScene>(session)),
       m_view(new tessaro::kit::SceneView)
 {
     setObjectName(QStringLiteral("physicsCanvas"));
@@ -216,25 +216,25 @@ physicsCanvasView::physicsCanvasView(imagePhysicsSession& session, QWidget* pare
     relayout();
 }
 
-physicsCanvasView::~physicsCanvasView()
+PhysicsCanvasView::~PhysicsCanvasView()
 {
     m_view->presentScene(nullptr);
 }
 
-void physicsCanvasView::refresh()
+void PhysicsCanvasView::refresh()
 {
     m_scene->refresh();
     relayout();
     m_view->update();
 }
 
-void physicsCanvasView::resizeEvent(QResizeEvent* event)
+void PhysicsCanvasView::resizeEvent(QResizeEvent* event)
 {
     QScrollArea::resizeEvent(event);
     relayout();
 }
 
-void physicsCanvasView::relayout()
+void PhysicsCanvasView::relayout()
 {
     const QSizeF content = m_scene->contentSize();
     const QSize room = viewport()->size();

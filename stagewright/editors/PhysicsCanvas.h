@@ -19,11 +19,11 @@
 
 namespace stagewright {
 
-class imagePhysicsSession;
+class ImagePhysicsSession;
 
-class physicsCanvasScene : public tessaro::kit::Scene {
+class PhysicsCanvasScene : public tessaro::kit::Scene {
 public:
-    explicit physicsCanvasScene(imagePhysicsSession& session);
+    explicit PhysicsCanvasScene(ImagePhysicsSession& session);
 
     /// Shows the session as it is now.
     void refresh();
@@ -40,7 +40,7 @@ public:
 
     const tessaro::kit::NodePtr& layer() const { return m_layer; }
     /// The node drawing a shape; null when there is none.
-    tessaro::kit::ShapeNodePtr shapeNode(const tessaro::Uuid& id) const;
+    tessaro::kit::ShapeNodePtr SizerNode(const tessaro::Uuid& id) const;
     /// The handles drawn, in layer space.
     const tessaro::kit::NodePtr& handleLayer() const { return m_handles; }
 
@@ -56,7 +56,7 @@ private:
     void refreshShapes();
     void refreshHandles();
 
-    imagePhysicsSession& m_session;
+    ImagePhysicsSession& m_session;
     tessaro::kit::NodePtr m_layer;
     std::shared_ptr<tessaro::kit::SpriteNode> m_image;
     qint64 m_imageKey = -1;
@@ -67,13 +67,13 @@ private:
 
 /// The canvas widget: the kit's view of the scene, as large as the image at
 /// its scale (and no smaller than the space it is given), in a scroll area.
-class physicsCanvasView : public QScrollArea {
+class PhysicsCanvasView : public QScrollArea {
     Q_OBJECT
 public:
-    explicit physicsCanvasView(imagePhysicsSession& session, QWidget* parent = nullptr);
-    ~physicsCanvasView() override;
+    explicit PhysicsCanvasView(ImagePhysicsSession& session, QWidget* parent = nullptr);
+    ~PhysicsCanvasView() override;
 
-    physicsCanvasScene& scene() const { return *m_scene; }
+    PhysicsCanvasScene& scene() const { return *m_scene; }
     tessaro::kit::SceneView* sceneView() const { return m_view; }
     /// Shows the session as it is now.
     void refresh();
@@ -84,8 +84,8 @@ protected:
 private:
     void relayout();
 
-    imagePhysicsSession& m_session;
-    std::shared_ptr<physicsCanvasScene> m_scene;
+    ImagePhysicsSession& m_session;
+    std::shared_ptr<PhysicsCanvasScene> m_scene;
     tessaro::kit::SceneView* m_view;
 };
 

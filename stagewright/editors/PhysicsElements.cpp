@@ -28,7 +28,7 @@ std::string pointText(double first, double second)
 }
 
 template <class R>
-R recordOf(const physicsElement& element)
+R recordOf(const PhysicsElement& element)
 {
     R record;
     record.id = tessaro::Uuid::create();
@@ -39,7 +39,7 @@ R recordOf(const physicsElement& element)
 }
 
 template <class R>
-void common(physicsElement& element, const R& record)
+void common(PhysicsElement& element, const R& record)
 {
     element.action = actionsOf(record.action);
     element.framesAffected = record.framesAffected.value_or(std::string());
@@ -47,43 +47,43 @@ void common(physicsElement& element, const R& record)
 
 } // namespace
 
-physicsElement physicsElement::make(physicsType type, tessaro::PointValue first)
+PhysicsElement PhysicsElement::make(PhysicsType type, tessaro::PointValue first)
 {
-    physicsElement element;
+    PhysicsElement element;
     element.type = type;
-    if (type == physicsType::polygon) {
+    if (type == PhysicsType::polygon) {
         element.direction = tessaro::pathDirection::both;
         element.points.push_back({tessaro::Uuid::create(), first});
     }
     return element;
 }
 
-std::vector<physicsElement> loadPhysicsElements(const std::optional<tessaro::PhysicsProperty>& record)
+std::vector<PhysicsElement> loadPhysicsElements(const std::optional<tessaro::PhysicsProperty>& record)
 {
-    std::vector<physicsElement> elements;
+    std::vector<PhysicsElement> elements;
     if (!record)
         return elements;
     for (const tessaro::EdgePhysics& edge : record->edges.value_or(std::vector<tessaro::EdgePhysics>{})) {
-        physicsElement& element = elements.emplace_back(physicsElement::make(physicsType::edge));
+        PhysicsElement& element = elements.emplace_back(PhysicsElement::make(PhysicsType::edge));
         common(element, edge);
         element.startPoint = tessaro::pointFromText(edge.startPoint);
         element.endPoint = tessaro::pointFromText(edge.endPoint);
     }
     for (const tessaro::RectanglePhysics& rect :
          record->rectangles.value_or(std::vector<tessaro::RectanglePhysics>{})) {
-        physicsElement& element = elements.emplace_back(physicsElement::make(physicsType::rect));
+        PhysicsElement& element = elements.emplace_back(PhysicsElement::make(PhysicsType::rect));
         common(element, rect);
         element.size = tessaro::sizeFromText(rect.size);
         element.center = rect.center ? tessaro::pointFromText(*rect.center) : tessaro::PointValue{};
     }
     // A circle always sits on the image's centre; a stored centre is not read.
     for (const tessaro::RadiusPhysics& circle : record->radiuses.value_or(std::vector<tessaro::RadiusPhysics>{})) {
-        physicsElement& element = elements.emplace_back(physicsElement::make(physicsType::radius));
+        PhysicsElement& element = elements.emplace_back(PhysicsElement::make(PhysicsType::radius));
         common(element, circle);
         element.radius = circle.radius;
     }
     for (const tessaro::PolyPhysics& polygon : record->polygons.value_or(std::vector<tessaro::PolyPhysics>{})) {
-        physicsElement& element = elements.emplace_back(physicsElement::make(physicsType::polygon));
+        PhysicsElement& element = elements.emplace_back(PhysicsElement::make(PhysicsType::polygon));
         common(element, polygon);
         element.direction =
             tessaro::caseFromText<tessaro::pathDirection>(polygon.direction).value_or(tessaro::pathDirection::none);
@@ -92,11 +92,11 @@ std::vector<physicsElement> loadPhysicsElements(const std::optional<tessaro::Phy
             element.points.push_back({tessaro::Uuid::create(), tessaro::pointFromText(point.point)});
     }
     std::stable_sort(elements.begin(), elements.end(),
-                     [](const physicsElement& a, const physicsElement& b) { return a.type < b.type; });
+                     [](const PhysicsElement& a, const PhysicsElement& b) { return a.type < b.type; });
     return elements;
 }
 
-void appendPhysicsRecord(const physicsElement& element, tessaro::PhysicsProperty& record)
+void appendPhysicsRecord(const PhysicsElement& element, tessaro::PhysicsProperty& record)
 {
     const auto into = [](auto& list) -> auto&
     {
@@ -105,30 +105,30 @@ void appendPhysicsRecord(const physicsElement& element, tessaro::PhysicsProperty
         return *list;
     };
     switch (element.type) {
-    case physicsType::edge: {
+    case PhysicsType::edge: {
         auto edge = recordOf<tessaro::EdgePhysics>(element);
         edge.startPoint = pointText(element.startPoint.x, element.startPoint.y);
         edge.endPoint = pointText(element.endPoint.x, element.endPoint.y);
         into(record.edges).push_back(std::move(edge));
         break;
     }
-    case physicsType::rect: {
+    case PhysicsType::rect: {
         auto rect = recordOf<tessaro::RectanglePhysics>(element);
         rect.size = pointText(element.size.width, element.size.height);
         rect.center = pointText(element.center.x, element.center.y);
         into(record.rectangles).push_back(std::move(rect));
         break;
     }
-    case physicsType::radius: {
+    case PhysicsType::radius: {
         auto circle = recordOf<tessaro::RadiusPhysics>(element);
         circle.radius = element.radius;
         into(record.radiuses).push_back(std::move(circle));
         break;
     }
-    case physicsType::polygon: {
+    case PhysicsType::polygon: {
         auto polygon = recordOf<tessaro::PolyPhysics>(element);
         polygon.direction = std::string(tessaro::caseText(element.direction));
-        for (const pointInternal& vertex : element.points) {
+        for (const PointInternal& vertex : element.points) {
             tessaro::Point point;
             point.id = tessaro::Uuid::create();
             point.point = pointText(vertex.point.x, vertex.point.y);
@@ -137,16 +137,16 @@ void appendPhysicsRecord(const physicsElement& element, tessaro::PhysicsProperty
         into(record.polygons).push_back(std::move(polygon));
         break;
     }
-    case physicsType::none: break;
+    case PhysicsType::none: break;
     }
 }
 
-tessaro::PhysicsProperty buildPhysicsProperty(const std::vector<physicsElement>& elements)
+tessaro::PhysicsProperty buildPhysicsProperty(const std::vector<PhysicsElement>& elements)
 {
     tessaro::PhysicsProperty record;
     record.id = tessaro::Uuid::create();
     // Only the kinds that have shapes get a list.
-    for (const physicsElement& element : elements)
+    for (const PhysicsElement& element : elements)
         appendPhysicsRecord(element, record);
     return record;
 }

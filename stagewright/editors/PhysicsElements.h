@@ -22,34 +22,34 @@
 
 namespace stagewright {
 
-enum class physicsType { STAGEWRIGHT_PHYSICS_TYPE(TESSARO_ENUM_CASE) };
+enum class PhysicsType { STAGEWRIGHT_PHYSICS_TYPE(TESSARO_ENUM_CASE) };
 /// The drawing tool of the editor.
-enum class insertType { STAGEWRIGHT_INSERT_TYPE(TESSARO_ENUM_CASE) };
+enum class InsertType { STAGEWRIGHT_INSERT_TYPE(TESSARO_ENUM_CASE) };
 
 } // namespace stagewright
 
 template <>
-struct tessaro::EnumCases<stagewright::physicsType> {
+struct tessaro::EnumCases<stagewright::PhysicsType> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_PHYSICS_TYPE(TESSARO_ENUM_TEXT)};
 };
 template <>
-struct tessaro::EnumCases<stagewright::insertType> {
+struct tessaro::EnumCases<stagewright::InsertType> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_INSERT_TYPE(TESSARO_ENUM_TEXT)};
 };
 
 namespace stagewright {
 
 /// One vertex of a polygon while the editor is open.
-struct pointInternal {
+struct PointInternal {
     tessaro::Uuid id = tessaro::Uuid::create();
     tessaro::PointValue point;
-    bool operator==(const pointInternal&) const = default;
+    bool operator==(const PointInternal&) const = default;
 };
 
 /// One shape while the editor is open; `id` is never stored.
-struct physicsElement {
+struct PhysicsElement {
     tessaro::Uuid id = tessaro::Uuid::create();
-    physicsType type = physicsType::none;
+    PhysicsType type = PhysicsType::none;
     std::vector<tessaro::actionType> action{tessaro::actionType::all};
     tessaro::pathDirection direction = tessaro::pathDirection::none;
     std::string framesAffected;
@@ -58,21 +58,21 @@ struct physicsElement {
     tessaro::SizeValue size;
     tessaro::PointValue center;
     double radius = 0;
-    std::vector<pointInternal> points;
+    std::vector<PointInternal> points;
 
-    bool operator==(const physicsElement&) const = default;
+    bool operator==(const PhysicsElement&) const = default;
 
     /// A new shape of `type`; a polygon starts with its first vertex at `first`.
-    static physicsElement make(physicsType type, tessaro::PointValue first = {});
+    static PhysicsElement make(PhysicsType type, tessaro::PointValue first = {});
 };
 
 /// The stored shapes as the editor's list: edges, polygons, circles, then
 /// rectangles, each kind in its stored order. No record gives an empty list.
-std::vector<physicsElement> loadPhysicsElements(const std::optional<tessaro::PhysicsProperty>& record);
+std::vector<PhysicsElement> loadPhysicsElements(const std::optional<tessaro::PhysicsProperty>& record);
 /// Appends the stored form of `element` to its list in `record`.
-void appendPhysicsRecord(const physicsElement& element, tessaro::PhysicsProperty& record);
+void appendPhysicsRecord(const PhysicsElement& element, tessaro::PhysicsProperty& record);
 /// The stored form of the whole list; a kind without shapes has no list.
-tessaro::PhysicsProperty buildPhysicsProperty(const std::vector<physicsElement>& elements);
+tessaro::PhysicsProperty buildPhysicsProperty(const std::vector<PhysicsElement>& elements);
 
 /// A pointer location (window coordinates, y upward) as shape coordinates,
 /// given the frames of the editor's content and of its image area.

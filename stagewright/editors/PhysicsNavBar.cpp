@@ -37,27 +37,27 @@ QToolButton* commandButton(const QString& text, const QString& themeIcon, QStyle
 
 } // namespace
 
-const std::vector<insertItem>& insertItems()
+const std::vector<InsertItem>& insertItems()
 {
-    static const std::vector<insertItem> items{
-        {QObject::tr("Selection"), "hand.tap", insertType::none},
-        {QObject::tr("Rectangle"), "Rectangle", insertType::rectangle},
-        {QObject::tr("Radius"), "circle", insertType::radius},
-        {QObject::tr("Edge"), "line.3.horizontal.decrease", insertType::edge},
-        {QObject::tr("Polygon"), "octagon", insertType::polygon},
+    static const std::vector<InsertItem> items{
+        {QObject::tr("Selection"), "hand.tap", InsertType::none},
+        {QObject::tr("Rectangle"), "Rectangle", InsertType::rectangle},
+        {QObject::tr("Radius"), "circle", InsertType::radius},
+        {QObject::tr("Edge"), "line.3.horizontal.decrease", InsertType::edge},
+        {QObject::tr("Polygon"), "octagon", InsertType::polygon},
     };
     return items;
 }
 
-const insertItem& insertItemFor(insertType type)
+const InsertItem& insertItemFor(InsertType type)
 {
-    for (const insertItem& item : insertItems())
+    for (const InsertItem& item : insertItems())
         if (item.type == type)
             return item;
     return insertItems().front();
 }
 
-QIcon insertIcon(insertType type, const QColor& colour)
+QIcon insertIcon(InsertType type, const QColor& colour)
 {
     QPixmap picture(32, 32);
     picture.fill(Qt::transparent);
@@ -65,13 +65,13 @@ QIcon insertIcon(insertType type, const QColor& colour)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(colour, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     switch (type) {
-    case insertType::rectangle: painter.drawRect(QRectF(6, 9, 20, 14)); break;
-    case insertType::radius: painter.drawEllipse(QPointF(16, 16), 10, 10); break;
-    case insertType::edge:
+    case InsertType::rectangle: painter.drawRect(QRectF(6, 9, 20, 14)); break;
+    case InsertType::radius: painter.drawEllipse(QPointF(16, 16), 10, 10); break;
+    case InsertType::edge:
         for (int i = 0; i < 3; ++i)
             painter.drawLine(QPointF(5 + 4 * i, 10 + 6 * i), QPointF(27 - 4 * i, 10 + 6 * i));
         break;
-    case insertType::polygon: {
+    case InsertType::polygon: {
         QPainterPath octagon;
         for (int i = 0; i < 8; ++i) {
             const double angle = M_PI / 8 + i * M_PI / 4;
@@ -82,7 +82,7 @@ QIcon insertIcon(insertType type, const QColor& colour)
         painter.drawPath(octagon);
         break;
     }
-    case insertType::none: {
+    case InsertType::none: {
         // A finger tapping: a rounded stem and a ring where it touches.
         painter.drawRoundedRect(QRectF(13, 6, 6, 16), 3, 3);
         painter.drawEllipse(QPointF(16, 25), 5, 2.5);
@@ -92,7 +92,7 @@ QIcon insertIcon(insertType type, const QColor& colour)
     return QIcon(picture);
 }
 
-navBarViewType::navBarViewType(imagePhysicsSession& session, QWidget* parent) : QWidget(parent), m_session(session)
+NavBarViewType::NavBarViewType(ImagePhysicsSession& session, QWidget* parent) : QWidget(parent), m_session(session)
 {
     setObjectName(QStringLiteral("physicsNavBar"));
     auto* layout = new QHBoxLayout(this);
@@ -103,7 +103,7 @@ navBarViewType::navBarViewType(imagePhysicsSession& session, QWidget* parent) : 
     m_tool->setFixedSize(90, 80);
     m_tool->setIconSize(QSize(32, 32));
     m_tool->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    connect(m_tool, &QToolButton::clicked, this, &navBarViewType::toggleToolPopover);
+    connect(m_tool, &QToolButton::clicked, this, &NavBarViewType::toggleToolPopover);
     layout->addWidget(m_tool);
 
     QStringList alphas = physicsAlphaValues();
@@ -145,17 +145,17 @@ navBarViewType::navBarViewType(imagePhysicsSession& session, QWidget* parent) : 
     auto* apply = commandButton(m_session.editBaseElement() ? tr("Save") : tr("Apply"), QStringLiteral("document-save"),
                                 QStyle::SP_DialogSaveButton, tr("Apply the changes and close the window."), this);
     apply->setObjectName(QStringLiteral("applyButton"));
-    connect(apply, &QToolButton::clicked, this, &navBarViewType::applyRequested);
+    connect(apply, &QToolButton::clicked, this, &NavBarViewType::applyRequested);
     layout->addWidget(apply);
     auto* cancel = commandButton(tr("Cancel"), QStringLiteral("dialog-cancel"), QStyle::SP_DialogCancelButton,
                                  tr("Cancel the changes and close the window."), this);
     cancel->setObjectName(QStringLiteral("cancelButton"));
-    connect(cancel, &QToolButton::clicked, this, &navBarViewType::cancelRequested);
+    connect(cancel, &QToolButton::clicked, this, &NavBarViewType::cancelRequested);
     layout->addWidget(cancel);
     refresh();
 }
 
-QComboBox* navBarViewType::picker(const QString& title, const QStringList& labels, const QStringList& values)
+QComboBox* NavBarViewType::picker(const QString& title, const QStringList& labels, const QStringList& values)
 {
     auto* box = new QWidget(this);
     auto* column = new QVBoxLayout(box);
@@ -173,9 +173,9 @@ QComboBox* navBarViewType::picker(const QString& title, const QStringList& label
     return combo;
 }
 
-void navBarViewType::refresh()
+void NavBarViewType::refresh()
 {
-    const insertItem& tool = insertItemFor(m_session.activeType());
+    const InsertItem& tool = insertItemFor(m_session.activeType());
     m_tool->setText(tool.name);
     m_tool->setIcon(insertIcon(tool.type, palette().color(QPalette::ButtonText)));
     m_tool->setToolTip(m_session.canChooseTool() ? tr("Choose the drawing tool.")
@@ -193,12 +193,12 @@ void navBarViewType::refresh()
     refreshReadOut();
 }
 
-void navBarViewType::refreshReadOut()
+void NavBarViewType::refreshReadOut()
 {
     m_readOut->setText(m_session.yValues());
 }
 
-void navBarViewType::toggleToolPopover()
+void NavBarViewType::toggleToolPopover()
 {
     if (!m_session.canChooseTool())
         return;
@@ -212,14 +212,14 @@ void navBarViewType::toggleToolPopover()
         auto* rows = new QVBoxLayout(m_popover);
         rows->setContentsMargins(4, 4, 4, 4);
         rows->setSpacing(0);
-        for (const insertItem& item : insertItems()) {
+        for (const InsertItem& item : insertItems()) {
             auto* row =
                 new QPushButton(insertIcon(item.type, palette().color(QPalette::ButtonText)), item.name, m_popover);
             row->setObjectName(item.name);
             row->setFlat(true);
             row->setIconSize(QSize(24, 24));
             row->setStyleSheet(QStringLiteral("text-align: left; padding: 4px 12px;"));
-            const insertType type = item.type;
+            const InsertType type = item.type;
             connect(row, &QPushButton::clicked, this, [this, type] {
                 m_session.setActiveType(type);
                 m_popover->hide();

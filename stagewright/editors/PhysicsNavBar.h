@@ -18,25 +18,25 @@ class QToolButton;
 
 namespace stagewright {
 
-class imagePhysicsSession;
+class ImagePhysicsSession;
 
 /// One row of the tools' popover.
-struct insertItem {
+struct InsertItem {
     QString name;
     QString icon; // the symbol's name; the picture is drawn
-    insertType type;
+    InsertType type;
 };
 /// "Selection", "Rectangle", "Radius", "Edge", "Polygon", in this order.
-const std::vector<insertItem>& insertItems();
+const std::vector<InsertItem>& insertItems();
 /// The row of a tool.
-const insertItem& insertItemFor(insertType type);
+const InsertItem& insertItemFor(InsertType type);
 /// The picture of a tool, drawn in `colour`.
-QIcon insertIcon(insertType type, const QColor& colour);
+QIcon insertIcon(InsertType type, const QColor& colour);
 
-class navBarViewType : public QWidget {
+class NavBarViewType : public QWidget {
     Q_OBJECT
 public:
-    explicit navBarViewType(imagePhysicsSession& session, QWidget* parent = nullptr);
+    explicit NavBarViewType(ImagePhysicsSession& session, QWidget* parent = nullptr);
     /// Shows the session's settings.
     void refresh();
     void refreshReadOut();
@@ -52,7 +52,7 @@ private:
     void toggleToolPopover();
     QComboBox* picker(const QString& title, const QStringList& labels, const QStringList& values);
 
-    imagePhysicsSession& m_session;
+    ImagePhysicsSession& m_session;
     QToolButton* m_tool = nullptr;
     QFrame* m_popover = nullptr;
     QComboBox* m_alpha = nullptr;

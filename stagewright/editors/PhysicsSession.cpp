@@ -45,15 +45,15 @@ QSizeF qtSize(tessaro::SizeValue size)
 }
 
 /// The catalogue template behind the selected element.
-std::optional<defaultViewRecord> baseRecord(const projectTab& tab)
+std::optional<DefaultViewRecord> baseRecord(const ProjectTab& tab)
 {
-    const selectedObjectModel& object = tab.selectedObject();
-    return findCatalogueRecord(object.type, baseFieldText(baseField::elementName, object.defaultViewProperties));
+    const SelectedObjectModel& object = tab.selectedObject();
+    return findCatalogueRecord(object.type, baseFieldText(BaseField::elementName, object.defaultViewProperties));
 }
 
 /// The template's shapes; an obstacle's shapes of single frames are kept in
 /// its animation and shown beside the others.
-std::optional<tessaro::PhysicsProperty> physicsOf(const defaultViewRecord& record)
+std::optional<tessaro::PhysicsProperty> physicsOf(const DefaultViewRecord& record)
 {
     std::optional<tessaro::PhysicsProperty> physics =
         std::visit([](const auto& r) { return r.physics ? std::optional(*r.physics) : std::nullopt; }, record);
@@ -66,7 +66,7 @@ std::optional<tessaro::PhysicsProperty> physicsOf(const defaultViewRecord& recor
 
 /// Stores the sheet's shapes in a template: an obstacle's shapes of single
 /// frames go to its animation, which then changes its body frame by frame.
-void storePhysics(defaultViewRecord& record, const tessaro::PhysicsProperty& stored)
+void storePhysics(DefaultViewRecord& record, const tessaro::PhysicsProperty& stored)
 {
     auto* obstacle = std::get_if<tessaro::Obstacle>(&record);
     if (!obstacle) {
@@ -88,23 +88,23 @@ void storePhysics(defaultViewRecord& record, const tessaro::PhysicsProperty& sto
 /// The template's shapes as the sheet edits them, without the ids that every
 /// reading and writing makes anew: two templates with the same shapes give
 /// the same list.
-std::vector<physicsElement> shapesOf(const defaultViewRecord& record)
+std::vector<PhysicsElement> shapesOf(const DefaultViewRecord& record)
 {
-    std::vector<physicsElement> shapes = loadPhysicsElements(physicsOf(record));
-    for (physicsElement& shape : shapes) {
+    std::vector<PhysicsElement> shapes = loadPhysicsElements(physicsOf(record));
+    for (PhysicsElement& shape : shapes) {
         shape.id = {};
-        for (pointInternal& vertex : shape.points)
+        for (PointInternal& vertex : shape.points)
             vertex.id = {};
     }
     return shapes;
 }
 
-tessaro::SizeValue deviceSizeOf(const defaultViewRecord& record)
+tessaro::SizeValue deviceSizeOf(const DefaultViewRecord& record)
 {
     return std::visit([](const auto& r) { return tessaro::deviceValue<tessaro::fieldList::size>(r.devices); }, record);
 }
 
-std::string imageOf(const defaultViewRecord& record)
+std::string imageOf(const DefaultViewRecord& record)
 {
     return std::visit([](const auto& r) { return r.image.value_or(std::string()); }, record);
 }
@@ -130,16 +130,16 @@ double physicsPickerNumber(const QString& text)
     return ok ? tessaro::roundedValue(value, 2) : 0.0;
 }
 
-imagePhysicsSession::imagePhysicsSession(physicsEditMode mode, projectTab* tab, CatalogueDocument* catalogues,
+ImagePhysicsSession::ImagePhysicsSession(PhysicsEditMode mode, ProjectTab* tab, CatalogueDocument* catalogues,
                                          QObject* parent)
     : QObject(parent),
       m_mode(mode),
       m_tab(tab),
       m_catalogues(catalogues)
 {
-    connect(&m_history, &QUndoStack::indexChanged, this, &imagePhysicsSession::historyChanged);
+    connect(&m_history, &QUndoStack::indexChanged, this, &ImagePhysicsSession::historyChanged);
     if (QUndoStack* catalogue = catalogueHistory()) {
-        connect(catalogue, &QUndoStack::indexChanged, this, &imagePhysicsSession::historyChanged);
+        connect(catalogue, &QUndoStack::indexChanged, this, &ImagePhysicsSession::historyChanged);
         // A template's list follows the catalogue while it holds no edits of its own.
         connect(m_catalogues, &CatalogueDocument::recordChanged, this, [this] {
             if (m_history.index() == 0)
@@ -148,11 +148,11 @@ imagePhysicsSession::imagePhysicsSession(physicsEditMode mode, projectTab* tab, 
     }
 }
 
-imagePhysicsSession::~imagePhysicsSession() = default;
+ImagePhysicsSession::~ImagePhysicsSession() = default;
 
 // ---- Opening ------------------------------------------------------------------------------
 
-void imagePhysicsSession::loadPhysicsSession()
+void ImagePhysicsSession::loadPhysicsSession()
 {
     m_elements.clear();
     m_imageList.clear();
@@ -160,22 +160,22 @@ void imagePhysicsSession::loadPhysicsSession()
     m_imageSize = {0, 0};
     if (!m_tab)
         return;
-    const selectedObjectModel& object = m_tab->selectedObject();
+    const SelectedObjectModel& object = m_tab->selectedObject();
     std::string image = object.image;
     std::optional<tessaro::PhysicsProperty> source;
     tessaro::SizeValue size;
 
     switch (m_mode) {
-    case physicsEditMode::base:
-        if (const std::optional<defaultViewRecord> record = baseRecord(*m_tab)) {
+    case PhysicsEditMode::base:
+        if (const std::optional<DefaultViewRecord> record = baseRecord(*m_tab)) {
             source = physicsOf(*record);
             size = deviceSizeOf(*record);
             if (!imageOf(*record).empty())
                 image = imageOf(*record);
         }
         break;
-    case physicsEditMode::animation: {
-        const selectedAnimationModel& animation = m_tab->selectedAnimationObject();
+    case PhysicsEditMode::animation: {
+        const SelectedAnimationModel& animation = m_tab->selectedAnimationObject();
         source = animation.End_physics;
         // The end animation is shown at its own size when it has one.
         size = animation.End_size;
@@ -183,10 +183,10 @@ void imagePhysicsSession::loadPhysicsSession()
             image = animation.End_atlasName;
         break;
     }
-    case physicsEditMode::element: {
+    case PhysicsEditMode::element: {
         source = object.physics;
-        const selectedDeviceModel& device = m_tab->selectedDeviceObject();
-        if (std::find(device.inherited.begin(), device.inherited.end(), publishedElementList::size) !=
+        const SelectedDeviceModel& device = m_tab->selectedDeviceObject();
+        if (std::find(device.inherited.begin(), device.inherited.end(), PublishedElementList::size) !=
             device.inherited.end())
             size = device.size;
         else if (device.devicesDefaultBase && device.devicesDefaultBase->size)
@@ -194,7 +194,7 @@ void imagePhysicsSession::loadPhysicsSession()
         const bool sizedByCatalogue =
             object.type == tessaro::sceneObjectType::obstacles || object.type == tessaro::sceneObjectType::character;
         if (size == tessaro::SizeValue{} && sizedByCatalogue)
-            if (const std::optional<defaultViewRecord> record = baseRecord(*m_tab))
+            if (const std::optional<DefaultViewRecord> record = baseRecord(*m_tab))
                 size = deviceSizeOf(*record);
         break;
     }
@@ -210,62 +210,62 @@ void imagePhysicsSession::loadPhysicsSession()
 
 // ---- Settings -----------------------------------------------------------------------------
 
-void imagePhysicsSession::setInspectorPresented(bool presented)
+void ImagePhysicsSession::setInspectorPresented(bool presented)
 {
     m_isInspectorPresented = presented;
     emit changed();
 }
 
-void imagePhysicsSession::setActiveType(insertType type)
+void ImagePhysicsSession::setActiveType(InsertType type)
 {
-    if (type != insertType::none && !canChooseTool())
+    if (type != InsertType::none && !canChooseTool())
         return;
     endShape();
     m_activeType = type;
     emit changed();
 }
 
-void imagePhysicsSession::setImageViewHovered(bool hovered)
+void ImagePhysicsSession::setImageViewHovered(bool hovered)
 {
     m_imageViewHovered = hovered;
 }
 
-void imagePhysicsSession::setAlphaValue(const QString& value)
+void ImagePhysicsSession::setAlphaValue(const QString& value)
 {
     m_alphaValue = value;
     emit changed();
 }
 
-void imagePhysicsSession::setScaleValue(const QString& value)
+void ImagePhysicsSession::setScaleValue(const QString& value)
 {
     m_scaleValue = value;
     if (!canChooseTool()) {
         // Shapes are drawn at 100% only.
         endShape();
-        m_activeType = insertType::none;
+        m_activeType = InsertType::none;
     }
     emit changed();
 }
 
-void imagePhysicsSession::setFlipImageHorizontal(bool flip)
+void ImagePhysicsSession::setFlipImageHorizontal(bool flip)
 {
     m_flipHorizontal = flip;
     emit changed();
 }
 
-void imagePhysicsSession::setFlipImageVertical(bool flip)
+void ImagePhysicsSession::setFlipImageVertical(bool flip)
 {
     m_flipVertical = flip;
     emit changed();
 }
 
-void imagePhysicsSession::setDisplayOnlySelectedPhysics(bool only)
+void ImagePhysicsSession::setDisplayOnlySelectedPhysics(bool only)
 {
     m_displayOnlySelected = only;
     emit changed();
 }
 
-void imagePhysicsSession::selectRow(const Uuid& id)
+void ImagePhysicsSession::selectRow(const Uuid& id)
 {
     m_selectedRow = id;
     emit changed();
@@ -273,7 +273,7 @@ void imagePhysicsSession::selectRow(const Uuid& id)
 
 // ---- Frames -------------------------------------------------------------------------------
 
-void imagePhysicsSession::selectImage(int index)
+void ImagePhysicsSession::selectImage(int index)
 {
     if (index < 0 || index >= m_imageList.size())
         return;
@@ -282,7 +282,7 @@ void imagePhysicsSession::selectImage(int index)
     emit changed();
 }
 
-void imagePhysicsSession::removeImage(int index)
+void ImagePhysicsSession::removeImage(int index)
 {
     if (index < 0 || index >= m_imageList.size())
         return;
@@ -293,7 +293,7 @@ void imagePhysicsSession::removeImage(int index)
     emit changed();
 }
 
-bool imagePhysicsSession::dropImageFiles(const QStringList& paths)
+bool ImagePhysicsSession::dropImageFiles(const QStringList& paths)
 {
     if (!allowDropImages() || paths.isEmpty())
         return false;
@@ -304,17 +304,17 @@ bool imagePhysicsSession::dropImageFiles(const QStringList& paths)
     return true;
 }
 
-const WorkspaceImage& imagePhysicsSession::currentImage() const
+const WorkspaceImage& ImagePhysicsSession::currentImage() const
 {
     return m_image;
 }
 
-QSizeF imagePhysicsSession::shownImageSize() const
+QSizeF ImagePhysicsSession::shownImageSize() const
 {
     return m_image.image.isNull() ? m_imageSize : m_image.size;
 }
 
-void imagePhysicsSession::reloadImage()
+void ImagePhysicsSession::reloadImage()
 {
     const QString path = m_imageList.value(m_imageIdSelected);
     if (path == m_imageLoadedFrom && !path.isEmpty())
@@ -333,19 +333,19 @@ void imagePhysicsSession::reloadImage()
 
 // ---- Shapes -------------------------------------------------------------------------------
 
-const physicsElement* imagePhysicsSession::element(const Uuid& id) const
+const PhysicsElement* ImagePhysicsSession::element(const Uuid& id) const
 {
     const auto found = std::find_if(m_elements.begin(), m_elements.end(),
-                                    [&](const physicsElement& element) { return element.id == id; });
+                                    [&](const PhysicsElement& element) { return element.id == id; });
     return found == m_elements.end() ? nullptr : &*found;
 }
 
-physicsElement* imagePhysicsSession::find(const Uuid& id)
+PhysicsElement* ImagePhysicsSession::find(const Uuid& id)
 {
-    return const_cast<physicsElement*>(std::as_const(*this).element(id));
+    return const_cast<PhysicsElement*>(std::as_const(*this).element(id));
 }
 
-bool imagePhysicsSession::isDrawn(const physicsElement& element) const
+bool ImagePhysicsSession::isDrawn(const PhysicsElement& element) const
 {
     if (m_displayOnlySelected && element.id != m_selectedRow)
         return false;
@@ -355,18 +355,18 @@ bool imagePhysicsSession::isDrawn(const physicsElement& element) const
     return true;
 }
 
-double imagePhysicsSession::handleTolerance() const
+double ImagePhysicsSession::handleTolerance() const
 {
     const double s = std::abs(scale());
     return s > 0 ? 5.0 / s : 5.0;
 }
 
-const shapeTool* imagePhysicsSession::toolOf(const physicsElement& element) const
+const ShapeTool* ImagePhysicsSession::toolOf(const PhysicsElement& element) const
 {
     return shapeToolFor(element.type);
 }
 
-void imagePhysicsSession::restoreElements(std::vector<physicsElement> elements)
+void ImagePhysicsSession::restoreElements(std::vector<PhysicsElement> elements)
 {
     m_elements = std::move(elements);
     m_gesture = gesture::none;
@@ -374,52 +374,52 @@ void imagePhysicsSession::restoreElements(std::vector<physicsElement> elements)
     emit changed();
 }
 
-void imagePhysicsSession::appendSorted(physicsElement element)
+void ImagePhysicsSession::appendSorted(PhysicsElement element)
 {
     // Shapes stay in the order of their kinds; a new one goes last among its own.
     const auto place = std::upper_bound(m_elements.begin(), m_elements.end(), element.type,
-                                        [](physicsType type, const physicsElement& e) { return type < e.type; });
+                                        [](PhysicsType type, const PhysicsElement& e) { return type < e.type; });
     m_elements.insert(place, std::move(element));
 }
 
-void imagePhysicsSession::markFrame(physicsElement& element) const
+void ImagePhysicsSession::markFrame(PhysicsElement& element) const
 {
     if (m_imageList.size() > 1)
         element.framesAffected = std::to_string(m_imageIdSelected);
 }
 
-void imagePhysicsSession::endShape()
+void ImagePhysicsSession::endShape()
 {
     m_pathCurrentlyOpen = false;
     m_activePhysicsId = Uuid::create();
 }
 
-void imagePhysicsSession::commit(std::vector<physicsElement> before, const QString& text)
+void ImagePhysicsSession::commit(std::vector<PhysicsElement> before, const QString& text)
 {
     if (before == m_elements)
         return;
-    pushStep(m_history, new shapeListCommand(*this, std::move(before), m_elements, text));
+    pushStep(m_history, new ShapeListCommand(*this, std::move(before), m_elements, text));
 }
 
 // ---- The mouse ----------------------------------------------------------------------------
 
-void imagePhysicsSession::pointerMoved(PointValue p)
+void ImagePhysicsSession::pointerMoved(PointValue p)
 {
     m_yValues =
         QStringLiteral("**X:** %1  **Y:** %2").arg(QString::asprintf("%.0f", p.x), QString::asprintf("%.0f", p.y));
     emit readOutChanged();
 }
 
-void imagePhysicsSession::pointerDown(PointValue p)
+void ImagePhysicsSession::pointerDown(PointValue p)
 {
-    if (m_activeType == insertType::none) {
+    if (m_activeType == InsertType::none) {
         pressWithSelection(p);
         return;
     }
     if (!m_imageViewHovered)
         return;
-    const shapeTool* tool = shapeToolFor(m_activeType);
-    std::optional<physicsElement> started = tool ? tool->begin(p) : std::nullopt;
+    const ShapeTool* tool = shapeToolFor(m_activeType);
+    std::optional<PhysicsElement> started = tool ? tool->begin(p) : std::nullopt;
     if (!started)
         return;
     m_gestureBefore = m_elements;
@@ -431,25 +431,25 @@ void imagePhysicsSession::pointerDown(PointValue p)
     emit changed();
 }
 
-void imagePhysicsSession::pressWithSelection(PointValue p)
+void ImagePhysicsSession::pressWithSelection(PointValue p)
 {
     const QSizeF size = shownImageSize();
     const double tolerance = handleTolerance();
-    const auto start = [&](const physicsElement& element, gesture kind) {
+    const auto start = [&](const PhysicsElement& element, gesture kind) {
         m_gesture = kind;
         m_gestureBefore = m_elements;
         m_gestureStart = element;
         m_pressPoint = p;
     };
     // The handles of the selected shape come first, then the front-most shape.
-    if (const physicsElement* selected = element(m_selectedRow); selected && isDrawn(*selected))
+    if (const PhysicsElement* selected = element(m_selectedRow); selected && isDrawn(*selected))
         if (const std::optional<std::size_t> handle = toolOf(*selected)->handleAt(*selected, p, tolerance, size)) {
             m_handle = *handle;
             start(*selected, gesture::reshaping);
             return;
         }
     for (auto it = m_elements.rbegin(); it != m_elements.rend(); ++it) {
-        const shapeTool* tool = toolOf(*it);
+        const ShapeTool* tool = toolOf(*it);
         if (tool && isDrawn(*it) && tool->hits(*it, p, tolerance, size)) {
             start(*it, gesture::moving);
             selectRow(it->id);
@@ -460,17 +460,17 @@ void imagePhysicsSession::pressWithSelection(PointValue p)
     selectRow(Uuid::create());
 }
 
-void imagePhysicsSession::pointerDragged(PointValue p)
+void ImagePhysicsSession::pointerDragged(PointValue p)
 {
-    if (m_activeType == insertType::none) {
+    if (m_activeType == InsertType::none) {
         if (!isDraggingShape())
             return;
-        physicsElement* live = find(m_gestureStart.id);
+        PhysicsElement* live = find(m_gestureStart.id);
         if (!live)
             return;
-        const shapeTool* tool = toolOf(m_gestureStart);
+        const ShapeTool* tool = toolOf(m_gestureStart);
         // Each drag works from the shape as the press found it, so nothing drifts.
-        physicsElement changed = m_gestureStart;
+        PhysicsElement changed = m_gestureStart;
         if (m_gesture == gesture::moving)
             tool->translate(changed, {p.x - m_pressPoint.x, p.y - m_pressPoint.y}, shownImageSize());
         else
@@ -479,16 +479,16 @@ void imagePhysicsSession::pointerDragged(PointValue p)
         emit this->changed();
         return;
     }
-    if (!m_imageViewHovered || m_activeType == insertType::polygon)
+    if (!m_imageViewHovered || m_activeType == InsertType::polygon)
         return;
-    physicsElement* drawn = find(m_activePhysicsId);
+    PhysicsElement* drawn = find(m_activePhysicsId);
     if (!drawn)
         return;
     shapeToolFor(m_activeType)->drawTo(*drawn, p);
     emit changed();
 }
 
-void imagePhysicsSession::pointerUp(PointValue p)
+void ImagePhysicsSession::pointerUp(PointValue p)
 {
     const gesture finished = m_gesture;
     m_gesture = gesture::none;
@@ -503,15 +503,15 @@ void imagePhysicsSession::pointerUp(PointValue p)
         emit changed();
         return;
     }
-    if (m_activeType == insertType::polygon && m_imageViewHovered)
+    if (m_activeType == InsertType::polygon && m_imageViewHovered)
         releasePolygon(p);
 }
 
-void imagePhysicsSession::releasePolygon(PointValue p)
+void ImagePhysicsSession::releasePolygon(PointValue p)
 {
-    std::vector<physicsElement> before = m_elements;
+    std::vector<PhysicsElement> before = m_elements;
     if (!m_pathCurrentlyOpen) {
-        physicsElement polygon = physicsElement::make(physicsType::polygon, p);
+        PhysicsElement polygon = PhysicsElement::make(PhysicsType::polygon, p);
         markFrame(polygon);
         m_activePhysicsId = polygon.id;
         m_selectedRow = polygon.id;
@@ -521,7 +521,7 @@ void imagePhysicsSession::releasePolygon(PointValue p)
         emit changed();
         return;
     }
-    physicsElement* open = find(m_activePhysicsId);
+    PhysicsElement* open = find(m_activePhysicsId);
     if (!open || open->points.empty()) {
         // The polygon was deleted while it was drawn.
         endShape();
@@ -547,65 +547,65 @@ void imagePhysicsSession::releasePolygon(PointValue p)
 
 // ---- Rows ---------------------------------------------------------------------------------
 
-void imagePhysicsSession::edit(const Uuid& id, int field, const std::function<void(physicsElement&)>& change,
+void ImagePhysicsSession::edit(const Uuid& id, int field, const std::function<void(PhysicsElement&)>& change,
                                std::size_t vertex)
 {
-    physicsElement* target = find(id);
+    PhysicsElement* target = find(id);
     if (!target)
         return;
-    std::vector<physicsElement> before = m_elements;
+    std::vector<PhysicsElement> before = m_elements;
     change(*target);
     if (before == m_elements)
         return;
     pushStep(m_history,
-             new shapeListCommand(*this, std::move(before), m_elements, tr("Change Shape"), field, id, vertex));
+             new ShapeListCommand(*this, std::move(before), m_elements, tr("Change Shape"), field, id, vertex));
     emit changed();
 }
 
-void imagePhysicsSession::removeElement(const Uuid& id)
+void ImagePhysicsSession::removeElement(const Uuid& id)
 {
-    std::vector<physicsElement> before = m_elements;
-    std::erase_if(m_elements, [&](const physicsElement& element) { return element.id == id; });
+    std::vector<PhysicsElement> before = m_elements;
+    std::erase_if(m_elements, [&](const PhysicsElement& element) { return element.id == id; });
     if (before == m_elements)
         return;
     if (id == m_activePhysicsId)
         endShape();
-    pushStep(m_history, new shapeListCommand(*this, std::move(before), m_elements, tr("Delete Shape")));
+    pushStep(m_history, new ShapeListCommand(*this, std::move(before), m_elements, tr("Delete Shape")));
     emit changed();
 }
 
-void imagePhysicsSession::setAction(const Uuid& id, std::vector<tessaro::actionType> action)
+void ImagePhysicsSession::setAction(const Uuid& id, std::vector<tessaro::actionType> action)
 {
-    edit(id, actionField, [&](physicsElement& e) { e.action = std::move(action); });
+    edit(id, actionField, [&](PhysicsElement& e) { e.action = std::move(action); });
 }
 
-void imagePhysicsSession::setFramesAffected(const Uuid& id, const std::string& frames)
+void ImagePhysicsSession::setFramesAffected(const Uuid& id, const std::string& frames)
 {
-    edit(id, framesField, [&](physicsElement& e) { e.framesAffected = frames; });
+    edit(id, framesField, [&](PhysicsElement& e) { e.framesAffected = frames; });
 }
 
-void imagePhysicsSession::setStartPoint(const Uuid& id, PointValue p)
+void ImagePhysicsSession::setStartPoint(const Uuid& id, PointValue p)
 {
-    edit(id, startField, [&](physicsElement& e) { e.startPoint = p; });
+    edit(id, startField, [&](PhysicsElement& e) { e.startPoint = p; });
 }
 
-void imagePhysicsSession::setEndPoint(const Uuid& id, PointValue p)
+void ImagePhysicsSession::setEndPoint(const Uuid& id, PointValue p)
 {
-    edit(id, endField, [&](physicsElement& e) { e.endPoint = p; });
+    edit(id, endField, [&](PhysicsElement& e) { e.endPoint = p; });
 }
 
-void imagePhysicsSession::setDirection(const Uuid& id, tessaro::pathDirection direction)
+void ImagePhysicsSession::setDirection(const Uuid& id, tessaro::pathDirection direction)
 {
-    edit(id, directionField, [&](physicsElement& e) { e.direction = direction; });
+    edit(id, directionField, [&](PhysicsElement& e) { e.direction = direction; });
 }
 
-void imagePhysicsSession::setPoint(const Uuid& id, std::size_t index, PointValue p)
+void ImagePhysicsSession::setPoint(const Uuid& id, std::size_t index, PointValue p)
 {
     edit(
         id, pointField,
-        [&](physicsElement& e) {
+        [&](PhysicsElement& e) {
             // The closing copy of the first vertex moves with it.
-            if (index == 0 && polygonTool::isClosed(e))
+            if (index == 0 && PolygonTool::isClosed(e))
                 e.points.back().point = p;
             if (index < e.points.size())
                 e.points[index].point = p;
@@ -613,42 +613,42 @@ void imagePhysicsSession::setPoint(const Uuid& id, std::size_t index, PointValue
         index);
 }
 
-void imagePhysicsSession::setRadius(const Uuid& id, double radius)
+void ImagePhysicsSession::setRadius(const Uuid& id, double radius)
 {
-    edit(id, radiusField, [&](physicsElement& e) { e.radius = radius; });
+    edit(id, radiusField, [&](PhysicsElement& e) { e.radius = radius; });
 }
 
-void imagePhysicsSession::setSize(const Uuid& id, tessaro::SizeValue size)
+void ImagePhysicsSession::setSize(const Uuid& id, tessaro::SizeValue size)
 {
-    edit(id, sizeField, [&](physicsElement& e) { e.size = size; });
+    edit(id, sizeField, [&](PhysicsElement& e) { e.size = size; });
 }
 
-void imagePhysicsSession::setCenter(const Uuid& id, PointValue p)
+void ImagePhysicsSession::setCenter(const Uuid& id, PointValue p)
 {
-    edit(id, centerField, [&](physicsElement& e) { e.center = p; });
+    edit(id, centerField, [&](PhysicsElement& e) { e.center = p; });
 }
 
 // ---- Apply --------------------------------------------------------------------------------
 
-bool imagePhysicsSession::applyPhysics()
+bool ImagePhysicsSession::applyPhysics()
 {
     if (!m_tab)
         return false;
     const tessaro::PhysicsProperty stored = record();
     switch (m_mode) {
-    case physicsEditMode::element:
+    case PhysicsEditMode::element:
         m_tab->selectedObject().physics = stored;
-        EditRouting(*m_tab).apply(modelType::Primary, publishedElementList::physics, stored);
+        EditRouting(*m_tab).apply(ModelType::Primary, PublishedElementList::physics, stored);
         return true;
-    case physicsEditMode::animation:
+    case PhysicsEditMode::animation:
         m_tab->selectedAnimationObject().End_physics = stored;
-        EditRouting(*m_tab).apply(modelType::AnimationCycleEnd, publishedElementList::End_physics, stored);
+        EditRouting(*m_tab).apply(ModelType::AnimationCycleEnd, PublishedElementList::End_physics, stored);
         return true;
-    case physicsEditMode::base: {
-        const std::optional<defaultViewRecord> before = m_catalogues ? baseRecord(*m_tab) : std::nullopt;
+    case PhysicsEditMode::base: {
+        const std::optional<DefaultViewRecord> before = m_catalogues ? baseRecord(*m_tab) : std::nullopt;
         if (!before)
             return false;
-        defaultViewRecord after = *before;
+        DefaultViewRecord after = *before;
         storePhysics(after, stored);
         // The same shapes again are no step, though their ids would be new.
         return shapesOf(after) == shapesOf(*before) || m_catalogues->replaceRecord(after, tr("Change Base Physics"));
@@ -659,23 +659,23 @@ bool imagePhysicsSession::applyPhysics()
 
 // ---- Undo and redo ------------------------------------------------------------------------
 
-QUndoStack* imagePhysicsSession::catalogueHistory() const
+QUndoStack* ImagePhysicsSession::catalogueHistory() const
 {
-    return m_mode == physicsEditMode::base && m_catalogues ? &m_catalogues->history() : nullptr;
+    return m_mode == PhysicsEditMode::base && m_catalogues ? &m_catalogues->history() : nullptr;
 }
 
-bool imagePhysicsSession::canUndo() const
+bool ImagePhysicsSession::canUndo() const
 {
     const QUndoStack* catalogue = catalogueHistory();
     return m_history.canUndo() || (catalogue && m_history.index() == 0 && catalogue->canUndo());
 }
 
-QString imagePhysicsSession::undoText() const
+QString ImagePhysicsSession::undoText() const
 {
     return m_history.canUndo() || !canUndo() ? m_history.undoText() : catalogueHistory()->undoText();
 }
 
-void imagePhysicsSession::undo()
+void ImagePhysicsSession::undo()
 {
     if (m_history.canUndo())
         m_history.undo();
@@ -683,18 +683,18 @@ void imagePhysicsSession::undo()
         catalogueHistory()->undo();
 }
 
-bool imagePhysicsSession::canRedo() const
+bool ImagePhysicsSession::canRedo() const
 {
     const QUndoStack* catalogue = catalogueHistory();
     return m_history.canRedo() || (catalogue && m_history.index() == 0 && catalogue->canRedo());
 }
 
-QString imagePhysicsSession::redoText() const
+QString ImagePhysicsSession::redoText() const
 {
     return m_history.canRedo() || !canRedo() ? m_history.redoText() : catalogueHistory()->redoText();
 }
 
-void imagePhysicsSession::redo()
+void ImagePhysicsSession::redo()
 {
     if (m_history.canRedo())
         m_history.redo();
@@ -702,9 +702,9 @@ void imagePhysicsSession::redo()
         catalogueHistory()->redo();
 }
 
-void imagePhysicsSession::reloadTemplateShapes()
+void ImagePhysicsSession::reloadTemplateShapes()
 {
-    const std::optional<defaultViewRecord> record = m_tab ? baseRecord(*m_tab) : std::nullopt;
+    const std::optional<DefaultViewRecord> record = m_tab ? baseRecord(*m_tab) : std::nullopt;
     m_history.clear();
     restoreElements(loadPhysicsElements(record ? physicsOf(*record) : std::nullopt));
 }

@@ -29,8 +29,8 @@
 namespace stagewright {
 
 class CatalogueDocument;
-class projectTab;
-class shapeTool;
+class ProjectTab;
+class ShapeTool;
 
 /// The texts of the "Alpha" and "Scale" pickers, in order.
 const QStringList& physicsAlphaValues();
@@ -38,20 +38,20 @@ const QStringList& physicsScaleValues();
 /// A picker text as a number rounded to two places; text that is no number is 0.
 double physicsPickerNumber(const QString& text);
 
-class imagePhysicsSession : public QObject {
+class ImagePhysicsSession : public QObject {
     Q_OBJECT
 public:
     /// A sheet for `mode` on the selection of `tab`; base mode edits the
     /// templates of `catalogues`.
-    imagePhysicsSession(physicsEditMode mode, projectTab* tab, CatalogueDocument* catalogues,
+    ImagePhysicsSession(PhysicsEditMode mode, ProjectTab* tab, CatalogueDocument* catalogues,
                         QObject* parent = nullptr);
-    ~imagePhysicsSession() override;
+    ~ImagePhysicsSession() override;
 
-    physicsEditMode mode() const { return m_mode; }
-    bool editBaseElement() const { return m_mode == physicsEditMode::base; }
-    bool editAnimationElement() const { return m_mode == physicsEditMode::animation; }
+    PhysicsEditMode mode() const { return m_mode; }
+    bool editBaseElement() const { return m_mode == PhysicsEditMode::base; }
+    bool editAnimationElement() const { return m_mode == PhysicsEditMode::animation; }
     /// Images may be dropped onto the sheet (base and animation modes).
-    bool allowDropImages() const { return m_mode != physicsEditMode::element; }
+    bool allowDropImages() const { return m_mode != PhysicsEditMode::element; }
 
     /// Opening: the image's frames, the size they are shown at and the shapes,
     /// from the tab's selection models (and the catalogue in base mode).
@@ -60,10 +60,10 @@ public:
     // ---- The sheet's settings ------------------------------------------------------------
     bool isInspectorPresented() const { return m_isInspectorPresented; }
     void setInspectorPresented(bool presented);
-    insertType activeType() const { return m_activeType; }
+    InsertType activeType() const { return m_activeType; }
     /// Tools are chosen only at 100%; choosing one ends a polygon being drawn.
     bool canChooseTool() const { return m_scaleValue == QLatin1String("1.00"); }
-    void setActiveType(insertType type);
+    void setActiveType(InsertType type);
     const tessaro::Uuid& activePhysicsId() const { return m_activePhysicsId; }
     bool pathCurrentlyOpen() const { return m_pathCurrentlyOpen; }
     bool imageViewHovered() const { return m_imageViewHovered; }
@@ -102,15 +102,15 @@ public:
     QSizeF shownImageSize() const;
 
     // ---- Shapes --------------------------------------------------------------------------
-    const std::vector<physicsElement>& physicsElements() const { return m_elements; }
-    const physicsElement* element(const tessaro::Uuid& id) const;
+    const std::vector<PhysicsElement>& physicsElements() const { return m_elements; }
+    const PhysicsElement* element(const tessaro::Uuid& id) const;
     /// Whether the canvas draws the shape: "Display only selected", and on an
     /// image of several frames the shape's frames.
-    bool isDrawn(const physicsElement& element) const;
+    bool isDrawn(const PhysicsElement& element) const;
     /// How near a handle a press must be, in image points: 5 pixels on screen.
     double handleTolerance() const;
     /// Replaces the whole list (the history's steps).
-    void restoreElements(std::vector<physicsElement> elements);
+    void restoreElements(std::vector<PhysicsElement> elements);
 
     // ---- The mouse, in shape coordinates -----------------------------------------------
     void pointerMoved(tessaro::PointValue p);
@@ -166,17 +166,17 @@ private:
 
     /// Changes one shape as a step of the sheet's history; steps of the same
     /// field of the same shape that follow each other join.
-    void edit(const tessaro::Uuid& id, int field, const std::function<void(physicsElement&)>& change,
+    void edit(const tessaro::Uuid& id, int field, const std::function<void(PhysicsElement&)>& change,
               std::size_t vertex = 0);
     /// Makes the list's change since `before` one step.
-    void commit(std::vector<physicsElement> before, const QString& text);
-    physicsElement* find(const tessaro::Uuid& id);
-    void appendSorted(physicsElement element);
+    void commit(std::vector<PhysicsElement> before, const QString& text);
+    PhysicsElement* find(const tessaro::Uuid& id);
+    void appendSorted(PhysicsElement element);
     /// Ends a polygon being drawn.
     void endShape();
     /// A new shape drawn on one frame of several belongs to that frame.
-    void markFrame(physicsElement& element) const;
-    const shapeTool* toolOf(const physicsElement& element) const;
+    void markFrame(PhysicsElement& element) const;
+    const ShapeTool* toolOf(const PhysicsElement& element) const;
     void pressWithSelection(tessaro::PointValue p);
     void releasePolygon(tessaro::PointValue p);
     void reloadImage();
@@ -185,12 +185,12 @@ private:
     /// The list as the template holds it now, with no steps of the sheet's own.
     void reloadTemplateShapes();
 
-    physicsEditMode m_mode;
-    QPointer<projectTab> m_tab;
+    PhysicsEditMode m_mode;
+    QPointer<ProjectTab> m_tab;
     CatalogueDocument* m_catalogues;
 
     bool m_isInspectorPresented = true;
-    insertType m_activeType = insertType::none;
+    InsertType m_activeType = InsertType::none;
     tessaro::Uuid m_activePhysicsId = tessaro::Uuid::create();
     bool m_pathCurrentlyOpen = false;
     bool m_imageViewHovered = false;
@@ -204,13 +204,13 @@ private:
     QStringList m_imageList;
     int m_imageIdSelected = 0;
     QSizeF m_imageSize{0, 0};
-    std::vector<physicsElement> m_elements;
+    std::vector<PhysicsElement> m_elements;
     WorkspaceImage m_image;
     QString m_imageLoadedFrom;
 
     gesture m_gesture = gesture::none;
-    std::vector<physicsElement> m_gestureBefore;
-    physicsElement m_gestureStart; // the shape as the press found it
+    std::vector<PhysicsElement> m_gestureBefore;
+    PhysicsElement m_gestureStart; // the shape as the press found it
     tessaro::PointValue m_pressPoint;
     std::size_t m_handle = 0;
 

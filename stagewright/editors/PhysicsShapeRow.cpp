@@ -57,19 +57,19 @@ std::vector<tessaro::actionType> actionsOf(const QStringList& names)
 
 } // namespace
 
-QString physicsTypeLabel(physicsType type)
+QString physicsTypeLabel(PhysicsType type)
 {
     switch (type) {
-    case physicsType::rect: return QObject::tr("Rectangle");
-    case physicsType::radius: return QObject::tr("Radius");
-    case physicsType::edge: return QObject::tr("Edge");
-    case physicsType::polygon: return QObject::tr("Polygon");
-    case physicsType::none: break;
+    case PhysicsType::rect: return QObject::tr("Rectangle");
+    case PhysicsType::radius: return QObject::tr("Radius");
+    case PhysicsType::edge: return QObject::tr("Edge");
+    case PhysicsType::polygon: return QObject::tr("Polygon");
+    case PhysicsType::none: break;
     }
     return QObject::tr("None");
 }
 
-physicsListView::physicsListView(imagePhysicsSession& session, const physicsElement& element, bool expanded,
+PhysicsListView::PhysicsListView(ImagePhysicsSession& session, const PhysicsElement& element, bool expanded,
                                  QWidget* parent)
     : QFrame(parent),
       m_session(session),
@@ -103,15 +103,15 @@ physicsListView::physicsListView(imagePhysicsSession& session, const physicsElem
     showValues(element);
 }
 
-void physicsListView::buildFields(const physicsElement& element)
+void PhysicsListView::buildFields(const PhysicsElement& element)
 {
     auto* fields = new QFormLayout;
     fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     static_cast<QVBoxLayout*>(layout())->addLayout(fields);
     const tessaro::Uuid id = m_id;
 
-    m_action = new customMultiSelectCombo(tr("Action"), actionNames(), this);
-    connect(m_action, &customMultiSelectCombo::valuesChanged, this,
+    m_action = new CustomMultiSelectCombo(tr("Action"), actionNames(), this);
+    connect(m_action, &CustomMultiSelectCombo::valuesChanged, this,
             [this, id](const QStringList& values) { m_session.setAction(id, actionsOf(values)); });
     fields->addRow(m_action); // the control shows its own label
     m_frames = new QLineEdit(this);
@@ -126,7 +126,7 @@ void physicsListView::buildFields(const physicsElement& element)
         return stepper;
     };
     switch (element.type) {
-    case physicsType::edge:
+    case PhysicsType::edge:
         m_start = point(tr("Start point"));
         connect(m_start, &LabelledPointStepper::valueChanged, this,
                 [this, id](tessaro::PointValue p) { m_session.setStartPoint(id, p); });
@@ -134,7 +134,7 @@ void physicsListView::buildFields(const physicsElement& element)
         connect(m_end, &LabelledPointStepper::valueChanged, this,
                 [this, id](tessaro::PointValue p) { m_session.setEndPoint(id, p); });
         break;
-    case physicsType::polygon:
+    case PhysicsType::polygon:
         m_direction = new QComboBox(this);
         for (const tessaro::pathDirection direction :
              {tessaro::pathDirection::both, tessaro::pathDirection::left, tessaro::pathDirection::right})
@@ -144,20 +144,20 @@ void physicsListView::buildFields(const physicsElement& element)
         });
         fields->addRow(tr("Direction"), m_direction);
         // A closed polygon's last vertex is the first one again, and moves with it.
-        for (std::size_t i = 0; i < element.points.size() - (polygonTool::isClosed(element) ? 1 : 0); ++i) {
+        for (std::size_t i = 0; i < element.points.size() - (PolygonTool::isClosed(element) ? 1 : 0); ++i) {
             LabelledPointStepper* vertex = point(tr("Point"));
             connect(vertex, &LabelledPointStepper::valueChanged, this,
                     [this, id, i](tessaro::PointValue p) { m_session.setPoint(id, i, p); });
             m_points.push_back(vertex);
         }
         break;
-    case physicsType::radius:
+    case PhysicsType::radius:
         m_radius = new LabelledCGFloatStepper(tr("Radius"), QString(), {0, 10000}, 1, 0, {}, this);
         connect(m_radius, &LabelledCGFloatStepper::valueChanged, this,
                 [this, id](double radius) { m_session.setRadius(id, radius); });
         fields->addRow(m_radius);
         break;
-    case physicsType::rect:
+    case PhysicsType::rect:
         m_size = new LabelledSizeStepper(tr("Size"), QString(), false, false, 1, {}, this);
         connect(m_size, &LabelledSizeStepper::valueChanged, this,
                 [this, id](tessaro::SizeValue size) { m_session.setSize(id, size); });
@@ -166,11 +166,11 @@ void physicsListView::buildFields(const physicsElement& element)
         connect(m_center, &LabelledPointStepper::valueChanged, this,
                 [this, id](tessaro::PointValue p) { m_session.setCenter(id, p); });
         break;
-    case physicsType::none: break;
+    case PhysicsType::none: break;
     }
 }
 
-void physicsListView::showValues(const physicsElement& element)
+void PhysicsListView::showValues(const PhysicsElement& element)
 {
     const bool selected = element.id == m_session.selectedRow();
     setBackgroundRole(selected ? QPalette::AlternateBase : QPalette::Base);
@@ -197,7 +197,7 @@ void physicsListView::showValues(const physicsElement& element)
         m_center->setValue(element.center);
 }
 
-void physicsListView::mousePressEvent(QMouseEvent* event)
+void PhysicsListView::mousePressEvent(QMouseEvent* event)
 {
     m_session.selectRow(m_id);
     QFrame::mousePressEvent(event);

@@ -17,22 +17,22 @@ class QToolButton;
 
 namespace stagewright {
 
-class imagePhysicsSession;
-class customMultiSelectCombo;
+class ImagePhysicsSession;
+class CustomMultiSelectCombo;
 class LabelledCGFloatStepper;
 class LabelledPointStepper;
 class LabelledSizeStepper;
 
 /// "Rectangle", "Radius", "Edge", "Polygon" or "None".
-QString physicsTypeLabel(physicsType type);
+QString physicsTypeLabel(PhysicsType type);
 
-class physicsListView : public QFrame {
+class PhysicsListView : public QFrame {
     Q_OBJECT
 public:
-    physicsListView(imagePhysicsSession& session, const physicsElement& element, bool expanded,
+    PhysicsListView(ImagePhysicsSession& session, const PhysicsElement& element, bool expanded,
                     QWidget* parent = nullptr);
     /// Shows the element's values again; its kind and vertex count are as made.
-    void showValues(const physicsElement& element);
+    void showValues(const PhysicsElement& element);
     const tessaro::Uuid& shapeId() const { return m_id; }
 
 signals:
@@ -43,12 +43,12 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    void buildFields(const physicsElement& element);
+    void buildFields(const PhysicsElement& element);
 
-    imagePhysicsSession& m_session;
+    ImagePhysicsSession& m_session;
     tessaro::Uuid m_id;
     QPushButton* m_showHide = nullptr;
-    customMultiSelectCombo* m_action = nullptr;
+    CustomMultiSelectCombo* m_action = nullptr;
     QLineEdit* m_frames = nullptr;
     LabelledPointStepper* m_start = nullptr;
     LabelledPointStepper* m_end = nullptr;

@@ -34,7 +34,7 @@ void clear(QLayout* layout)
     }
 }
 
-QWidget* thumbnail(imagePhysicsSession& session, int index, QWidget* parent)
+QWidget* thumbnail(ImagePhysicsSession& session, int index, QWidget* parent)
 {
     auto* cell = new QWidget(parent);
     cell->setFixedSize(thumbnailSide, thumbnailSide);
@@ -63,7 +63,7 @@ QWidget* thumbnail(imagePhysicsSession& session, int index, QWidget* parent)
 
 } // namespace
 
-imageDropTarget::imageDropTarget(QWidget* parent) : QLabel(tr("Drop Image Here"), parent)
+ImageDropTarget::ImageDropTarget(QWidget* parent) : QLabel(tr("Drop Image Here"), parent)
 {
     setObjectName(QStringLiteral("dropTarget"));
     setAlignment(Qt::AlignCenter);
@@ -73,13 +73,13 @@ imageDropTarget::imageDropTarget(QWidget* parent) : QLabel(tr("Drop Image Here")
     setStyleSheet(QStringLiteral("border: 2px dashed palette(mid); border-radius: 6px;"));
 }
 
-void imageDropTarget::dragEnterEvent(QDragEnterEvent* event)
+void ImageDropTarget::dragEnterEvent(QDragEnterEvent* event)
 {
     if (event->mimeData()->hasUrls())
         event->acceptProposedAction();
 }
 
-void imageDropTarget::dropEvent(QDropEvent* event)
+void ImageDropTarget::dropEvent(QDropEvent* event)
 {
     QStringList paths;
     for (const QUrl& url : event->mimeData()->urls())
@@ -89,7 +89,7 @@ void imageDropTarget::dropEvent(QDropEvent* event)
         event->acceptProposedAction();
 }
 
-sidePhysicsView::sidePhysicsView(imagePhysicsSession& session, QWidget* parent) : QWidget(parent), m_session(session)
+SidePhysicsView::SidePhysicsView(ImagePhysicsSession& session, QWidget* parent) : QWidget(parent), m_session(session)
 {
     setObjectName(QStringLiteral("physicsSidePanel"));
     setFixedWidth(session.allowDropImages() ? 560 : 440);
@@ -118,20 +118,20 @@ sidePhysicsView::sidePhysicsView(imagePhysicsSession& session, QWidget* parent) 
     refresh();
 }
 
-void sidePhysicsView::toggleShown(const tessaro::Uuid& id)
+void SidePhysicsView::toggleShown(const tessaro::Uuid& id)
 {
     if (!m_showSelectedRow.erase(id))
         m_showSelectedRow.insert(id);
     refresh();
 }
 
-void sidePhysicsView::refresh()
+void SidePhysicsView::refresh()
 {
     rebuildFrames();
     rebuildRows();
 }
 
-void sidePhysicsView::rebuildFrames()
+void SidePhysicsView::rebuildFrames()
 {
     // The strip is there for images of several frames, and wherever images may be dropped.
     m_strip->setVisible(m_session.allowDropImages() || m_session.imageList().size() > 1);
@@ -143,19 +143,19 @@ void sidePhysicsView::rebuildFrames()
     for (int i = 0; i < m_session.imageList().size(); ++i)
         m_frameRow->addWidget(thumbnail(m_session, i, m_frames));
     if (m_session.allowDropImages()) {
-        auto* target = new imageDropTarget(m_frames);
-        connect(target, &imageDropTarget::filesDropped, this,
+        auto* target = new ImageDropTarget(m_frames);
+        connect(target, &ImageDropTarget::filesDropped, this,
                 [this](const QStringList& paths) { m_session.dropImageFiles(paths); });
         m_frameRow->addWidget(target);
     }
     m_frameRow->addStretch();
 }
 
-void sidePhysicsView::rebuildRows()
+void SidePhysicsView::rebuildRows()
 {
-    const std::vector<physicsElement>& elements = m_session.physicsElements();
-    std::vector<std::tuple<tessaro::Uuid, physicsType, std::size_t, bool>> wanted;
-    for (const physicsElement& element : elements)
+    const std::vector<PhysicsElement>& elements = m_session.physicsElements();
+    std::vector<std::tuple<tessaro::Uuid, PhysicsType, std::size_t, bool>> wanted;
+    for (const PhysicsElement& element : elements)
         wanted.emplace_back(element.id, element.type, element.points.size(), m_showSelectedRow.count(element.id) > 0);
     if (m_rowsMade && wanted == m_rowsShown) {
         // The same rows: only their values change, so a field being typed in keeps its focus.
@@ -174,9 +174,9 @@ void sidePhysicsView::rebuildRows()
         empty->setAlignment(Qt::AlignCenter);
         m_rows->addWidget(empty);
     }
-    for (const physicsElement& element : elements) {
-        auto* row = new physicsListView(m_session, element, m_showSelectedRow.count(element.id) > 0);
-        connect(row, &physicsListView::expandToggled, this, &sidePhysicsView::toggleShown);
+    for (const PhysicsElement& element : elements) {
+        auto* row = new PhysicsListView(m_session, element, m_showSelectedRow.count(element.id) > 0);
+        connect(row, &PhysicsListView::expandToggled, this, &SidePhysicsView::toggleShown);
         m_rows->addWidget(row);
         m_rowViews.push_back(row);
     }

@@ -18,14 +18,14 @@ class QVBoxLayout;
 
 namespace stagewright {
 
-class imagePhysicsSession;
-class physicsListView;
+class ImagePhysicsSession;
+class PhysicsListView;
 
 /// "Drop Image Here": takes the files dropped on it.
-class imageDropTarget : public QLabel {
+class ImageDropTarget : public QLabel {
     Q_OBJECT
 public:
-    explicit imageDropTarget(QWidget* parent = nullptr);
+    explicit ImageDropTarget(QWidget* parent = nullptr);
 signals:
     void filesDropped(const QStringList& paths);
 
@@ -34,10 +34,10 @@ protected:
     void dropEvent(QDropEvent* event) override;
 };
 
-class sidePhysicsView : public QWidget {
+class SidePhysicsView : public QWidget {
     Q_OBJECT
 public:
-    explicit sidePhysicsView(imagePhysicsSession& session, QWidget* parent = nullptr);
+    explicit SidePhysicsView(ImagePhysicsSession& session, QWidget* parent = nullptr);
     /// Shows the session's frames and shapes.
     void refresh();
     /// The rows whose fields are shown.
@@ -48,17 +48,17 @@ private:
     void rebuildFrames();
     void rebuildRows();
 
-    imagePhysicsSession& m_session;
+    ImagePhysicsSession& m_session;
     QScrollArea* m_strip = nullptr;
     QWidget* m_frames = nullptr;
     QHBoxLayout* m_frameRow = nullptr;
     QScrollArea* m_list = nullptr;
     QVBoxLayout* m_rows = nullptr;
-    std::vector<physicsListView*> m_rowViews;
+    std::vector<PhysicsListView*> m_rowViews;
     std::set<tessaro::Uuid> m_showSelectedRow;
     // What the widgets were made for: they are made again only when it changes.
     std::tuple<QStringList, int> m_framesShown{QStringList(), -1};
-    std::vector<std::tuple<tessaro::Uuid, physicsType, std::size_t, bool>> m_rowsShown;
+    std::vector<std::tuple<tessaro::Uuid, PhysicsType, std::size_t, bool>> m_rowsShown;
     bool m_rowsMade = false;
 };
 

@@ -8,8 +8,8 @@ namespace {
 constexpr int shapeFieldMergeId = 3000;
 }
 
-shapeListCommand::shapeListCommand(imagePhysicsSession& session, std::vector<physicsElement> before,
-                                   std::vector<physicsElement> after, const QString& text, int field,
+ShapeListCommand::ShapeListCommand(ImagePhysicsSession& session, std::vector<PhysicsElement> before,
+                                   std::vector<PhysicsElement> after, const QString& text, int field,
                                    tessaro::Uuid shape, std::size_t vertex)
     : m_session(session),
       m_before(std::move(before)),
@@ -21,7 +21,7 @@ shapeListCommand::shapeListCommand(imagePhysicsSession& session, std::vector<phy
     setText(text);
 }
 
-void shapeListCommand::redoStep()
+void ShapeListCommand::redoStep()
 {
     if (m_done) {
         m_done = false;
@@ -30,19 +30,19 @@ void shapeListCommand::redoStep()
     m_session.restoreElements(m_after);
 }
 
-void shapeListCommand::undo()
+void ShapeListCommand::undo()
 {
     m_session.restoreElements(m_before);
 }
 
-int shapeListCommand::id() const
+int ShapeListCommand::id() const
 {
     return m_field > 0 ? shapeFieldMergeId + m_field : -1;
 }
 
-bool shapeListCommand::mergeWith(const QUndoCommand* other)
+bool ShapeListCommand::mergeWith(const QUndoCommand* other)
 {
-    const auto* later = dynamic_cast<const shapeListCommand*>(other);
+    const auto* later = dynamic_cast<const ShapeListCommand*>(other);
     if (!later || later->m_field != m_field || later->m_shape != m_shape || later->m_vertex != m_vertex)
         return false;
     m_after = later->m_after;

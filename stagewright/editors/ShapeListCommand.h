@@ -12,14 +12,14 @@
 
 namespace stagewright {
 
-class imagePhysicsSession;
+class ImagePhysicsSession;
 
-class shapeListCommand : public HistoryStep {
+class ShapeListCommand : public HistoryStep {
 public:
     /// `field` > 0 joins the step with the next one that changes the same
     /// field of the same shape (and vertex), so typing a number is one step.
-    shapeListCommand(imagePhysicsSession& session, std::vector<physicsElement> before,
-                     std::vector<physicsElement> after, const QString& text, int field = 0,
+    ShapeListCommand(ImagePhysicsSession& session, std::vector<PhysicsElement> before,
+                     std::vector<PhysicsElement> after, const QString& text, int field = 0,
                      tessaro::Uuid shape = tessaro::Uuid::create(), std::size_t vertex = 0);
     void redoStep() override;
     void undo() override;
@@ -27,9 +27,9 @@ public:
     bool mergeWith(const QUndoCommand* other) override;
 
 private:
-    imagePhysicsSession& m_session;
-    std::vector<physicsElement> m_before;
-    std::vector<physicsElement> m_after;
+    ImagePhysicsSession& m_session;
+    std::vector<PhysicsElement> m_before;
+    std::vector<PhysicsElement> m_after;
     int m_field;
     tessaro::Uuid m_shape;
     std::size_t m_vertex;

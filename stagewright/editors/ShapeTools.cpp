@@ -45,14 +45,14 @@ QPointF qt(PointValue p)
 
 // ---- The shared tool -------------------------------------------------------------------
 
-std::optional<physicsElement> shapeTool::begin(PointValue) const
+std::optional<PhysicsElement> ShapeTool::begin(PointValue) const
 {
     return std::nullopt;
 }
 
-void shapeTool::drawTo(physicsElement&, PointValue) const {}
+void ShapeTool::drawTo(PhysicsElement&, PointValue) const {}
 
-bool shapeTool::hits(const physicsElement& element, PointValue p, double tolerance, QSizeF imageSize) const
+bool ShapeTool::hits(const PhysicsElement& element, PointValue p, double tolerance, QSizeF imageSize) const
 {
     const QPainterPath path = outline(element, imageSize);
     const QPointF point = qt(p);
@@ -68,7 +68,7 @@ bool shapeTool::hits(const physicsElement& element, PointValue p, double toleran
     return false;
 }
 
-std::optional<std::size_t> shapeTool::handleAt(const physicsElement& element, PointValue p, double tolerance,
+std::optional<std::size_t> ShapeTool::handleAt(const PhysicsElement& element, PointValue p, double tolerance,
                                                QSizeF imageSize) const
 {
     const std::vector<PointValue> points = handles(element, imageSize);
@@ -80,25 +80,25 @@ std::optional<std::size_t> shapeTool::handleAt(const physicsElement& element, Po
 
 // ---- Rectangles ------------------------------------------------------------------------
 
-std::optional<physicsElement> rectangleTool::begin(PointValue) const
+std::optional<PhysicsElement> RectangleTool::begin(PointValue) const
 {
-    return physicsElement::make(physicsType::rect);
+    return PhysicsElement::make(PhysicsType::rect);
 }
 
-void rectangleTool::drawTo(physicsElement& element, PointValue p) const
+void RectangleTool::drawTo(PhysicsElement& element, PointValue p) const
 {
     // A rectangle's start is the image's centre, so the size is measured from there.
     element.size = {std::abs(element.startPoint.x - p.x), std::abs(element.startPoint.y - p.y)};
 }
 
-std::vector<PointValue> rectangleTool::handles(const physicsElement& element, QSizeF) const
+std::vector<PointValue> RectangleTool::handles(const PhysicsElement& element, QSizeF) const
 {
     const double hw = element.size.width / 2, hh = element.size.height / 2;
     const PointValue c = element.center;
     return {{c.x - hw, c.y - hh}, {c.x + hw, c.y - hh}, {c.x + hw, c.y + hh}, {c.x - hw, c.y + hh}};
 }
 
-void rectangleTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
+void RectangleTool::moveHandle(PhysicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
 {
     // The opposite corner stays where it is.
     const PointValue fixed = handles(element, imageSize)[(index + 2) % 4];
@@ -106,12 +106,12 @@ void rectangleTool::moveHandle(physicsElement& element, std::size_t index, Point
     element.size = {std::abs(p.x - fixed.x), std::abs(p.y - fixed.y)};
 }
 
-void rectangleTool::translate(physicsElement& element, PointValue delta, QSizeF) const
+void RectangleTool::translate(PhysicsElement& element, PointValue delta, QSizeF) const
 {
     element.center = plus(element.center, delta);
 }
 
-QPainterPath rectangleTool::outline(const physicsElement& element, QSizeF) const
+QPainterPath RectangleTool::outline(const PhysicsElement& element, QSizeF) const
 {
     QPainterPath path;
     path.addRect(QRectF(element.center.x - element.size.width / 2, element.center.y - element.size.height / 2,
@@ -121,27 +121,27 @@ QPainterPath rectangleTool::outline(const physicsElement& element, QSizeF) const
 
 // ---- Circles ---------------------------------------------------------------------------
 
-std::optional<physicsElement> circleTool::begin(PointValue) const
+std::optional<PhysicsElement> CircleTool::begin(PointValue) const
 {
-    return physicsElement::make(physicsType::radius);
+    return PhysicsElement::make(PhysicsType::radius);
 }
 
-void circleTool::drawTo(physicsElement& element, PointValue p) const
+void CircleTool::drawTo(PhysicsElement& element, PointValue p) const
 {
     element.radius = std::round(std::abs(element.startPoint.x - p.x));
 }
 
-std::vector<PointValue> circleTool::handles(const physicsElement& element, QSizeF) const
+std::vector<PointValue> CircleTool::handles(const PhysicsElement& element, QSizeF) const
 {
     return {{element.radius, 0}};
 }
 
-void circleTool::moveHandle(physicsElement& element, std::size_t, PointValue p, QSizeF) const
+void CircleTool::moveHandle(PhysicsElement& element, std::size_t, PointValue p, QSizeF) const
 {
     element.radius = std::round(std::hypot(p.x, p.y));
 }
 
-QPainterPath circleTool::outline(const physicsElement& element, QSizeF) const
+QPainterPath CircleTool::outline(const PhysicsElement& element, QSizeF) const
 {
     QPainterPath path;
     path.addEllipse(QPointF(0, 0), element.radius, element.radius);
@@ -150,25 +150,25 @@ QPainterPath circleTool::outline(const physicsElement& element, QSizeF) const
 
 // ---- Edges -----------------------------------------------------------------------------
 
-std::optional<physicsElement> edgeTool::begin(PointValue p) const
+std::optional<PhysicsElement> EdgeTool::begin(PointValue p) const
 {
-    physicsElement element = physicsElement::make(physicsType::edge);
+    PhysicsElement element = PhysicsElement::make(PhysicsType::edge);
     element.startPoint = p;
     element.endPoint = p;
     return element;
 }
 
-void edgeTool::drawTo(physicsElement& element, PointValue p) const
+void EdgeTool::drawTo(PhysicsElement& element, PointValue p) const
 {
     element.endPoint = p;
 }
 
-std::vector<PointValue> edgeTool::handles(const physicsElement& element, QSizeF imageSize) const
+std::vector<PointValue> EdgeTool::handles(const PhysicsElement& element, QSizeF imageSize) const
 {
     return {resolvedEdgeStart(element.startPoint, imageSize), resolvedEdgeEnd(element.endPoint, imageSize)};
 }
 
-void edgeTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
+void EdgeTool::moveHandle(PhysicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
 {
     if (index == 0)
         element.startPoint = keptMarkers(element.startPoint, resolvedEdgeStart(element.startPoint, imageSize), p);
@@ -176,7 +176,7 @@ void edgeTool::moveHandle(physicsElement& element, std::size_t index, PointValue
         element.endPoint = keptMarkers(element.endPoint, resolvedEdgeEnd(element.endPoint, imageSize), p);
 }
 
-void edgeTool::translate(physicsElement& element, PointValue delta, QSizeF imageSize) const
+void EdgeTool::translate(PhysicsElement& element, PointValue delta, QSizeF imageSize) const
 {
     const PointValue start = resolvedEdgeStart(element.startPoint, imageSize);
     const PointValue end = resolvedEdgeEnd(element.endPoint, imageSize);
@@ -184,7 +184,7 @@ void edgeTool::translate(physicsElement& element, PointValue delta, QSizeF image
     element.endPoint = keptMarkers(element.endPoint, end, plus(end, delta));
 }
 
-QPainterPath edgeTool::outline(const physicsElement& element, QSizeF imageSize) const
+QPainterPath EdgeTool::outline(const PhysicsElement& element, QSizeF imageSize) const
 {
     QPainterPath path(qt(resolvedEdgeStart(element.startPoint, imageSize)));
     path.lineTo(qt(resolvedEdgeEnd(element.endPoint, imageSize)));
@@ -193,12 +193,12 @@ QPainterPath edgeTool::outline(const physicsElement& element, QSizeF imageSize) 
 
 // ---- Polygons --------------------------------------------------------------------------
 
-bool polygonTool::isClosed(const physicsElement& element)
+bool PolygonTool::isClosed(const PhysicsElement& element)
 {
     return element.points.size() >= 4 && element.points.back().point == element.points.front().point;
 }
 
-std::vector<PointValue> polygonTool::handles(const physicsElement& element, QSizeF imageSize) const
+std::vector<PointValue> PolygonTool::handles(const PhysicsElement& element, QSizeF imageSize) const
 {
     std::vector<PointValue> points = resolvedPolygon(element, imageSize);
     if (isClosed(element))
@@ -206,7 +206,7 @@ std::vector<PointValue> polygonTool::handles(const physicsElement& element, QSiz
     return points;
 }
 
-void polygonTool::moveHandle(physicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
+void PolygonTool::moveHandle(PhysicsElement& element, std::size_t index, PointValue p, QSizeF imageSize) const
 {
     if (index >= element.points.size())
         return;
@@ -217,14 +217,14 @@ void polygonTool::moveHandle(physicsElement& element, std::size_t index, PointVa
         element.points.back().point = keptMarkers(element.points.back().point, resolved.back(), p);
 }
 
-void polygonTool::translate(physicsElement& element, PointValue delta, QSizeF imageSize) const
+void PolygonTool::translate(PhysicsElement& element, PointValue delta, QSizeF imageSize) const
 {
     const std::vector<PointValue> resolved = resolvedPolygon(element, imageSize);
     for (std::size_t i = 0; i < element.points.size(); ++i)
         element.points[i].point = keptMarkers(element.points[i].point, resolved[i], plus(resolved[i], delta));
 }
 
-QPainterPath polygonTool::outline(const physicsElement& element, QSizeF imageSize) const
+QPainterPath PolygonTool::outline(const PhysicsElement& element, QSizeF imageSize) const
 {
     QPainterPath path;
     const std::vector<PointValue> points = resolvedPolygon(element, imageSize);
@@ -238,30 +238,30 @@ QPainterPath polygonTool::outline(const physicsElement& element, QSizeF imageSiz
 
 // ---- Look-ups and markers ---------------------------------------------------------------
 
-const shapeTool* shapeToolFor(physicsType type)
+const ShapeTool* shapeToolFor(PhysicsType type)
 {
-    static const rectangleTool rectangle;
-    static const circleTool circle;
-    static const edgeTool edge;
-    static const polygonTool polygon;
+    static const RectangleTool rectangle;
+    static const CircleTool circle;
+    static const EdgeTool edge;
+    static const PolygonTool polygon;
     switch (type) {
-    case physicsType::rect: return &rectangle;
-    case physicsType::radius: return &circle;
-    case physicsType::edge: return &edge;
-    case physicsType::polygon: return &polygon;
-    case physicsType::none: break;
+    case PhysicsType::rect: return &rectangle;
+    case PhysicsType::radius: return &circle;
+    case PhysicsType::edge: return &edge;
+    case PhysicsType::polygon: return &polygon;
+    case PhysicsType::none: break;
     }
     return nullptr;
 }
 
-const shapeTool* shapeToolFor(insertType tool)
+const ShapeTool* shapeToolFor(InsertType tool)
 {
     switch (tool) {
-    case insertType::rectangle: return shapeToolFor(physicsType::rect);
-    case insertType::radius: return shapeToolFor(physicsType::radius);
-    case insertType::edge: return shapeToolFor(physicsType::edge);
-    case insertType::polygon: return shapeToolFor(physicsType::polygon);
-    case insertType::none: break;
+    case InsertType::rectangle: return shapeToolFor(PhysicsType::rect);
+    case InsertType::radius: return shapeToolFor(PhysicsType::radius);
+    case InsertType::edge: return shapeToolFor(PhysicsType::edge);
+    case InsertType::polygon: return shapeToolFor(PhysicsType::polygon);
+    case InsertType::none: break;
     }
     return nullptr;
 }
@@ -276,7 +276,7 @@ PointValue resolvedEdgeEnd(PointValue p, QSizeF imageSize)
     return {p.x == edgeMarker ? imageSize.width() * 0.5 : p.x, p.y == edgeMarker ? imageSize.height() * 0.5 : p.y};
 }
 
-std::vector<PointValue> resolvedPolygon(const physicsElement& element, QSizeF imageSize)
+std::vector<PointValue> resolvedPolygon(const PhysicsElement& element, QSizeF imageSize)
 {
     std::vector<PointValue> points;
     points.reserve(element.points.size());

@@ -22,7 +22,7 @@ QString addText(const std::string& elementName)
 }
 
 /// Shows `node` as the selection, so the inspector shows the new element.
-void selectAdded(sceneEditor& scene, const elementNodePtr& node)
+void selectAdded(SceneEditor& scene, const ElementNodePtr& node)
 {
     if (!node)
         return;
@@ -31,7 +31,7 @@ void selectAdded(sceneEditor& scene, const elementNodePtr& node)
     scene.selectNode(node);
 }
 
-std::size_t placeInLayer(const elementNode& node)
+std::size_t placeInLayer(const ElementNode& node)
 {
     const auto& siblings = node.parent()->children();
     const auto at =
@@ -43,7 +43,7 @@ std::size_t placeInLayer(const elementNode& node)
 
 // ---- Elements --------------------------------------------------------------------------------
 
-AddElementCommand::AddElementCommand(projectTab& tab, sceneObjectType kind, std::string elementName,
+AddElementCommand::AddElementCommand(ProjectTab& tab, sceneObjectType kind, std::string elementName,
                                      std::optional<tessaro::PointValue> position)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
@@ -56,11 +56,11 @@ AddElementCommand::AddElementCommand(projectTab& tab, sceneObjectType kind, std:
 
 void AddElementCommand::redoStep()
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
         return;
     if (m_added) {
-        elementNodePtr node = scene->placeElement(m_added->records, m_added->layerIndex, m_added->handle);
+        ElementNodePtr node = scene->placeElement(m_added->records, m_added->layerIndex, m_added->handle);
         // Ground sections are laid in a row: the row is laid again with it.
         if (node && m_kind == sceneObjectType::ground) {
             scene->rebuildGround(m_levelId);
@@ -69,23 +69,23 @@ void AddElementCommand::redoStep()
         selectAdded(*scene, node);
         return;
     }
-    const elementNodePtr node = scene->placement().addElement(m_kind, m_elementName);
+    const ElementNodePtr node = scene->placement().addElement(m_kind, m_elementName);
     if (!node || !node->parent()) {
         setObsolete(true);
         return;
     }
     if (m_position)
-        storeDeviceValue(*scene, *node, tessaro::deviceName::defaultDevice, publishedElementList::position,
+        storeDeviceValue(*scene, *node, tessaro::deviceName::defaultDevice, PublishedElementList::position,
                          *m_position);
     if (!node->handle)
         node->handle = m_tab->elementHandles().issue();
-    m_added = sceneEditor::ElementInPlace{node->records(), node->handle, placeInLayer(*node)};
+    m_added = SceneEditor::ElementInPlace{node->records(), node->handle, placeInLayer(*node)};
     selectAdded(*scene, node);
 }
 
 void AddElementCommand::undo()
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene || !m_added)
         return;
     scene->removeElement(m_added->handle);
@@ -95,7 +95,7 @@ void AddElementCommand::undo()
 
 // ---- Backgrounds -----------------------------------------------------------------------------
 
-AddBackgroundCommand::AddBackgroundCommand(projectTab& tab, const sceneEditor& scene, std::string elementName)
+AddBackgroundCommand::AddBackgroundCommand(ProjectTab& tab, const SceneEditor& scene, std::string elementName)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_elementName(std::move(elementName)),
@@ -110,7 +110,7 @@ void AddBackgroundCommand::redoStep()
         show(*m_after);
         return;
     }
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene) {
         setObsolete(true);
         return;
@@ -130,7 +130,7 @@ void AddBackgroundCommand::undo()
 
 void AddBackgroundCommand::show(const std::optional<tessaro::Background>& list)
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
         return;
     if (scene->backgroundList() != list) {
@@ -139,7 +139,7 @@ void AddBackgroundCommand::show(const std::optional<tessaro::Background>& list)
         emit scene->backgroundListChanged();
     }
     for (const tessaro::kit::NodePtr& layer : {scene->backgroundNodes(), scene->pinnedBackgroundNodes()})
-        for (const elementNodePtr& node : sceneEditor::elementsOf(layer))
+        for (const ElementNodePtr& node : SceneEditor::elementsOf(layer))
             if (m_addedId && node->backgroundAssociatedId == m_addedId) {
                 selectAdded(*scene, node);
                 return;

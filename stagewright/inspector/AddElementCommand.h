@@ -16,40 +16,40 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// An element of the catalogue of `kind` added to the level shown, where the
 /// scene places a new element or, with `position`, stored at that position
 /// for the default device. The element is selected.
 class AddElementCommand : public HistoryStep {
 public:
-    AddElementCommand(projectTab& tab, tessaro::sceneObjectType kind, std::string elementName,
+    AddElementCommand(ProjectTab& tab, tessaro::sceneObjectType kind, std::string elementName,
                       std::optional<tessaro::PointValue> position = std::nullopt);
     void redoStep() override;
     void undo() override;
 
 private:
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
     tessaro::sceneObjectType m_kind;
     std::string m_elementName;
     std::optional<tessaro::PointValue> m_position;
     /// The element as the first redo made it, and its place in its layer.
-    std::optional<sceneEditor::ElementInPlace> m_added;
+    std::optional<SceneEditor::ElementInPlace> m_added;
 };
 
 /// An image of a background of the object catalogue appended to the level's
 /// background list. The new background is selected.
 class AddBackgroundCommand : public HistoryStep {
 public:
-    AddBackgroundCommand(projectTab& tab, const sceneEditor& scene, std::string elementName);
+    AddBackgroundCommand(ProjectTab& tab, const SceneEditor& scene, std::string elementName);
     void redoStep() override;
     void undo() override;
 
 private:
     void show(const std::optional<tessaro::Background>& list);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
     std::string m_elementName;
     std::optional<tessaro::Background> m_before;

@@ -21,33 +21,33 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
 namespace {
 
 /// The rows of the cycle-end sheet, refreshed with it.
 class CycleEndRows : public RowPane {
 public:
-    explicit CycleEndRows(const rowBinding& binding) : RowPane(binding)
+    explicit CycleEndRows(const RowBinding& binding) : RowPane(binding)
     {
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
-        for (const rowEntry& row : cycleEndRows())
-            layout->addWidget(makeRow(row, modelType::AnimationCycleEnd));
+        for (const RowEntry& row : cycleEndRows())
+            layout->addWidget(makeRow(row, ModelType::AnimationCycleEnd));
         layout->addStretch();
     }
 };
 
 } // namespace
 
-animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent) : RowPane(std::move(binding), parent)
+AnimationPropertyView::AnimationPropertyView(RowBinding binding, QWidget* parent) : RowPane(std::move(binding), parent)
 {
     setObjectName(QStringLiteral("animationPropertyView"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     if (!m_binding.tab)
         return;
-    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const SelectedObjectModel& object = m_binding.tab->selectedObject();
 
     auto* base = new PropertySection(tr("Element base animation properties"));
     base->addReflectionRows(object.defaultViewProperties ? baseAnimationTable(*object.defaultViewProperties)
@@ -58,15 +58,15 @@ animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent
     cycleEnd->setObjectName(QStringLiteral("cycleEndButton"));
     layout->addWidget(cycleEnd, 0, Qt::AlignLeft);
     connect(cycleEnd, &QPushButton::clicked, this, [this] {
-        auto* sheet = new animationCycleEndView(m_binding, this);
+        auto* sheet = new AnimationCycleEndView(m_binding, this);
         sheet->setAttribute(Qt::WA_DeleteOnClose);
         sheet->open();
     });
 
-    for (const sectionEntry& entry : animationSections()) {
+    for (const SectionEntry& entry : animationSections()) {
         auto* section = new PropertySection(tr(entry.title));
-        for (const rowEntry& row : entry.rows) {
-            PropertyRow* shown = makeRow(row, modelType::Animation);
+        for (const RowEntry& row : entry.rows) {
+            PropertyRow* shown = makeRow(row, ModelType::Animation);
             // A value with no field to go to would be lost: it is shown, not edited.
             if (!animationRowStores(row.property, object.type)) {
                 shown->setEnabled(false);
@@ -80,18 +80,18 @@ animationPropertyView::animationPropertyView(rowBinding binding, QWidget* parent
     refresh();
 }
 
-QMessageBox* animationPropertyView::imageMissingAlert() const
+QMessageBox* AnimationPropertyView::imageMissingAlert() const
 {
     return m_imageMissing;
 }
 
-void animationPropertyView::showEvent(QShowEvent* event)
+void AnimationPropertyView::showEvent(QShowEvent* event)
 {
     RowPane::showEvent(event);
     if (m_imageChecked || !m_binding.tab)
         return;
     m_imageChecked = true;
-    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const SelectedObjectModel& object = m_binding.tab->selectedObject();
     const std::string missing = missingSelectionImage(m_binding.settings, object);
     if (missing.empty())
         return;
@@ -108,7 +108,7 @@ void animationPropertyView::showEvent(QShowEvent* event)
     m_imageMissing->open();
 }
 
-animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent)
+AnimationCycleEndView::AnimationCycleEndView(RowBinding binding, QWidget* parent)
     : QDialog(parent),
       m_binding(std::move(binding))
 {
@@ -134,7 +134,7 @@ animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     connect(physics, &QPushButton::clicked, this, [this] {
         if (m_binding.tab && !m_binding.tab->selectedAnimationObject().End_SelectedId.empty())
-            openPhysicsEditor(this, *m_binding.tab, m_binding.settings, physicsEditMode::animation);
+            openPhysicsEditor(this, *m_binding.tab, m_binding.settings, PhysicsEditMode::animation);
     });
 
     auto* pick = new QHBoxLayout;
@@ -148,22 +148,22 @@ animationCycleEndView::animationCycleEndView(rowBinding binding, QWidget* parent
     m_rows = new CycleEndRows(m_binding);
     layout->addWidget(m_rows, 1);
     if (m_binding.tab)
-        connect(m_binding.tab, &projectTab::selectedAnimationObjectChanged, this, &animationCycleEndView::refresh);
+        connect(m_binding.tab, &ProjectTab::selectedAnimationObjectChanged, this, &AnimationCycleEndView::refresh);
     refresh();
 }
 
-void animationCycleEndView::edit(publishedElementList element, const propertyValue& value)
+void AnimationCycleEndView::edit(PublishedElementList element, const PropertyValue& value)
 {
     if (m_binding.tab)
-        EditRouting(*m_binding.tab).editRow(modelType::AnimationCycleEnd, element, value);
+        EditRouting(*m_binding.tab).editRow(ModelType::AnimationCycleEnd, element, value);
     refresh();
 }
 
-void animationCycleEndView::refresh()
+void AnimationCycleEndView::refresh()
 {
     if (!m_binding.tab)
         return;
-    const selectedAnimationModel& model = m_binding.tab->selectedAnimationObject();
+    const SelectedAnimationModel& model = m_binding.tab->selectedAnimationObject();
     {
         const QSignalBlocker quiet(m_list);
         m_list->clear();

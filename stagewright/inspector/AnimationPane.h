@@ -13,10 +13,10 @@ class QMessageBox;
 
 namespace stagewright {
 
-class animationPropertyView : public RowPane {
+class AnimationPropertyView : public RowPane {
     Q_OBJECT
 public:
-    explicit animationPropertyView(rowBinding binding, QWidget* parent = nullptr);
+    explicit AnimationPropertyView(RowBinding binding, QWidget* parent = nullptr);
     /// The alert that the element's picture is not in the workspace, while it shows.
     QMessageBox* imageMissingAlert() const;
 
@@ -31,16 +31,16 @@ private:
 
 /// The cycle ends of the element's animation: a list to pick one, buttons to
 /// add and delete, and the values of the picked one.
-class animationCycleEndView : public QDialog {
+class AnimationCycleEndView : public QDialog {
     Q_OBJECT
 public:
-    explicit animationCycleEndView(rowBinding binding, QWidget* parent = nullptr);
+    explicit AnimationCycleEndView(RowBinding binding, QWidget* parent = nullptr);
     void refresh();
 
 private:
-    void edit(publishedElementList element, const propertyValue& value);
+    void edit(PublishedElementList element, const PropertyValue& value);
 
-    rowBinding m_binding;
+    RowBinding m_binding;
     QComboBox* m_list = nullptr;
     RowPane* m_rows = nullptr;
 };

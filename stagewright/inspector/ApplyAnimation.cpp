@@ -17,16 +17,16 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 
 namespace {
 
 /// The selected obstacle or character, whose animation the panes edit; null
 /// for other kinds and without a selection.
-elementNodePtr animatedNode(sceneEditor& scene)
+ElementNodePtr animatedNode(SceneEditor& scene)
 {
-    projectTab* tab = editedTab(scene);
+    ProjectTab* tab = editedTab(scene);
     if (!tab)
         return nullptr;
     const sceneObjectType kind = tab->selectedObject().type;
@@ -36,14 +36,14 @@ elementNodePtr animatedNode(sceneEditor& scene)
 }
 
 /// The node's animation record, made when it has none.
-tessaro::AnimationProperty& animationOf(elementNode& node)
+tessaro::AnimationProperty& animationOf(ElementNode& node)
 {
     if (!node.animationOverrides)
         node.animationOverrides.emplace();
     return *node.animationOverrides;
 }
 
-bool isTargetDistance(publishedElementList element)
+bool isTargetDistance(PublishedElementList element)
 {
     switch (element) {
     case P::target_maximumRange:
@@ -58,7 +58,7 @@ bool isTargetDistance(publishedElementList element)
 
 /// A target distance goes into the character's own record, which is made
 /// when it has none.
-void storeTargetDistance(elementNode& node, publishedElementList element, const propertyValue& value)
+void storeTargetDistance(ElementNode& node, PublishedElementList element, const PropertyValue& value)
 {
     if (!node.characterOverrides)
         return;
@@ -100,7 +100,7 @@ std::string idText(const tessaro::CycleEndProperties& entry)
     return entry.id ? entry.id->text() : std::string();
 }
 
-void listCycleEnds(selectedAnimationModel& model, const std::vector<tessaro::CycleEndProperties>& entries)
+void listCycleEnds(SelectedAnimationModel& model, const std::vector<tessaro::CycleEndProperties>& entries)
 {
     model.End_List.clear();
     for (const tessaro::CycleEndProperties& entry : entries)
@@ -109,11 +109,11 @@ void listCycleEnds(selectedAnimationModel& model, const std::vector<tessaro::Cyc
 
 } // namespace
 
-void applyAnimationProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value)
+void applyAnimationProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value)
 {
     // A row without a field leaves the record as it is: no empty animation
     // record is added to the file for it.
-    const elementNodePtr node = animatedNode(scene);
+    const ElementNodePtr node = animatedNode(scene);
     if (!node || !animationRowStores(element, node->kind()))
         return;
     if (isTargetDistance(element)) {
@@ -165,13 +165,13 @@ void applyAnimationProperty(sceneEditor& scene, publishedElementList element, co
     }
 }
 
-void applyCycleEndProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value)
+void applyCycleEndProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value)
 {
-    const elementNodePtr node = animatedNode(scene);
+    const ElementNodePtr node = animatedNode(scene);
     if (!node)
         return;
-    projectTab& tab = *scene.tab();
-    selectedAnimationModel& model = tab.selectedAnimationObject();
+    ProjectTab& tab = *scene.tab();
+    SelectedAnimationModel& model = tab.selectedAnimationObject();
 
     if (element == P::End_list_add) {
         auto& entries = animationOf(*node).cycleEndProperties;

@@ -13,11 +13,11 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
 namespace {
 
-tessaro::BackgroundImage* recordWithId(sceneEditor& scene, const tessaro::Uuid& id)
+tessaro::BackgroundImage* recordWithId(SceneEditor& scene, const tessaro::Uuid& id)
 {
     auto& list = scene.backgroundList();
     if (!list || !list->backgrounds)
@@ -29,21 +29,21 @@ tessaro::BackgroundImage* recordWithId(sceneEditor& scene, const tessaro::Uuid& 
 }
 
 /// Every background recedes but the pictures of the one shown.
-void dimAllBut(sceneEditor& scene, const tessaro::Uuid& id)
+void dimAllBut(SceneEditor& scene, const tessaro::Uuid& id)
 {
     for (const tessaro::kit::NodePtr& layer : {scene.backgroundNodes(), scene.pinnedBackgroundNodes()})
-        for (const elementNodePtr& node : sceneEditor::elementsOf(layer))
+        for (const ElementNodePtr& node : SceneEditor::elementsOf(layer))
             node->setAlpha(node->backgroundAssociatedId == id ? 1.0 : 0.2);
 }
 
 } // namespace
 
-void applyBackgroundProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value)
+void applyBackgroundProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value)
 {
-    projectTab* tab = editedTab(scene);
+    ProjectTab* tab = editedTab(scene);
     if (!tab)
         return;
-    selectedObjectModel& model = tab->selectedObject();
+    SelectedObjectModel& model = tab->selectedObject();
 
     if (element == P::background) {
         if (const auto* id = std::get_if<tessaro::Uuid>(&value)) {
@@ -87,7 +87,7 @@ void applyBackgroundProperty(sceneEditor& scene, publishedElementList element, c
         break;
     case P::lowerBound:
     case P::upperBound: {
-        const auto* bound = std::get_if<rangeBoundValue>(&value);
+        const auto* bound = std::get_if<RangeBoundValue>(&value);
         if (!bound || !record->pinnedRanges || bound->index >= record->pinnedRanges->size())
             break;
         tessaro::PinnedRange& entry = (*record->pinnedRanges)[bound->index];

@@ -9,11 +9,11 @@
 namespace stagewright {
 
 /// The tab of the scene while its phase is `Selected`, or null.
-projectTab* editedTab(sceneEditor& scene);
+ProjectTab* editedTab(SceneEditor& scene);
 /// The selected element of the scene's tab while the phase is `Selected`, or null.
-elementNodePtr editedNode(sceneEditor& scene);
+ElementNodePtr editedNode(SceneEditor& scene);
 /// A new glow for a node whose picture or size changed.
-void replaceGlow(elementNode& node);
+void replaceGlow(ElementNode& node);
 void traceLine(const std::string& line);
 
 } // namespace stagewright

@@ -17,7 +17,7 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::DeviceProperties;
 using tessaro::sceneObjectType;
 
@@ -25,7 +25,7 @@ namespace {
 
 /// The text field of an entry that a device case names; null for `fontSize`
 /// and the cases without a field.
-std::optional<std::string> DeviceProperties::*textField(publishedElementList element)
+std::optional<std::string> DeviceProperties::*textField(PublishedElementList element)
 {
     switch (element) {
     case P::position: return &DeviceProperties::position;
@@ -42,12 +42,12 @@ std::optional<std::string> DeviceProperties::*textField(publishedElementList ele
     }
 }
 
-bool isSizeField(publishedElementList element)
+bool isSizeField(PublishedElementList element)
 {
     return element == P::size || element == P::digitSize || element == P::selectorSize;
 }
 
-bool hasField(const DeviceProperties& entry, publishedElementList element)
+bool hasField(const DeviceProperties& entry, PublishedElementList element)
 {
     if (element == P::fontSize)
         return entry.fontSize.has_value();
@@ -57,7 +57,7 @@ bool hasField(const DeviceProperties& entry, publishedElementList element)
 
 /// The entry of `device` in the node's list, made (and the list with it) when
 /// `create` asks for it.
-DeviceProperties* entryOf(elementNode& node, tessaro::deviceName device, bool create)
+DeviceProperties* entryOf(ElementNode& node, tessaro::deviceName device, bool create)
 {
     if (node.devices)
         if (DeviceProperties* entry = tessaro::ownDeviceEntry(*node.devices, device))
@@ -72,11 +72,11 @@ DeviceProperties* entryOf(elementNode& node, tessaro::deviceName device, bool cr
 }
 
 /// The node takes a new size: its body, handle and glow follow, then its place.
-void resize(elementNode& node, tessaro::SizeValue size)
+void resize(ElementNode& node, tessaro::SizeValue size)
 {
     node.setSize(QSizeF(size.width, size.height));
     if (const tessaro::kit::PhysicsBody* body = node.physicsBody()) {
-        const elementBodyMasks masks{body->categoryBitMask(), body->contactTestBitMask(), body->collisionBitMask(),
+        const ElementBodyMasks masks{body->categoryBitMask(), body->contactTestBitMask(), body->collisionBitMask(),
                                      body->affectedByGravity(), body->isDynamic()};
         node.setPhysicsBody(nullptr);
         if (node.kind() != sceneObjectType::background)
@@ -90,8 +90,8 @@ void resize(elementNode& node, tessaro::SizeValue size)
 }
 
 /// Writes one device value into `entry` of `node` and redraws what it moves.
-void writeDeviceValue(elementNode& node, DeviceProperties& entry, publishedElementList element,
-                      const propertyValue& value)
+void writeDeviceValue(ElementNode& node, DeviceProperties& entry, PublishedElementList element,
+                      const PropertyValue& value)
 {
     const bool ground = node.kind() == sceneObjectType::ground;
     if (element == P::fontSize) {
@@ -126,15 +126,15 @@ void writeDeviceValue(elementNode& node, DeviceProperties& entry, publishedEleme
 
 /// The copies of a repeated obstacle stand in a row from it: they follow a
 /// value that moves or sizes it.
-void layRepeatedCopies(sceneEditor& scene, elementNode& node, publishedElementList element)
+void layRepeatedCopies(SceneEditor& scene, ElementNode& node, PublishedElementList element)
 {
     if (node.kind() == sceneObjectType::obstacles &&
         (element == P::position || element == P::size || element == P::randomPositionRange))
-        scene.placement().addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
+        scene.placement().addRepeatedCopies(std::static_pointer_cast<ElementNode>(node.shared_from_this()));
 }
 
 /// The selection models follow a value the canvas stored.
-void showStored(projectTab& tab, const elementNode& node)
+void showStored(ProjectTab& tab, const ElementNode& node)
 {
     if (tab.selectedObject().name != node.name().toStdString())
         return;
@@ -149,20 +149,20 @@ void showStored(projectTab& tab, const elementNode& node)
 
 } // namespace
 
-void applyDeviceProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value,
-                         const propertyValue& oldValue)
+void applyDeviceProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value,
+                         const PropertyValue& oldValue)
 {
-    projectTab* tab = editedTab(scene);
-    const elementNodePtr node = editedNode(scene);
+    ProjectTab* tab = editedTab(scene);
+    const ElementNodePtr node = editedNode(scene);
     if (!tab || !node)
         return;
-    selectedDeviceModel& model = tab->selectedDeviceObject();
+    SelectedDeviceModel& model = tab->selectedDeviceObject();
     if (element == P::deviceName) {
         // Another device's entry is shown; nothing is stored and nothing moves.
         const std::optional<tessaro::deviceName> device =
             tessaro::caseFromText<tessaro::deviceName>(textOf(value).value_or(std::string()));
         const tessaro::deviceName shown = device.value_or(model.nameSelected);
-        selectedDeviceModel showing = model;
+        SelectedDeviceModel showing = model;
         showing.nameSelected = shown;
         tab->setSelectedDeviceObject(showDeviceEntry(std::move(showing), node->devices, shown));
         return;
@@ -177,26 +177,26 @@ void applyDeviceProperty(sceneEditor& scene, publishedElementList element, const
     layRepeatedCopies(scene, *node, element);
 }
 
-void storeDeviceValue(sceneEditor& scene, elementNode& node, tessaro::deviceName device, publishedElementList element,
-                      const propertyValue& value)
+void storeDeviceValue(SceneEditor& scene, ElementNode& node, tessaro::deviceName device, PublishedElementList element,
+                      const PropertyValue& value)
 {
     writeDeviceValue(node, *entryOf(node, device, true), element, value);
     layRepeatedCopies(scene, node, element);
-    if (projectTab* tab = scene.tab())
+    if (ProjectTab* tab = scene.tab())
         showStored(*tab, node);
 }
 
-void toggleDeviceOverride(sceneEditor& scene, publishedElementList element, bool add)
+void toggleDeviceOverride(SceneEditor& scene, PublishedElementList element, bool add)
 {
-    projectTab* tab = editedTab(scene);
-    const elementNodePtr node = editedNode(scene);
+    ProjectTab* tab = editedTab(scene);
+    const ElementNodePtr node = editedNode(scene);
     if (!tab || !node)
         return;
-    selectedDeviceModel& model = tab->selectedDeviceObject();
+    SelectedDeviceModel& model = tab->selectedDeviceObject();
     DeviceProperties& entry = *entryOf(*node, model.nameSelected, true);
 
     const auto row = std::find_if(deviceFieldRows().begin(), deviceFieldRows().end(),
-                                  [&](const deviceFieldRow& candidate) { return candidate.field == element; });
+                                  [&](const DeviceFieldRow& candidate) { return candidate.field == element; });
     if (add && row != deviceFieldRows().end() && row->newOverrideText) {
         if (element == P::fontSize)
             entry.fontSize = 0;

@@ -18,31 +18,31 @@
 
 namespace stagewright {
 
-class elementNode;
-class sceneEditor;
+class ElementNode;
+class SceneEditor;
 
 /// A field of the primary list, the physics editor or the sound editor.
-void applyPrimaryProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value,
-                          const propertyValue& oldValue = {});
+void applyPrimaryProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value,
+                          const PropertyValue& oldValue = {});
 /// A field of the device pane, in the entry of the device the pane shows.
-void applyDeviceProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value,
-                         const propertyValue& oldValue = {});
+void applyDeviceProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value,
+                         const PropertyValue& oldValue = {});
 /// A field of the animation pane.
-void applyAnimationProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value);
+void applyAnimationProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value);
 /// A field or button of the cycle-end pane.
-void applyCycleEndProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value);
+void applyCycleEndProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value);
 /// A field or button of the background pane: the level's background record
 /// the pane shows.
-void applyBackgroundProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value);
+void applyBackgroundProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value);
 /// Adds a device field to the entry of the device the pane shows (made when
 /// missing), or removes it; an entry of another device that is left empty
 /// goes with it.
-void toggleDeviceOverride(sceneEditor& scene, publishedElementList element, bool add);
+void toggleDeviceOverride(SceneEditor& scene, PublishedElementList element, bool add);
 
 /// Stores a device value of `node` in the entry of `device`, made when
 /// missing, the way the device pane stores it: the canvas's moves and size
 /// handle use this with the default device.
-void storeDeviceValue(sceneEditor& scene, elementNode& node, tessaro::deviceName device, publishedElementList element,
-                      const propertyValue& value);
+void storeDeviceValue(SceneEditor& scene, ElementNode& node, tessaro::deviceName device, PublishedElementList element,
+                      const PropertyValue& value);
 
 } // namespace stagewright

@@ -19,22 +19,22 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 
-projectTab* editedTab(sceneEditor& scene)
+ProjectTab* editedTab(SceneEditor& scene)
 {
-    projectTab* tab = scene.tab();
-    return tab && tab->elementPhase() == selectionPhase::Selected ? tab : nullptr;
+    ProjectTab* tab = scene.tab();
+    return tab && tab->elementPhase() == SelectionPhase::Selected ? tab : nullptr;
 }
 
-elementNodePtr editedNode(sceneEditor& scene)
+ElementNodePtr editedNode(SceneEditor& scene)
 {
-    projectTab* tab = editedTab(scene);
+    ProjectTab* tab = editedTab(scene);
     return tab ? scene.elementNamed(QString::fromStdString(tab->selectedObject().name)) : nullptr;
 }
 
-void replaceGlow(elementNode& node)
+void replaceGlow(ElementNode& node)
 {
     node.removeGlow();
     node.addGlow();
@@ -47,7 +47,7 @@ void traceLine(const std::string& line)
 
 namespace {
 
-std::string joined(const propertyValue& value)
+std::string joined(const PropertyValue& value)
 {
     return tessaro::textFromNames(listOf(value).value_or(std::vector<std::string>{}));
 }
@@ -55,7 +55,7 @@ std::string joined(const propertyValue& value)
 /// The override record of the element's kind that has `isVisible`, and so on:
 /// the records of obstacles and characters share their fields.
 template <class F>
-void onOverride(elementNode& node, F&& write)
+void onOverride(ElementNode& node, F&& write)
 {
     if (node.kind() == sceneObjectType::obstacles && node.obstacleOverrides)
         write(*node.obstacleOverrides);
@@ -63,7 +63,7 @@ void onOverride(elementNode& node, F&& write)
         write(*node.characterOverrides);
 }
 
-void setVisible(elementNode& node, bool visible)
+void setVisible(ElementNode& node, bool visible)
 {
     switch (node.kind()) {
     case sceneObjectType::obstacles:
@@ -100,7 +100,7 @@ void setVisible(elementNode& node, bool visible)
 
 /// Writes one field of the rotation shown and of the rotation the level stores.
 template <class T>
-void setRotation(elementNode& node, std::optional<T> tessaro::RotationProperties::*field, T value)
+void setRotation(ElementNode& node, std::optional<T> tessaro::RotationProperties::*field, T value)
 {
     if (node.kind() != sceneObjectType::obstacles || !node.obstacleOverrides)
         return;
@@ -114,7 +114,7 @@ void setRotation(elementNode& node, std::optional<T> tessaro::RotationProperties
     (*node.obstacleOverrides->rotationProperties).*field = value;
 }
 
-void rebuildCoinRow(sceneEditor& scene, elementNode& node)
+void rebuildCoinRow(SceneEditor& scene, ElementNode& node)
 {
     if (!node.coinOverrides)
         return;
@@ -134,7 +134,7 @@ void copyList(const tessaro::PhysicsProperty& from, tessaro::PhysicsProperty& to
     list.assign((from.*member)->begin(), (from.*member)->end());
 }
 
-void applyImage(projectTab& tab, elementNode& node, const std::string& image)
+void applyImage(ProjectTab& tab, ElementNode& node, const std::string& image)
 {
     tab.selectedObject().image = image;
     if (node.kind() == sceneObjectType::ground) {
@@ -161,7 +161,7 @@ void applyImage(projectTab& tab, elementNode& node, const std::string& image)
         return;
     tessaro::Obstacle& over = *node.obstacleOverrides;
     std::string base;
-    const std::string elementName = baseFieldText(baseField::elementName, tab.selectedObject().defaultViewProperties);
+    const std::string elementName = baseFieldText(BaseField::elementName, tab.selectedObject().defaultViewProperties);
     for (const tessaro::Obstacle& record : tessaro::obstacleCatalogue())
         if (record.elementName == elementName) {
             base = record.image.value_or(std::string());
@@ -195,7 +195,7 @@ void applyImage(projectTab& tab, elementNode& node, const std::string& image)
     tab.selectedObject().displayedSize = tessaro::textFromPair(size.width(), size.height());
 
     // The element falls back to the picture's own size on every device.
-    selectedDeviceModel& device = tab.selectedDeviceObject();
+    SelectedDeviceModel& device = tab.selectedDeviceObject();
     std::erase(device.inherited, P::size);
     if (node.devices)
         for (tessaro::DeviceProperties& entry : *node.devices)
@@ -216,7 +216,7 @@ void applyImage(projectTab& tab, elementNode& node, const std::string& image)
 /// The shapes an obstacle's sheet drew for single frames go to its animation,
 /// which the game plays with a body per frame; drawing them asks for that.
 /// The animation pane shows the change.
-void applyFrameShapes(projectTab& tab, elementNode& node, const tessaro::PhysicsProperty& frames)
+void applyFrameShapes(ProjectTab& tab, ElementNode& node, const tessaro::PhysicsProperty& frames)
 {
     const bool drawn = tessaro::hasShapes(frames);
     if (!drawn && !(node.animationOverrides && node.animationOverrides->physics))
@@ -237,7 +237,7 @@ void applyFrameShapes(projectTab& tab, elementNode& node, const tessaro::Physics
 /// characters keep them in their override record, and the node shows them as
 /// the shapes in force. An obstacle's shapes of single frames go to its
 /// animation instead.
-void applyPhysics(projectTab& tab, elementNode& node, const tessaro::PhysicsProperty& physics)
+void applyPhysics(ProjectTab& tab, ElementNode& node, const tessaro::PhysicsProperty& physics)
 {
     tessaro::boxed<tessaro::PhysicsProperty>* stored = nullptr;
     if (node.kind() == sceneObjectType::obstacles && node.obstacleOverrides)
@@ -261,7 +261,7 @@ void applyPhysics(projectTab& tab, elementNode& node, const tessaro::PhysicsProp
     node.physics = **stored;
 }
 
-void applyGravity(elementNode& node, bool gravity)
+void applyGravity(ElementNode& node, bool gravity)
 {
     tessaro::kit::PhysicsBody* body = node.physicsBody();
     switch (node.kind()) {
@@ -283,8 +283,8 @@ void applyGravity(elementNode& node, bool gravity)
         body->setAffectedByGravity(gravity);
 }
 
-void applyTo(sceneEditor& scene, projectTab& tab, elementNode& node, publishedElementList element,
-             const propertyValue& value)
+void applyTo(SceneEditor& scene, ProjectTab& tab, ElementNode& node, PublishedElementList element,
+             const PropertyValue& value)
 {
     const sceneObjectType kind = tab.selectedObject().type;
     const auto number = [&](double fallback, int places) {
@@ -353,7 +353,7 @@ void applyTo(sceneEditor& scene, projectTab& tab, elementNode& node, publishedEl
         } else if (kind == sceneObjectType::obstacles && node.obstacleOverrides) {
             // The row's copies are the obstacle's own; the count is kept.
             node.obstacleOverrides->repeatCount = count;
-            scene.placement().addRepeatedCopies(std::static_pointer_cast<elementNode>(node.shared_from_this()));
+            scene.placement().addRepeatedCopies(std::static_pointer_cast<ElementNode>(node.shared_from_this()));
         }
         break;
     }
@@ -425,21 +425,21 @@ void applyTo(sceneEditor& scene, projectTab& tab, elementNode& node, publishedEl
 
 } // namespace
 
-void applyPrimaryProperty(sceneEditor& scene, publishedElementList element, const propertyValue& value,
-                          const propertyValue& oldValue)
+void applyPrimaryProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value,
+                          const PropertyValue& oldValue)
 {
-    projectTab* tab = editedTab(scene);
+    ProjectTab* tab = editedTab(scene);
     if (!tab)
         return;
     traceLine("Type: " + std::string(tessaro::caseText(tab->selectedObject().type)) +
               "  NAME: " + std::string(tessaro::caseText(element)) + "  OLD VALUE: " + describe(oldValue) +
               "   NEW VALUE: " + describe(value));
-    const elementNodePtr node = editedNode(scene);
+    const ElementNodePtr node = editedNode(scene);
     if (!node)
         return;
     applyTo(scene, *tab, *node, element, value);
     // A ground rebuild makes the section anew; the node of the selection is then another.
-    if (const elementNodePtr placed = editedNode(scene))
+    if (const ElementNodePtr placed = editedNode(scene))
         placed->placeFromDevices();
 }
 

@@ -17,9 +17,9 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
-backgroundPropertyListView::backgroundPropertyListView(rowBinding binding, QWidget* parent)
+BackgroundPropertyListView::BackgroundPropertyListView(RowBinding binding, QWidget* parent)
     : RowPane(std::move(binding), parent)
 {
     setObjectName(QStringLiteral("backgroundPropertyListView"));
@@ -37,10 +37,10 @@ backgroundPropertyListView::backgroundPropertyListView(rowBinding binding, QWidg
     title->setFixedWidth(150);
     m_backgrounds = new QComboBox;
     m_backgrounds->setObjectName(QStringLiteral("backgroundPicker"));
-    const sceneEditor* scene = sceneEditorOf(m_binding.tab->currentScene()).get();
-    for (const pickerSection& section :
-         getPickerContent(pickerType::BackgroundList, *m_binding.tab, scene, m_binding.settings).sections)
-        for (const pickerItem& item : section.items)
+    const SceneEditor* scene = sceneEditorOf(m_binding.tab->currentScene()).get();
+    for (const PickerSection& section :
+         getPickerContent(PickerType::BackgroundList, *m_binding.tab, scene, m_binding.settings).sections)
+        for (const PickerItem& item : section.items)
             m_backgrounds->addItem(item.text, item.tag);
     pickerLine->addWidget(title);
     pickerLine->addWidget(m_backgrounds, 1);
@@ -51,8 +51,8 @@ backgroundPropertyListView::backgroundPropertyListView(rowBinding binding, QWidg
     });
 
     auto* section = new PropertySection(tr("Pinned Ranges"));
-    for (const rowEntry& row : backgroundRows())
-        section->addRow(makeRow(row, modelType::Primary));
+    for (const RowEntry& row : backgroundRows())
+        section->addRow(makeRow(row, ModelType::Primary));
     auto* rangesBox = new QWidget;
     m_ranges = new QVBoxLayout(rangesBox);
     m_ranges->setContentsMargins(0, 0, 0, 0);
@@ -67,13 +67,13 @@ backgroundPropertyListView::backgroundPropertyListView(rowBinding binding, QWidg
     refresh();
 }
 
-void backgroundPropertyListView::edit(publishedElementList element, const propertyValue& value)
+void BackgroundPropertyListView::edit(PublishedElementList element, const PropertyValue& value)
 {
     if (m_binding.tab)
         EditRouting(*m_binding.tab).applyBackgroundProperty(element, value);
 }
 
-void backgroundPropertyListView::layRanges()
+void BackgroundPropertyListView::layRanges()
 {
     m_relayQueued = false;
     if (!m_binding.tab || !m_ranges)
@@ -82,13 +82,13 @@ void backgroundPropertyListView::layRanges()
         delete item->widget();
         delete item;
     }
-    const std::vector<pinnedRangeValue>& ranges = m_binding.tab->selectedObject().pinnedRanges;
+    const std::vector<PinnedRangeValue>& ranges = m_binding.tab->selectedObject().pinnedRanges;
     m_laidRanges = ranges;
     for (std::size_t i = 0; i < ranges.size(); ++i) {
         auto* line = new QWidget;
         auto* lineLayout = new QHBoxLayout(line);
         lineLayout->setContentsMargins(0, 0, 0, 0);
-        auto* stepper = new LabelledRangeStepper({}, {}, {0, greatest}, stepperPrecision::Int);
+        auto* stepper = new LabelledRangeStepper({}, {}, {0, greatest}, StepperPrecision::Int);
         stepper->setBounds(ranges[i].range.lower, ranges[i].range.upper);
         auto* remove = new QPushButton(QStringLiteral("−"));
         remove->setObjectName(QStringLiteral("deleteRangeButton"));
@@ -96,22 +96,22 @@ void backgroundPropertyListView::layRanges()
         lineLayout->addWidget(stepper, 1);
         lineLayout->addWidget(remove);
         connect(stepper, &LabelledRangeStepper::lowerChanged, this, [this, i, stepper](double lower) {
-            edit(P::lowerBound, rangeBoundValue{i, lower, stepper->upper()});
+            edit(P::lowerBound, RangeBoundValue{i, lower, stepper->upper()});
         });
         connect(stepper, &LabelledRangeStepper::upperChanged, this, [this, i, stepper](double upper) {
-            edit(P::upperBound, rangeBoundValue{i, stepper->lower(), upper});
+            edit(P::upperBound, RangeBoundValue{i, stepper->lower(), upper});
         });
         connect(remove, &QPushButton::clicked, this, [this, i] { edit(P::deleteRange, std::int64_t(i)); });
         m_ranges->addWidget(line);
     }
 }
 
-void backgroundPropertyListView::refresh()
+void BackgroundPropertyListView::refresh()
 {
     RowPane::refresh();
     if (!m_binding.tab || !m_backgrounds)
         return;
-    const selectedObjectModel& model = m_binding.tab->selectedObject();
+    const SelectedObjectModel& model = m_binding.tab->selectedObject();
     {
         const QSignalBlocker quiet(m_backgrounds);
         m_backgrounds->setCurrentIndex(

@@ -9,19 +9,19 @@ class QVBoxLayout;
 
 namespace stagewright {
 
-class backgroundPropertyListView : public RowPane {
+class BackgroundPropertyListView : public RowPane {
     Q_OBJECT
 public:
-    explicit backgroundPropertyListView(rowBinding binding, QWidget* parent = nullptr);
+    explicit BackgroundPropertyListView(RowBinding binding, QWidget* parent = nullptr);
     void refresh() override;
 
 private:
     void layRanges();
-    void edit(publishedElementList element, const propertyValue& value);
+    void edit(PublishedElementList element, const PropertyValue& value);
 
     QComboBox* m_backgrounds = nullptr;
     QVBoxLayout* m_ranges = nullptr;
-    std::vector<pinnedRangeValue> m_laidRanges;
+    std::vector<PinnedRangeValue> m_laidRanges;
     bool m_relayQueued = false;
 };
 

@@ -31,14 +31,14 @@ void addList(PropertySection& section, const std::optional<std::vector<T>>& list
 
 } // namespace
 
-tessaro::ReflectionTable baseAnimationTable(const defaultViewRecord& record)
+tessaro::ReflectionTable baseAnimationTable(const DefaultViewRecord& record)
 {
     return std::visit(
         [](const auto& r) { return r.animation ? tessaro::reflectionTable(*r.animation) : tessaro::ReflectionTable{}; },
         record);
 }
 
-baseElementPropertiesView::baseElementPropertiesView(const defaultViewRecord& record, QWidget* parent) : QDialog(parent)
+BaseElementPropertiesView::BaseElementPropertiesView(const DefaultViewRecord& record, QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("baseElementPropertiesView"));
     setWindowTitle(tr("Base Properties"));
@@ -87,7 +87,7 @@ baseElementPropertiesView::baseElementPropertiesView(const defaultViewRecord& re
     auto* buttons = new QDialogButtonBox;
     QPushButton* physics = buttons->addButton(tr("Physics"), QDialogButtonBox::ActionRole);
     physics->setObjectName(QStringLiteral("basePhysicsButton"));
-    connect(physics, &QPushButton::clicked, this, &baseElementPropertiesView::physicsRequested);
+    connect(physics, &QPushButton::clicked, this, &BaseElementPropertiesView::physicsRequested);
     buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);

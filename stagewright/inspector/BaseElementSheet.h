@@ -14,12 +14,12 @@ namespace stagewright {
 
 /// The animation of a catalogue record as a table; an empty table when the
 /// record has none.
-tessaro::ReflectionTable baseAnimationTable(const defaultViewRecord& record);
+tessaro::ReflectionTable baseAnimationTable(const DefaultViewRecord& record);
 
-class baseElementPropertiesView : public QDialog {
+class BaseElementPropertiesView : public QDialog {
     Q_OBJECT
 public:
-    explicit baseElementPropertiesView(const defaultViewRecord& record, QWidget* parent = nullptr);
+    explicit BaseElementPropertiesView(const DefaultViewRecord& record, QWidget* parent = nullptr);
 signals:
     /// "Physics": the shapes of the catalogue record are to be edited.
     void physicsRequested();

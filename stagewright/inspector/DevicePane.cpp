@@ -20,7 +20,7 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
 namespace {
 
@@ -35,7 +35,7 @@ QPushButton* overrideButton(const char* text, const QColor& colour)
 
 } // namespace
 
-deviceSpecificPropertyView::deviceSpecificPropertyView(rowBinding binding, QWidget* parent)
+DeviceSpecificPropertyView::DeviceSpecificPropertyView(RowBinding binding, QWidget* parent)
     : RowPane(std::move(binding), parent)
 {
     setObjectName(QStringLiteral("deviceSpecificPropertyView"));
@@ -43,7 +43,7 @@ deviceSpecificPropertyView::deviceSpecificPropertyView(rowBinding binding, QWidg
     layout->setContentsMargins(0, 0, 0, 0);
     if (!m_binding.tab)
         return;
-    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const SelectedObjectModel& object = m_binding.tab->selectedObject();
     if (object.type == tessaro::sceneObjectType::background) {
         layout->addWidget(new QLabel(tr("Background editing in Custom tab.")));
         layout->addStretch();
@@ -76,7 +76,7 @@ deviceSpecificPropertyView::deviceSpecificPropertyView(rowBinding binding, QWidg
     connect(m_devices, &QComboBox::activated, this, [this](int index) {
         if (m_binding.tab)
             EditRouting(*m_binding.tab)
-                .editRow(modelType::Devices, P::deviceName, m_devices->itemData(index).toString().toStdString());
+                .editRow(ModelType::Devices, P::deviceName, m_devices->itemData(index).toString().toStdString());
     });
     m_fields = new QWidget;
     m_fieldRows = new QVBoxLayout(m_fields);
@@ -87,7 +87,7 @@ deviceSpecificPropertyView::deviceSpecificPropertyView(rowBinding binding, QWidg
     layFields();
 }
 
-void deviceSpecificPropertyView::layFields()
+void DeviceSpecificPropertyView::layFields()
 {
     m_relayQueued = false;
     if (!m_binding.tab || !m_fieldRows)
@@ -97,7 +97,7 @@ void deviceSpecificPropertyView::layFields()
         delete item->widget();
         delete item;
     }
-    const selectedDeviceModel& device = m_binding.tab->selectedDeviceObject();
+    const SelectedDeviceModel& device = m_binding.tab->selectedDeviceObject();
     const tessaro::sceneObjectType kind = m_binding.tab->selectedObject().type;
     m_laidDevice = device.nameSelected;
     m_laidDefined = device.inherited;
@@ -105,7 +105,7 @@ void deviceSpecificPropertyView::layFields()
         const QSignalBlocker quiet(m_devices);
         m_devices->setCurrentIndex(m_devices->findData(QString::fromUtf8(tessaro::caseText(device.nameSelected))));
     }
-    for (const deviceFieldRow& field : deviceFieldRows()) {
+    for (const DeviceFieldRow& field : deviceFieldRows()) {
         if (!propertyApplies(field.field, kind))
             continue;
         const bool defined =
@@ -134,13 +134,13 @@ void deviceSpecificPropertyView::layFields()
             head->addWidget(note);
         }
         rowLayout->addLayout(head);
-        const publishedElementList element = field.field;
+        const PublishedElementList element = field.field;
         connect(button, &QPushButton::clicked, this, [this, element, defined] {
             if (m_binding.tab)
                 EditRouting(*m_binding.tab).toggleDeviceOverride(element, !defined);
         });
         if (defined) {
-            PropertyRow* control = makeRow(deviceRow(field.field, field.label), modelType::Devices);
+            PropertyRow* control = makeRow(deviceRow(field.field, field.label), ModelType::Devices);
             control->label()->hide();
             rowLayout->addWidget(control);
         }
@@ -148,11 +148,11 @@ void deviceSpecificPropertyView::layFields()
     }
 }
 
-void deviceSpecificPropertyView::refresh()
+void DeviceSpecificPropertyView::refresh()
 {
     if (!m_binding.tab || !m_fieldRows)
         return;
-    const selectedDeviceModel& device = m_binding.tab->selectedDeviceObject();
+    const SelectedDeviceModel& device = m_binding.tab->selectedDeviceObject();
     if (device.nameSelected == m_laidDevice && device.inherited == m_laidDefined) {
         RowPane::refresh();
         return;

@@ -13,10 +13,10 @@ class QVBoxLayout;
 
 namespace stagewright {
 
-class deviceSpecificPropertyView : public RowPane {
+class DeviceSpecificPropertyView : public RowPane {
     Q_OBJECT
 public:
-    explicit deviceSpecificPropertyView(rowBinding binding, QWidget* parent = nullptr);
+    explicit DeviceSpecificPropertyView(RowBinding binding, QWidget* parent = nullptr);
     void refresh() override;
 
 private:
@@ -27,7 +27,7 @@ private:
     QWidget* m_fields = nullptr;
     QVBoxLayout* m_fieldRows = nullptr;
     tessaro::deviceName m_laidDevice = tessaro::deviceName::none;
-    std::vector<publishedElementList> m_laidDefined;
+    std::vector<PublishedElementList> m_laidDefined;
     bool m_relayQueued = false;
 };
 

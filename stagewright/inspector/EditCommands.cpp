@@ -10,7 +10,7 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
 namespace {
 
@@ -22,16 +22,16 @@ QString commandText(const char* text)
 /// Shows `node` as the selection, published anew. Publishing shows the
 /// default device's entry and the first cycle-end entry; a step of the history
 /// changes values only, so the entries the user chose stay shown.
-void reselect(sceneEditor& scene, const elementNodePtr& node)
+void reselect(SceneEditor& scene, const ElementNodePtr& node)
 {
-    projectTab* tab = scene.tab();
+    ProjectTab* tab = scene.tab();
     const std::optional<tessaro::deviceName> device =
         tab ? std::optional(tab->selectedDeviceObject().nameSelected) : std::nullopt;
     const std::string cycleEnd = tab ? tab->selectedAnimationObject().End_SelectedId : std::string();
     scene.deselect();
     scene.clearGlow();
     scene.selectNode(node);
-    if (!tab || tab->elementPhase() != selectionPhase::Selected)
+    if (!tab || tab->elementPhase() != SelectionPhase::Selected)
         return;
     if (device && *device != tab->selectedDeviceObject().nameSelected)
         applyDeviceProperty(scene, P::deviceName, std::string(tessaro::caseText(*device)));
@@ -41,7 +41,7 @@ void reselect(sceneEditor& scene, const elementNodePtr& node)
 
 /// The buttons of the panes make one step each; typed and stepped values of
 /// one field join.
-bool joinsTyping(publishedElementList element)
+bool joinsTyping(PublishedElementList element)
 {
     switch (element) {
     case P::addRange:
@@ -60,18 +60,18 @@ bool joinsTyping(publishedElementList element)
 
 /// The device or cycle-end entry a value of `model` goes into: edits of the
 /// same field in two entries are two steps.
-std::string shownEntry(const projectTab& tab, modelType model)
+std::string shownEntry(const ProjectTab& tab, ModelType model)
 {
     switch (model) {
-    case modelType::Devices: return std::string(tessaro::caseText(tab.selectedDeviceObject().nameSelected));
-    case modelType::AnimationCycleEnd: return tab.selectedAnimationObject().End_SelectedId;
+    case ModelType::Devices: return std::string(tessaro::caseText(tab.selectedDeviceObject().nameSelected));
+    case ModelType::AnimationCycleEnd: return tab.selectedAnimationObject().End_SelectedId;
     default: return {};
     }
 }
 
 } // namespace
 
-sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId)
+SceneEditor* sceneShowing(ProjectTab* tab, const tessaro::Uuid& levelId)
 {
     if (!tab || !tab->showLevel(levelId))
         return nullptr;
@@ -80,7 +80,7 @@ sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId)
 
 // ---- Element edits -------------------------------------------------------------------------
 
-ElementEditCommand::ElementEditCommand(projectTab& tab, const elementNode& node, const QString& text)
+ElementEditCommand::ElementEditCommand(ProjectTab& tab, const ElementNode& node, const QString& text)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_handle(node.handle),
@@ -95,15 +95,15 @@ void ElementEditCommand::redoStep()
         show(*m_after);
         return;
     }
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
-    const elementNodePtr node = scene ? scene->elementWithHandle(m_handle) : nullptr;
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    const ElementNodePtr node = scene ? scene->elementWithHandle(m_handle) : nullptr;
     if (!node) {
         setObsolete(true);
         return;
     }
     apply(*scene, *node);
     // A ground edit lays the ground again: the element has a new node.
-    const elementNodePtr edited = scene->elementWithHandle(m_handle);
+    const ElementNodePtr edited = scene->elementWithHandle(m_handle);
     m_after = edited ? edited->records() : m_before;
     // An edit that changed nothing is no step.
     if (*m_after == m_before)
@@ -117,8 +117,8 @@ void ElementEditCommand::undo()
 
 void ElementEditCommand::show(const ElementRecords& element)
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
-    elementNodePtr node = scene ? scene->elementWithHandle(m_handle) : nullptr;
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    ElementNodePtr node = scene ? scene->elementWithHandle(m_handle) : nullptr;
     if (!node)
         return;
     node->restoreRecords(element);
@@ -146,8 +146,8 @@ bool ElementEditCommand::adoptResult(const ElementEditCommand& other)
     return true;
 }
 
-PropertyEditCommand::PropertyEditCommand(projectTab& tab, const elementNode& node, modelType model,
-                                         publishedElementList element, propertyValue value, propertyValue oldValue)
+PropertyEditCommand::PropertyEditCommand(ProjectTab& tab, const ElementNode& node, ModelType model,
+                                         PublishedElementList element, PropertyValue value, PropertyValue oldValue)
     : ElementEditCommand(tab, node, commandText("Change %1").arg(QString::fromUtf8(tessaro::caseText(element)))),
       m_model(model),
       m_element(element),
@@ -169,17 +169,17 @@ bool PropertyEditCommand::mergeWith(const QUndoCommand* other)
         sameElement(*later) && adoptResult(*later);
 }
 
-void PropertyEditCommand::apply(sceneEditor& scene, elementNode&)
+void PropertyEditCommand::apply(SceneEditor& scene, ElementNode&)
 {
     switch (m_model) {
-    case modelType::Primary: applyPrimaryProperty(scene, m_element, m_value, m_oldValue); break;
-    case modelType::Devices: applyDeviceProperty(scene, m_element, m_value, m_oldValue); break;
-    case modelType::Animation: applyAnimationProperty(scene, m_element, m_value); break;
-    case modelType::AnimationCycleEnd: applyCycleEndProperty(scene, m_element, m_value); break;
+    case ModelType::Primary: applyPrimaryProperty(scene, m_element, m_value, m_oldValue); break;
+    case ModelType::Devices: applyDeviceProperty(scene, m_element, m_value, m_oldValue); break;
+    case ModelType::Animation: applyAnimationProperty(scene, m_element, m_value); break;
+    case ModelType::AnimationCycleEnd: applyCycleEndProperty(scene, m_element, m_value); break;
     }
 }
 
-DeviceOverrideCommand::DeviceOverrideCommand(projectTab& tab, const elementNode& node, publishedElementList element,
+DeviceOverrideCommand::DeviceOverrideCommand(ProjectTab& tab, const ElementNode& node, PublishedElementList element,
                                              bool add)
     : ElementEditCommand(tab, node, add ? commandText("Add Override") : commandText("Delete Override")),
       m_element(element),
@@ -187,12 +187,12 @@ DeviceOverrideCommand::DeviceOverrideCommand(projectTab& tab, const elementNode&
 {
 }
 
-void DeviceOverrideCommand::apply(sceneEditor& scene, elementNode&)
+void DeviceOverrideCommand::apply(SceneEditor& scene, ElementNode&)
 {
     toggleDeviceOverride(scene, m_element, m_add);
 }
 
-MoveElementCommand::MoveElementCommand(projectTab& tab, const elementNode& node, tessaro::PointValue position,
+MoveElementCommand::MoveElementCommand(ProjectTab& tab, const ElementNode& node, tessaro::PointValue position,
                                        bool nudge)
     : ElementEditCommand(tab, node, commandText("Move")),
       m_position(position),
@@ -211,26 +211,26 @@ bool MoveElementCommand::mergeWith(const QUndoCommand* other)
     return later && later->m_nudge && sameElement(*later) && adoptResult(*later);
 }
 
-void MoveElementCommand::apply(sceneEditor& scene, elementNode& node)
+void MoveElementCommand::apply(SceneEditor& scene, ElementNode& node)
 {
     storeDeviceValue(scene, node, tessaro::deviceName::defaultDevice, P::position, m_position);
 }
 
-ResizeElementCommand::ResizeElementCommand(projectTab& tab, const elementNode& node, tessaro::SizeValue size)
+ResizeElementCommand::ResizeElementCommand(ProjectTab& tab, const ElementNode& node, tessaro::SizeValue size)
     : ElementEditCommand(tab, node, commandText("Resize")),
       m_size(size)
 {
 }
 
-void ResizeElementCommand::apply(sceneEditor& scene, elementNode& node)
+void ResizeElementCommand::apply(SceneEditor& scene, ElementNode& node)
 {
     storeDeviceValue(scene, node, tessaro::deviceName::defaultDevice, P::size, m_size);
 }
 
 // ---- Backgrounds ------------------------------------------------------------------------------
 
-BackgroundEditCommand::BackgroundEditCommand(projectTab& tab, const sceneEditor& scene, publishedElementList element,
-                                             propertyValue value)
+BackgroundEditCommand::BackgroundEditCommand(ProjectTab& tab, const SceneEditor& scene, PublishedElementList element,
+                                             PropertyValue value)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_backgroundId(tab.selectedObject().backgroundSelectedId),
@@ -247,7 +247,7 @@ void BackgroundEditCommand::redoStep()
         show(*m_after);
         return;
     }
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene) {
         setObsolete(true);
         return;
@@ -281,14 +281,14 @@ bool BackgroundEditCommand::mergeWith(const QUndoCommand* other)
 
 void BackgroundEditCommand::show(const std::optional<tessaro::Background>& list)
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
         return;
     scene->backgroundList() = list;
     scene->rebuildBackgrounds();
     emit scene->backgroundListChanged();
     for (const tessaro::kit::NodePtr& layer : {scene->backgroundNodes(), scene->pinnedBackgroundNodes()})
-        for (const elementNodePtr& node : sceneEditor::elementsOf(layer))
+        for (const ElementNodePtr& node : SceneEditor::elementsOf(layer))
             if (node->backgroundAssociatedId == m_backgroundId) {
                 reselect(*scene, node);
                 return;
@@ -297,7 +297,7 @@ void BackgroundEditCommand::show(const std::optional<tessaro::Background>& list)
 
 // ---- Paste, cut and delete -------------------------------------------------------------------------
 
-PasteCommand::PasteCommand(projectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location)
+PasteCommand::PasteCommand(ProjectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_handle(tab.elementHandles().issue()),
@@ -309,30 +309,30 @@ PasteCommand::PasteCommand(projectTab& tab, ElementRecords copy, std::optional<t
 
 void PasteCommand::redoStep()
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
         return;
     if (m_pasted) {
         scene->placeElement(m_pasted->records, m_pasted->layerIndex, m_handle);
         return;
     }
-    const elementNodePtr node = scene->pasteNode(m_copy, m_location, m_handle);
+    const ElementNodePtr node = scene->pasteNode(m_copy, m_location, m_handle);
     if (!node || !node->parent()) {
         setObsolete(true);
         return;
     }
     const auto& siblings = node->parent()->children();
     const auto at = std::find(siblings.begin(), siblings.end(), node);
-    m_pasted = sceneEditor::ElementInPlace{node->records(), m_handle, std::size_t(at - siblings.begin())};
+    m_pasted = SceneEditor::ElementInPlace{node->records(), m_handle, std::size_t(at - siblings.begin())};
 }
 
 void PasteCommand::undo()
 {
-    if (sceneEditor* scene = sceneShowing(m_tab, m_levelId))
+    if (SceneEditor* scene = sceneShowing(m_tab, m_levelId))
         scene->removeElement(m_handle);
 }
 
-RemoveElementCommand::RemoveElementCommand(projectTab& tab, ElementClipboard* clipboard, const QString& text)
+RemoveElementCommand::RemoveElementCommand(ProjectTab& tab, ElementClipboard* clipboard, const QString& text)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_clipboard(clipboard)
@@ -342,7 +342,7 @@ RemoveElementCommand::RemoveElementCommand(projectTab& tab, ElementClipboard* cl
 
 void RemoveElementCommand::redoStep()
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene)
         return;
     if (m_removed) {
@@ -360,10 +360,10 @@ void RemoveElementCommand::redoStep()
 
 void RemoveElementCommand::undo()
 {
-    sceneEditor* scene = sceneShowing(m_tab, m_levelId);
+    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
     if (!scene || !m_removed)
         return;
-    if (const elementNodePtr node = scene->placeElement(m_removed->records, m_removed->layerIndex, m_removed->handle))
+    if (const ElementNodePtr node = scene->placeElement(m_removed->records, m_removed->layerIndex, m_removed->handle))
         reselect(*scene, node);
 }
 

@@ -19,19 +19,19 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// Merge ids: steps of one kind on one element join while they follow each
 /// other, so typing a number or holding an arrow key is one step.
 namespace editMergeId {
 inline constexpr int nudge = 1;
-inline constexpr int property = 1000; // + 200 * modelType + the case
+inline constexpr int property = 1000; // + 200 * ModelType + the case
 inline constexpr int background = 2000; // + the case
 } // namespace editMergeId
 
 /// The scene of the tab showing `levelId`, which it switches to when another
 /// level is shown; null when the tab or the level is gone.
-sceneEditor* sceneShowing(projectTab* tab, const tessaro::Uuid& levelId);
+SceneEditor* sceneShowing(ProjectTab* tab, const tessaro::Uuid& levelId);
 
 class ElementEditCommand : public HistoryStep {
 public:
@@ -39,9 +39,9 @@ public:
     void undo() override;
 
 protected:
-    ElementEditCommand(projectTab& tab, const elementNode& node, const QString& text);
+    ElementEditCommand(ProjectTab& tab, const ElementNode& node, const QString& text);
     /// The edit itself, run on the first redo on the node as it stood.
-    virtual void apply(sceneEditor& scene, elementNode& node) = 0;
+    virtual void apply(SceneEditor& scene, ElementNode& node) = 0;
     /// Whether `other` is a later edit of the same element.
     bool sameElement(const ElementEditCommand& other) const;
     /// Takes the result of `other` as this step's result; false when `other`
@@ -51,9 +51,9 @@ protected:
 private:
     void show(const ElementRecords& element);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
-    elementHandle m_handle;
+    ElementHandle m_handle;
     ElementRecords m_before;
     std::optional<ElementRecords> m_after;
 };
@@ -61,19 +61,19 @@ private:
 /// A value of an inspector row.
 class PropertyEditCommand : public ElementEditCommand {
 public:
-    PropertyEditCommand(projectTab& tab, const elementNode& node, modelType model, publishedElementList element,
-                        propertyValue value, propertyValue oldValue);
+    PropertyEditCommand(ProjectTab& tab, const ElementNode& node, ModelType model, PublishedElementList element,
+                        PropertyValue value, PropertyValue oldValue);
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
 
 protected:
-    void apply(sceneEditor& scene, elementNode& node) override;
+    void apply(SceneEditor& scene, ElementNode& node) override;
 
 private:
-    modelType m_model;
-    publishedElementList m_element;
-    propertyValue m_value;
-    propertyValue m_oldValue;
+    ModelType m_model;
+    PublishedElementList m_element;
+    PropertyValue m_value;
+    PropertyValue m_oldValue;
     /// The device or cycle-end entry the value went into, if any.
     std::string m_entry;
 };
@@ -81,25 +81,25 @@ private:
 /// A device field added to or removed from the entry the device pane shows.
 class DeviceOverrideCommand : public ElementEditCommand {
 public:
-    DeviceOverrideCommand(projectTab& tab, const elementNode& node, publishedElementList element, bool add);
+    DeviceOverrideCommand(ProjectTab& tab, const ElementNode& node, PublishedElementList element, bool add);
 
 protected:
-    void apply(sceneEditor& scene, elementNode& node) override;
+    void apply(SceneEditor& scene, ElementNode& node) override;
 
 private:
-    publishedElementList m_element;
+    PublishedElementList m_element;
     bool m_add;
 };
 
 /// An element dragged or nudged to a new place.
 class MoveElementCommand : public ElementEditCommand {
 public:
-    MoveElementCommand(projectTab& tab, const elementNode& node, tessaro::PointValue position, bool nudge);
+    MoveElementCommand(ProjectTab& tab, const ElementNode& node, tessaro::PointValue position, bool nudge);
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
 
 protected:
-    void apply(sceneEditor& scene, elementNode& node) override;
+    void apply(SceneEditor& scene, ElementNode& node) override;
 
 private:
     tessaro::PointValue m_position;
@@ -109,10 +109,10 @@ private:
 /// An element resized by its handle.
 class ResizeElementCommand : public ElementEditCommand {
 public:
-    ResizeElementCommand(projectTab& tab, const elementNode& node, tessaro::SizeValue size);
+    ResizeElementCommand(ProjectTab& tab, const ElementNode& node, tessaro::SizeValue size);
 
 protected:
-    void apply(sceneEditor& scene, elementNode& node) override;
+    void apply(SceneEditor& scene, ElementNode& node) override;
 
 private:
     tessaro::SizeValue m_size;
@@ -121,7 +121,7 @@ private:
 /// A field of the background pane: the level's background list before and after.
 class BackgroundEditCommand : public HistoryStep {
 public:
-    BackgroundEditCommand(projectTab& tab, const sceneEditor& scene, publishedElementList element, propertyValue value);
+    BackgroundEditCommand(ProjectTab& tab, const SceneEditor& scene, PublishedElementList element, PropertyValue value);
     void redoStep() override;
     void undo() override;
     int id() const override;
@@ -130,11 +130,11 @@ public:
 private:
     void show(const std::optional<tessaro::Background>& list);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
     tessaro::Uuid m_backgroundId;
-    publishedElementList m_element;
-    propertyValue m_value;
+    PublishedElementList m_element;
+    PropertyValue m_value;
     std::optional<tessaro::Background> m_before;
     std::optional<std::optional<tessaro::Background>> m_after;
 };
@@ -142,33 +142,33 @@ private:
 /// A copy of the element on the clipboard added to the level shown.
 class PasteCommand : public HistoryStep {
 public:
-    PasteCommand(projectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location);
+    PasteCommand(ProjectTab& tab, ElementRecords copy, std::optional<tessaro::PointValue> location);
     void redoStep() override;
     void undo() override;
 
 private:
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
-    elementHandle m_handle;
+    ElementHandle m_handle;
     ElementRecords m_copy;
     std::optional<tessaro::PointValue> m_location;
     /// The element as the first paste made it, and its place in its layer.
-    std::optional<sceneEditor::ElementInPlace> m_pasted;
+    std::optional<SceneEditor::ElementInPlace> m_pasted;
 };
 
 /// The selected element taken out of its level: "Cut" puts it on the
 /// clipboard first, "Delete" does not.
 class RemoveElementCommand : public HistoryStep {
 public:
-    RemoveElementCommand(projectTab& tab, ElementClipboard* clipboard, const QString& text);
+    RemoveElementCommand(ProjectTab& tab, ElementClipboard* clipboard, const QString& text);
     void redoStep() override;
     void undo() override;
 
 private:
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
     QPointer<ElementClipboard> m_clipboard;
-    std::optional<sceneEditor::ElementInPlace> m_removed;
+    std::optional<SceneEditor::ElementInPlace> m_removed;
 };
 
 } // namespace stagewright

@@ -20,55 +20,55 @@ namespace {
 /// The canvas's moves and sizes, as steps of the history of the scene's tab.
 class HistoryRoute : public CanvasEditRoute {
 public:
-    void moveElement(sceneEditor& scene, elementNode& node, tessaro::PointValue position, bool nudge) override
+    void moveElement(SceneEditor& scene, ElementNode& node, tessaro::PointValue position, bool nudge) override
     {
-        if (projectTab* tab = scene.tab())
+        if (ProjectTab* tab = scene.tab())
             EditRouting(*tab).moveElement(node, position, nudge);
     }
-    void resizeElement(sceneEditor& scene, elementNode& node, tessaro::SizeValue size) override
+    void resizeElement(SceneEditor& scene, ElementNode& node, tessaro::SizeValue size) override
     {
-        if (projectTab* tab = scene.tab())
+        if (ProjectTab* tab = scene.tab())
             EditRouting(*tab).resizeElement(node, size);
     }
 };
 
 /// Choosing which device entry or cycle-end entry a pane shows changes what
 /// is shown, never the level: it is no step of the history.
-bool choosesWhatIsShown(modelType model, publishedElementList element)
+bool choosesWhatIsShown(ModelType model, PublishedElementList element)
 {
-    return (model == modelType::Devices && element == publishedElementList::deviceName) ||
-        (model == modelType::AnimationCycleEnd && element == publishedElementList::End_SelectedId);
+    return (model == ModelType::Devices && element == PublishedElementList::deviceName) ||
+        (model == ModelType::AnimationCycleEnd && element == PublishedElementList::End_SelectedId);
 }
 
 } // namespace
 
-EditRouting::EditRouting(projectTab& tab, ElementClipboard* clipboard) : m_tab(tab), m_clipboard(clipboard) {}
+EditRouting::EditRouting(ProjectTab& tab, ElementClipboard* clipboard) : m_tab(tab), m_clipboard(clipboard) {}
 
-sceneEditor* EditRouting::scene() const
+SceneEditor* EditRouting::scene() const
 {
     return sceneEditorOf(m_tab.currentScene()).get();
 }
 
-void EditRouting::editRow(modelType model, publishedElementList element, const propertyValue& value)
+void EditRouting::editRow(ModelType model, PublishedElementList element, const PropertyValue& value)
 {
-    const propertyValue oldValue = modelValue(m_tab, model, element);
+    const PropertyValue oldValue = modelValue(m_tab, model, element);
     setModelValue(m_tab, model, element, value);
     apply(model, element, value, oldValue);
 }
 
-void EditRouting::apply(modelType model, publishedElementList element, const propertyValue& value,
-                        const propertyValue& oldValue)
+void EditRouting::apply(ModelType model, PublishedElementList element, const PropertyValue& value,
+                        const PropertyValue& oldValue)
 {
-    sceneEditor* editor = scene();
-    const elementNodePtr node = editor ? editedNode(*editor) : nullptr;
+    SceneEditor* editor = scene();
+    const ElementNodePtr node = editor ? editedNode(*editor) : nullptr;
     if (node && choosesWhatIsShown(model, element)) {
-        model == modelType::Devices ? stagewright::applyDeviceProperty(*editor, element, value)
+        model == ModelType::Devices ? stagewright::applyDeviceProperty(*editor, element, value)
                                     : stagewright::applyCycleEndProperty(*editor, element, value);
         return;
     }
     if (!node) {
         // Nothing to edit; the operation still says so in its trace.
-        if (editor && model == modelType::Primary)
+        if (editor && model == ModelType::Primary)
             stagewright::applyPrimaryProperty(*editor, element, value, oldValue);
         return;
     }
@@ -78,45 +78,45 @@ void EditRouting::apply(modelType model, publishedElementList element, const pro
     pushStep(m_tab.undoStack(), new PropertyEditCommand(m_tab, *node, model, element, value, oldValue));
 }
 
-void EditRouting::applyPrimaryProperty(publishedElementList element, const propertyValue& value,
-                                       const propertyValue& oldValue)
+void EditRouting::applyPrimaryProperty(PublishedElementList element, const PropertyValue& value,
+                                       const PropertyValue& oldValue)
 {
-    apply(modelType::Primary, element, value, oldValue);
+    apply(ModelType::Primary, element, value, oldValue);
 }
 
-void EditRouting::applyDeviceProperty(publishedElementList element, const propertyValue& value,
-                                      const propertyValue& oldValue)
+void EditRouting::applyDeviceProperty(PublishedElementList element, const PropertyValue& value,
+                                      const PropertyValue& oldValue)
 {
-    apply(modelType::Devices, element, value, oldValue);
+    apply(ModelType::Devices, element, value, oldValue);
 }
 
-void EditRouting::applyAnimationProperty(publishedElementList element, const propertyValue& value)
+void EditRouting::applyAnimationProperty(PublishedElementList element, const PropertyValue& value)
 {
-    apply(modelType::Animation, element, value);
+    apply(ModelType::Animation, element, value);
 }
 
-void EditRouting::applyCycleEndProperty(publishedElementList element, const propertyValue& value)
+void EditRouting::applyCycleEndProperty(PublishedElementList element, const PropertyValue& value)
 {
-    apply(modelType::AnimationCycleEnd, element, value);
+    apply(ModelType::AnimationCycleEnd, element, value);
 }
 
-void EditRouting::applyBackgroundProperty(publishedElementList element, const propertyValue& value)
+void EditRouting::applyBackgroundProperty(PublishedElementList element, const PropertyValue& value)
 {
-    sceneEditor* editor = scene();
+    SceneEditor* editor = scene();
     if (!editor || !editedTab(*editor))
         return;
     // Choosing the background the pane shows is no step of the history.
-    if (element == publishedElementList::background) {
+    if (element == PublishedElementList::background) {
         stagewright::applyBackgroundProperty(*editor, element, value);
         return;
     }
     pushStep(m_tab.undoStack(), new BackgroundEditCommand(m_tab, *editor, element, value));
 }
 
-void EditRouting::toggleDeviceOverride(publishedElementList element, bool add)
+void EditRouting::toggleDeviceOverride(PublishedElementList element, bool add)
 {
-    sceneEditor* editor = scene();
-    const elementNodePtr node = editor ? editedNode(*editor) : nullptr;
+    SceneEditor* editor = scene();
+    const ElementNodePtr node = editor ? editedNode(*editor) : nullptr;
     if (!node)
         return;
     if (!node->handle)
@@ -124,14 +124,14 @@ void EditRouting::toggleDeviceOverride(publishedElementList element, bool add)
     pushStep(m_tab.undoStack(), new DeviceOverrideCommand(m_tab, *node, element, add));
 }
 
-void EditRouting::moveElement(elementNode& node, tessaro::PointValue position, bool nudge)
+void EditRouting::moveElement(ElementNode& node, tessaro::PointValue position, bool nudge)
 {
     if (!node.handle)
         node.handle = m_tab.elementHandles().issue();
     pushStep(m_tab.undoStack(), new MoveElementCommand(m_tab, node, position, nudge));
 }
 
-void EditRouting::resizeElement(elementNode& node, tessaro::SizeValue size)
+void EditRouting::resizeElement(ElementNode& node, tessaro::SizeValue size)
 {
     if (!node.handle)
         node.handle = m_tab.elementHandles().issue();
@@ -142,7 +142,7 @@ bool EditRouting::hasSelection() const
 {
     // A background belongs to the level's background list, which has its own
     // pane: it is neither cut, copied nor deleted like an element.
-    return m_tab.elementPhase() == selectionPhase::Selected &&
+    return m_tab.elementPhase() == SelectionPhase::Selected &&
         m_tab.selectedObject().type != tessaro::sceneObjectType::background;
 }
 
@@ -153,8 +153,8 @@ bool EditRouting::canPaste() const
 
 void EditRouting::copy()
 {
-    sceneEditor* editor = scene();
-    const elementNodePtr node = editor && hasSelection() ? editor->selectedNode() : nullptr;
+    SceneEditor* editor = scene();
+    const ElementNodePtr node = editor && hasSelection() ? editor->selectedNode() : nullptr;
     if (!node || !m_clipboard)
         return;
     m_clipboard->setObjectToCopy(std::make_shared<const ElementRecords>(node->records()));
@@ -187,7 +187,7 @@ void EditRouting::deleteSelection()
 CanvasHooks editingHooks(SceneSettings* settings)
 {
     CanvasHooks hooks;
-    hooks.publishSelection = [settings](sceneEditor& scene, elementNode& node) {
+    hooks.publishSelection = [settings](SceneEditor& scene, ElementNode& node) {
         publishSelection(scene, node, settings);
     };
     hooks.editRoute = std::make_shared<HistoryRoute>();

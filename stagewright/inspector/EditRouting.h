@@ -14,36 +14,36 @@ namespace stagewright {
 
 class ElementClipboard;
 class SceneSettings;
-class elementNode;
-class projectTab;
-class sceneEditor;
+class ElementNode;
+class ProjectTab;
+class SceneEditor;
 
 class EditRouting {
 public:
     /// Edits of `tab`; cut, copy and paste use `clipboard`.
-    explicit EditRouting(projectTab& tab, ElementClipboard* clipboard = nullptr);
+    explicit EditRouting(ProjectTab& tab, ElementClipboard* clipboard = nullptr);
 
     // ---- Inspector rows -------------------------------------------------------------
     /// A row's change: its model shows `value` at once, then the edit of the
     /// model runs as one step of the history.
-    void editRow(modelType model, publishedElementList element, const propertyValue& value);
+    void editRow(ModelType model, PublishedElementList element, const PropertyValue& value);
     /// A row's change, to the operation of its model.
-    void apply(modelType model, publishedElementList element, const propertyValue& value,
-               const propertyValue& oldValue = {});
-    void applyPrimaryProperty(publishedElementList element, const propertyValue& value,
-                              const propertyValue& oldValue = {});
-    void applyDeviceProperty(publishedElementList element, const propertyValue& value,
-                             const propertyValue& oldValue = {});
-    void applyAnimationProperty(publishedElementList element, const propertyValue& value);
-    void applyCycleEndProperty(publishedElementList element, const propertyValue& value);
-    void applyBackgroundProperty(publishedElementList element, const propertyValue& value);
-    void toggleDeviceOverride(publishedElementList element, bool add);
+    void apply(ModelType model, PublishedElementList element, const PropertyValue& value,
+               const PropertyValue& oldValue = {});
+    void applyPrimaryProperty(PublishedElementList element, const PropertyValue& value,
+                              const PropertyValue& oldValue = {});
+    void applyDeviceProperty(PublishedElementList element, const PropertyValue& value,
+                             const PropertyValue& oldValue = {});
+    void applyAnimationProperty(PublishedElementList element, const PropertyValue& value);
+    void applyCycleEndProperty(PublishedElementList element, const PropertyValue& value);
+    void applyBackgroundProperty(PublishedElementList element, const PropertyValue& value);
+    void toggleDeviceOverride(PublishedElementList element, bool add);
 
     // ---- The canvas's gestures -----------------------------------------------------
     /// Stores `position` as the default device's position of `node`.
-    void moveElement(elementNode& node, tessaro::PointValue position, bool nudge);
+    void moveElement(ElementNode& node, tessaro::PointValue position, bool nudge);
     /// Stores `size` as the default device's size of `node`.
-    void resizeElement(elementNode& node, tessaro::SizeValue size);
+    void resizeElement(ElementNode& node, tessaro::SizeValue size);
 
     // ---- Edit menu -------------------------------------------------------------------
     /// "Cut", "Copy" and "Delete": an element of the tab is selected, not a
@@ -61,9 +61,9 @@ public:
     void deleteSelection();
 
 private:
-    sceneEditor* scene() const;
+    SceneEditor* scene() const;
 
-    projectTab& m_tab;
+    ProjectTab& m_tab;
     ElementClipboard* m_clipboard;
 };
 

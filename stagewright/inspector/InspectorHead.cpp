@@ -21,13 +21,13 @@ QString selectionImagePath(const SceneSettings* settings, const std::string& ima
     if (!settings || image.empty())
         return {};
     const QString name = QString::fromStdString(image);
-    for (const fileItem& item : settings->imageList())
+    for (const FileItem& item : settings->imageList())
         if (item.sceneObjectType == kind && item.name == name)
             return item.path();
     return {};
 }
 
-std::string selectionImageName(const selectedObjectModel& object)
+std::string selectionImageName(const SelectedObjectModel& object)
 {
     if (!object.image.empty() || !object.defaultViewProperties)
         return object.image;
@@ -35,14 +35,14 @@ std::string selectionImageName(const selectedObjectModel& object)
                       *object.defaultViewProperties);
 }
 
-std::string missingSelectionImage(const SceneSettings* settings, const selectedObjectModel& object)
+std::string missingSelectionImage(const SceneSettings* settings, const SelectedObjectModel& object)
 {
     const std::string image = selectionImageName(object);
     return settings && !image.empty() && selectionImagePath(settings, image, object.type).isEmpty() ? image
                                                                                                     : std::string();
 }
 
-InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding))
+InspectorHead::InspectorHead(RowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding))
 {
     setObjectName(QStringLiteral("inspectorHead"));
     auto* layout = new QHBoxLayout(this);
@@ -53,7 +53,7 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
     if (!m_binding.tab)
         return;
 
-    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const SelectedObjectModel& object = m_binding.tab->selectedObject();
     const bool shaped =
         object.type == tessaro::sceneObjectType::obstacles || object.type == tessaro::sceneObjectType::character;
     if (shaped) {
@@ -62,7 +62,7 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
         layout->addWidget(physics);
         connect(physics, &QPushButton::clicked, this, [this] {
             if (m_binding.tab)
-                openPhysicsEditor(this, *m_binding.tab, m_binding.settings, physicsEditMode::element);
+                openPhysicsEditor(this, *m_binding.tab, m_binding.settings, PhysicsEditMode::element);
         });
     }
     // Only obstacles and characters show their catalogue record.
@@ -73,10 +73,10 @@ InspectorHead::InspectorHead(rowBinding binding, QWidget* parent) : QWidget(pare
         connect(base, &QPushButton::clicked, this, [this] {
             if (!m_binding.tab || !m_binding.tab->selectedObject().defaultViewProperties)
                 return;
-            auto* sheet = new baseElementPropertiesView(*m_binding.tab->selectedObject().defaultViewProperties, this);
-            connect(sheet, &baseElementPropertiesView::physicsRequested, this, [this, sheet] {
+            auto* sheet = new BaseElementPropertiesView(*m_binding.tab->selectedObject().defaultViewProperties, this);
+            connect(sheet, &BaseElementPropertiesView::physicsRequested, this, [this, sheet] {
                 if (m_binding.tab)
-                    openPhysicsEditor(sheet, *m_binding.tab, m_binding.settings, physicsEditMode::base);
+                    openPhysicsEditor(sheet, *m_binding.tab, m_binding.settings, PhysicsEditMode::base);
             });
             sheet->setAttribute(Qt::WA_DeleteOnClose);
             sheet->open();
@@ -127,7 +127,7 @@ void InspectorHead::refresh()
 {
     if (!m_binding.tab)
         return;
-    const selectedObjectModel& object = m_binding.tab->selectedObject();
+    const SelectedObjectModel& object = m_binding.tab->selectedObject();
     m_preview->setPath(selectionImagePath(m_binding.settings, selectionImageName(object), object.type));
 }
 

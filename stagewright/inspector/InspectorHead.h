@@ -13,12 +13,12 @@ class ImagePreview;
 class InspectorHead : public QWidget {
     Q_OBJECT
 public:
-    explicit InspectorHead(rowBinding binding, QWidget* parent = nullptr);
+    explicit InspectorHead(RowBinding binding, QWidget* parent = nullptr);
     /// Shows the selection's image again.
     void refresh();
 
 private:
-    rowBinding m_binding;
+    RowBinding m_binding;
     ImagePreview* m_preview = nullptr;
     QToolButton* m_actions = nullptr;
 };
@@ -27,8 +27,8 @@ private:
 /// workspace has none.
 QString selectionImagePath(const SceneSettings* settings, const std::string& image, tessaro::sceneObjectType kind);
 /// The picture of the selection: its own image, else its catalogue record's.
-std::string selectionImageName(const selectedObjectModel& object);
+std::string selectionImageName(const SelectedObjectModel& object);
 /// The selection's picture when the workspace has no file of it, else "".
-std::string missingSelectionImage(const SceneSettings* settings, const selectedObjectModel& object);
+std::string missingSelectionImage(const SceneSettings* settings, const SelectedObjectModel& object);
 
 } // namespace stagewright

@@ -83,8 +83,8 @@ void InspectorView::watchFrontTab()
     m_tab = m_settings.selectedProjectTab().get();
     m_laidFor.clear();
     if (m_tab) {
-        for (auto signal : {&projectTab::elementPhaseChanged, &projectTab::selectedObjectChanged,
-                            &projectTab::selectedDeviceObjectChanged, &projectTab::selectedAnimationObjectChanged})
+        for (auto signal : {&ProjectTab::elementPhaseChanged, &ProjectTab::selectedObjectChanged,
+                            &ProjectTab::selectedDeviceObjectChanged, &ProjectTab::selectedAnimationObjectChanged})
             connect(m_tab, signal, this, &InspectorView::modelsChanged);
     }
     modelsChanged();
@@ -92,7 +92,7 @@ void InspectorView::watchFrontTab()
 
 void InspectorView::modelsChanged()
 {
-    const bool selected = m_tab && m_tab->elementPhase() == selectionPhase::Selected;
+    const bool selected = m_tab && m_tab->elementPhase() == SelectionPhase::Selected;
     m_pages->setCurrentWidget(selected ? m_selectionPage : static_cast<QWidget*>(m_emptyLabel));
     if (!selected)
         return;
@@ -124,7 +124,7 @@ void InspectorView::layNow()
 void InspectorView::layPanes()
 {
     m_layQueued = false;
-    if (!m_tab || m_tab->elementPhase() != selectionPhase::Selected)
+    if (!m_tab || m_tab->elementPhase() != SelectionPhase::Selected)
         return;
     const QString keptTab = m_tabs && m_tabs->currentIndex() >= 0 ? m_tabs->tabText(m_tabs->currentIndex()) : QString();
     delete m_content;
@@ -132,7 +132,7 @@ void InspectorView::layPanes()
 
     m_laidFor = QString::fromStdString(m_tab->selectedObject().name);
     const K kind = m_tab->selectedObject().type;
-    const rowBinding binding{m_tab, &m_settings, modelType::Primary, false};
+    const RowBinding binding{m_tab, &m_settings, ModelType::Primary, false};
 
     m_content = new QWidget;
     auto* column = new QVBoxLayout(m_content);
@@ -147,13 +147,13 @@ void InspectorView::layPanes()
         m_tabs->addTab(scrolled(pane), title);
     };
     if (kind != K::background)
-        addPane(new primaryPropertyListView(binding), tr("Primary"));
+        addPane(new PrimaryPropertyListView(binding), tr("Primary"));
     else
-        addPane(new backgroundPropertyListView(binding), tr("Background"));
+        addPane(new BackgroundPropertyListView(binding), tr("Background"));
     if (kind != K::background)
-        addPane(new deviceSpecificPropertyView(binding), tr("Device"));
+        addPane(new DeviceSpecificPropertyView(binding), tr("Device"));
     if (kind == K::character || kind == K::obstacles)
-        addPane(new animationPropertyView(binding), tr("Animation"));
+        addPane(new AnimationPropertyView(binding), tr("Animation"));
     if (kind != K::ground)
         m_tabs->addTab(scrolled(new GameSoundObjectEditorView(m_settings)), tr("Sounds"));
     for (int i = 0; i < m_tabs->count(); ++i)

@@ -39,7 +39,7 @@ private:
     void layPanes();
 
     SceneSettings& m_settings;
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     QStackedLayout* m_pages = nullptr;
     QLabel* m_emptyLabel = nullptr;
     QWidget* m_selectionPage = nullptr;

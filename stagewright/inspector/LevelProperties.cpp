@@ -53,13 +53,13 @@ std::optional<tessaro::FieldPath> levelFieldPath(K kind, int selector)
 
 /// A stored field as the sheet shows it: the repeat distance is point text
 /// in the record and a point on the sheet.
-std::optional<levelPropertyValue> shownValue(int selector, const tessaro::FieldValue& stored)
+std::optional<LevelPropertyValue> shownValue(int selector, const tessaro::FieldValue& stored)
 {
     if (!stored.has_value())
         return std::nullopt;
     if (const auto* text = std::any_cast<std::string>(&stored))
-        return selector == levelField::repeatDistance ? levelPropertyValue(tessaro::pointFromText(*text))
-                                                      : levelPropertyValue(*text);
+        return selector == levelField::repeatDistance ? LevelPropertyValue(tessaro::pointFromText(*text))
+                                                      : LevelPropertyValue(*text);
     if (const auto* number = std::any_cast<std::int64_t>(&stored))
         return *number;
     if (const auto* sounds = std::any_cast<std::vector<tessaro::GameSound>>(&stored))
@@ -69,7 +69,7 @@ std::optional<levelPropertyValue> shownValue(int selector, const tessaro::FieldV
 
 /// A value of the sheet as the record stores it. The checkpoints' image is
 /// always there; taken out, it is empty.
-tessaro::FieldValue storedValue(K kind, int selector, const std::optional<levelPropertyValue>& value)
+tessaro::FieldValue storedValue(K kind, int selector, const std::optional<LevelPropertyValue>& value)
 {
     if (!value)
         return kind == K::checkpoint && selector == levelField::image ? tessaro::FieldValue(std::string())
@@ -103,7 +103,7 @@ QString fieldTitle(int selector)
     }
 }
 
-std::size_t soundCount(const std::optional<levelPropertyValue>& value)
+std::size_t soundCount(const std::optional<LevelPropertyValue>& value)
 {
     const auto* sounds = value ? std::get_if<std::vector<tessaro::GameSound>>(&*value) : nullptr;
     return sounds ? sounds->size() : 0;
@@ -111,7 +111,7 @@ std::size_t soundCount(const std::optional<levelPropertyValue>& value)
 
 } // namespace
 
-std::optional<std::optional<levelPropertyValue>> levelProperty(const tessaro::Level& level, K kind, int selector)
+std::optional<std::optional<LevelPropertyValue>> levelProperty(const tessaro::Level& level, K kind, int selector)
 {
     const std::optional<tessaro::FieldPath> path = levelFieldPath(kind, selector);
     tessaro::FieldValue stored;
@@ -120,13 +120,13 @@ std::optional<std::optional<levelPropertyValue>> levelProperty(const tessaro::Le
     return shownValue(selector, stored);
 }
 
-bool writeLevelProperty(tessaro::Level& level, K kind, int selector, const std::optional<levelPropertyValue>& value)
+bool writeLevelProperty(tessaro::Level& level, K kind, int selector, const std::optional<LevelPropertyValue>& value)
 {
     const std::optional<tessaro::FieldPath> path = levelFieldPath(kind, selector);
     return path && tessaro::writeField(level, *path, storedValue(kind, selector, value));
 }
 
-void updateLevelProperty(projectTab& tab, K kind, int selector, levelPropertyValue value)
+void updateLevelProperty(ProjectTab& tab, K kind, int selector, LevelPropertyValue value)
 {
     const std::vector<tessaro::Level>& levels = tab.levelConfig();
     if (levels.empty())
@@ -151,9 +151,9 @@ void updateLevelProperty(projectTab& tab, K kind, int selector, levelPropertyVal
                                  storedValue(kind, selector, value), text, joins));
 }
 
-levelTabValues levelTabValuesOf(const tessaro::Level& level, K kind)
+LevelTabValues levelTabValuesOf(const tessaro::Level& level, K kind)
 {
-    levelTabValues values;
+    LevelTabValues values;
     const auto take = [&](int selector, auto& target) {
         using Target = std::remove_reference_t<decltype(target)>;
         const auto field = levelProperty(level, kind, selector);
@@ -170,15 +170,15 @@ levelTabValues levelTabValuesOf(const tessaro::Level& level, K kind)
     return values;
 }
 
-std::vector<levelImageChoice> levelImageChoices(tessaro::sceneObjectType kind, const std::vector<fileItem>& images)
+std::vector<LevelImageChoice> levelImageChoices(tessaro::sceneObjectType kind, const std::vector<FileItem>& images)
 {
     const auto pictureOf = [&](const std::optional<std::string>& image) {
-        for (const fileItem& item : images)
+        for (const FileItem& item : images)
             if (image && item.sceneObjectType == kind && item.name == QString::fromStdString(*image))
                 return item.path();
         return QString();
     };
-    std::vector<levelImageChoice> choices;
+    std::vector<LevelImageChoice> choices;
     if (kind == tessaro::sceneObjectType::checkpoint) {
         for (const tessaro::GenericObject& record : tessaro::objectCatalogue())
             if (record.elementName && record.sceneObjectType == tessaro::caseText(kind))
@@ -186,15 +186,15 @@ std::vector<levelImageChoice> levelImageChoices(tessaro::sceneObjectType kind, c
         std::stable_sort(choices.begin(), choices.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
         return choices;
     }
-    for (const fileItem& item : images)
+    for (const FileItem& item : images)
         if (item.sceneObjectType == kind)
             choices.push_back({item.name, item.path()});
     return choices;
 }
 
-const std::vector<levelPropertiesTab>& levelPropertiesTabs()
+const std::vector<LevelPropertiesTab>& levelPropertiesTabs()
 {
-    static const std::vector<levelPropertiesTab> tabs{
+    static const std::vector<LevelPropertiesTab> tabs{
         {"Background", "app.background.dotted", K::background},
         {"Checkpoints", "flag.pattern.checkered", K::checkpoint},
         {"Coins", "bitcoinsign.circle", K::coin},
@@ -206,10 +206,10 @@ const std::vector<levelPropertiesTab>& levelPropertiesTabs()
     return tabs;
 }
 
-std::vector<levelPropertyRow> levelPropertyRows(K kind)
+std::vector<LevelPropertyRow> levelPropertyRows(K kind)
 {
-    using C = levelPropertyControl;
-    const levelPropertyRow image{"Image", C::image, 0, 0, levelField::image};
+    using C = LevelPropertyControl;
+    const LevelPropertyRow image{"Image", C::image, 0, 0, levelField::image};
     switch (kind) {
     case K::checkpoint: return {image, {"Animate at image", C::integer, -200, 200, levelField::animateFromImage}};
     case K::coin:

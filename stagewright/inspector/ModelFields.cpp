@@ -6,7 +6,7 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
 namespace {
 
@@ -22,7 +22,7 @@ std::vector<std::string> names(const std::vector<E>& cases)
 
 /// The cases named in `value`; names of no case are skipped.
 template <tessaro::Enumeration E>
-std::optional<std::vector<E>> casesOf(const propertyValue& value)
+std::optional<std::vector<E>> casesOf(const PropertyValue& value)
 {
     const auto list = listOf(value);
     if (!list)
@@ -35,7 +35,7 @@ std::optional<std::vector<E>> casesOf(const propertyValue& value)
 }
 
 template <tessaro::Enumeration E>
-std::optional<E> caseOf(const propertyValue& value)
+std::optional<E> caseOf(const PropertyValue& value)
 {
     const auto text = textOf(value);
     return text ? tessaro::caseFromText<E>(*text) : std::nullopt;
@@ -43,7 +43,7 @@ std::optional<E> caseOf(const propertyValue& value)
 
 // Each binding names a field once, for reading and for writing.
 template <class Model, class Visit>
-bool visitPrimary(Model& m, publishedElementList element, Visit&& visit)
+bool visitPrimary(Model& m, PublishedElementList element, Visit&& visit)
 {
     switch (element) {
     case P::observedname: return visit(m.property_objectName);
@@ -88,7 +88,7 @@ bool visitPrimary(Model& m, publishedElementList element, Visit&& visit)
 }
 
 template <class Model, class Visit>
-bool visitDevice(Model& m, publishedElementList element, Visit&& visit)
+bool visitDevice(Model& m, PublishedElementList element, Visit&& visit)
 {
     switch (element) {
     case P::deviceName: return visit(m.nameSelected);
@@ -109,7 +109,7 @@ bool visitDevice(Model& m, publishedElementList element, Visit&& visit)
 }
 
 template <class Model, class Visit>
-bool visitAnimation(Model& m, publishedElementList element, Visit&& visit)
+bool visitAnimation(Model& m, PublishedElementList element, Visit&& visit)
 {
     switch (element) {
     case P::animationFrequency: return visit(m.animationFrequency);
@@ -154,7 +154,7 @@ bool visitAnimation(Model& m, publishedElementList element, Visit&& visit)
 }
 
 template <class Model, class Visit>
-bool visitCycleEnd(Model& m, publishedElementList element, Visit&& visit)
+bool visitCycleEnd(Model& m, PublishedElementList element, Visit&& visit)
 {
     switch (element) {
     case P::End_SelectedId: return visit(m.End_SelectedId);
@@ -175,13 +175,13 @@ bool visitCycleEnd(Model& m, publishedElementList element, Visit&& visit)
 }
 
 template <class Tab, class Visit>
-bool visitField(Tab& tab, modelType model, publishedElementList element, Visit&& visit)
+bool visitField(Tab& tab, ModelType model, PublishedElementList element, Visit&& visit)
 {
     switch (model) {
-    case modelType::Primary: return visitPrimary(tab.selectedObject(), element, visit);
-    case modelType::Devices: return visitDevice(tab.selectedDeviceObject(), element, visit);
-    case modelType::Animation: return visitAnimation(tab.selectedAnimationObject(), element, visit);
-    case modelType::AnimationCycleEnd: return visitCycleEnd(tab.selectedAnimationObject(), element, visit);
+    case ModelType::Primary: return visitPrimary(tab.selectedObject(), element, visit);
+    case ModelType::Devices: return visitDevice(tab.selectedDeviceObject(), element, visit);
+    case ModelType::Animation: return visitAnimation(tab.selectedAnimationObject(), element, visit);
+    case ModelType::AnimationCycleEnd: return visitCycleEnd(tab.selectedAnimationObject(), element, visit);
     }
     return false;
 }
@@ -189,7 +189,7 @@ bool visitField(Tab& tab, modelType model, publishedElementList element, Visit&&
 // ---- Reading: a field as the value a control shows -------------------------------
 
 template <class T>
-propertyValue shown(const T& field)
+PropertyValue shown(const T& field)
 {
     if constexpr (std::is_same_v<T, int> || std::is_same_v<T, std::int64_t>)
         return std::int64_t(field);
@@ -211,36 +211,36 @@ bool assign(T& field, std::optional<T> value)
     return value.has_value();
 }
 
-bool store(bool& field, const propertyValue& v)
+bool store(bool& field, const PropertyValue& v)
 {
     return assign(field, flagOf(v));
 }
-bool store(double& field, const propertyValue& v)
+bool store(double& field, const PropertyValue& v)
 {
     return assign(field, numberOf(v));
 }
-bool store(std::int64_t& field, const propertyValue& v)
+bool store(std::int64_t& field, const PropertyValue& v)
 {
     return assign(field, integerOf(v));
 }
-bool store(std::string& field, const propertyValue& v)
+bool store(std::string& field, const PropertyValue& v)
 {
     return assign(field, textOf(v));
 }
-bool store(std::vector<std::string>& field, const propertyValue& v)
+bool store(std::vector<std::string>& field, const PropertyValue& v)
 {
     return assign(field, listOf(v));
 }
-bool store(tessaro::PointValue& field, const propertyValue& v)
+bool store(tessaro::PointValue& field, const PropertyValue& v)
 {
     return assign(field, pointOf(v));
 }
-bool store(tessaro::SizeValue& field, const propertyValue& v)
+bool store(tessaro::SizeValue& field, const PropertyValue& v)
 {
     return assign(field, sizeOf(v));
 }
 template <class T>
-bool store(T& field, const propertyValue& v)
+bool store(T& field, const PropertyValue& v)
 {
     if constexpr (tessaro::Enumeration<T>) {
         return assign(field, caseOf<T>(v));
@@ -254,9 +254,9 @@ bool store(T& field, const propertyValue& v)
 
 } // namespace
 
-propertyValue modelValue(const projectTab& tab, modelType model, publishedElementList element)
+PropertyValue modelValue(const ProjectTab& tab, ModelType model, PublishedElementList element)
 {
-    propertyValue out;
+    PropertyValue out;
     visitField(tab, model, element, [&](const auto& field) {
         out = shown(field);
         return true;
@@ -264,7 +264,7 @@ propertyValue modelValue(const projectTab& tab, modelType model, publishedElemen
     return out;
 }
 
-void setModelValue(projectTab& tab, modelType model, publishedElementList element, const propertyValue& value)
+void setModelValue(ProjectTab& tab, ModelType model, PublishedElementList element, const PropertyValue& value)
 {
     visitField(tab, model, element, [&](auto& field) { return store(field, value); });
 }

@@ -10,13 +10,13 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// The value `element` shows in the model of `model`; nothing where that
 /// model has no such field. Enumerations come as their case names.
-propertyValue modelValue(const projectTab& tab, modelType model, publishedElementList element);
+PropertyValue modelValue(const ProjectTab& tab, ModelType model, PublishedElementList element);
 
 /// Writes `value` into that field; a value of another type writes nothing.
-void setModelValue(projectTab& tab, modelType model, publishedElementList element, const propertyValue& value);
+void setModelValue(ProjectTab& tab, ModelType model, PublishedElementList element, const PropertyValue& value);
 
 } // namespace stagewright

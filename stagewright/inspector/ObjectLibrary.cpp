@@ -24,9 +24,9 @@ QString textOr(const std::optional<std::string>& text, const char* fallback)
 }
 
 template <typename Record>
-libraryCell cellOf(const Record& record, sceneObjectType kind)
+LibraryCell cellOf(const Record& record, sceneObjectType kind)
 {
-    libraryCell cell;
+    LibraryCell cell;
     cell.valType = kind;
     cell.elementName = record.elementName;
     cell.buttonTitle = textOr(record.elementName, "None");
@@ -52,7 +52,7 @@ libraryCell cellOf(const Record& record, sceneObjectType kind)
 }
 
 template <typename Record>
-std::vector<libraryCell> cellsOf(const std::vector<Record>& catalogue, sceneObjectType kind)
+std::vector<LibraryCell> cellsOf(const std::vector<Record>& catalogue, sceneObjectType kind)
 {
     std::vector<const Record*> kept;
     for (const Record& record : catalogue)
@@ -62,7 +62,7 @@ std::vector<libraryCell> cellsOf(const std::vector<Record>& catalogue, sceneObje
     std::stable_sort(kept.begin(), kept.end(), [](const Record* a, const Record* b) {
         return a->elementName.value_or(unnamed) < b->elementName.value_or(unnamed);
     });
-    std::vector<libraryCell> cells;
+    std::vector<LibraryCell> cells;
     cells.reserve(kept.size());
     for (const Record* record : kept)
         cells.push_back(cellOf(*record, kind));
@@ -78,7 +78,7 @@ bool placedWhereDropped(sceneObjectType kind)
 
 } // namespace
 
-std::vector<libraryCell> libraryCells(sceneObjectType kind)
+std::vector<LibraryCell> libraryCells(sceneObjectType kind)
 {
     switch (kind) {
     case sceneObjectType::obstacles: return cellsOf(tessaro::obstacleCatalogue(), kind);
@@ -87,7 +87,7 @@ std::vector<libraryCell> libraryCells(sceneObjectType kind)
     }
 }
 
-std::vector<std::size_t> filterLibraryCells(const std::vector<libraryCell>& cells, const QString& searchText)
+std::vector<std::size_t> filterLibraryCells(const std::vector<LibraryCell>& cells, const QString& searchText)
 {
     std::vector<std::size_t> kept;
     kept.reserve(cells.size());
@@ -100,7 +100,7 @@ std::vector<std::size_t> filterLibraryCells(const std::vector<libraryCell>& cell
     return kept;
 }
 
-QString libraryCellImagePath(const libraryCell& cell)
+QString libraryCellImagePath(const LibraryCell& cell)
 {
     // A list of images shows its first.
     const QString name = cell.buttonImage.section(QLatin1Char(','), 0, 0);
@@ -111,10 +111,10 @@ QString libraryCellImagePath(const libraryCell& cell)
     return workspaceImagePath(name, cell.buttonImageType, cell.valType);
 }
 
-bool addLibraryElement(projectTab* tab, sceneObjectType kind, const std::string& elementName,
+bool addLibraryElement(ProjectTab* tab, sceneObjectType kind, const std::string& elementName,
                        std::optional<QPointF> sceneLocation)
 {
-    const sceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
+    const SceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
     if (!scene || elementName.empty())
         return false;
     if (kind == sceneObjectType::background) {
@@ -131,7 +131,7 @@ bool addLibraryElement(projectTab* tab, sceneObjectType kind, const std::string&
     return true;
 }
 
-std::unique_ptr<QMimeData> libraryMimeData(const libraryCell& cell)
+std::unique_ptr<QMimeData> libraryMimeData(const LibraryCell& cell)
 {
     auto data = std::make_unique<QMimeData>();
     if (!cell.elementName)

@@ -18,7 +18,7 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// The kinds of the library's tabs, in the order of their buttons.
 inline constexpr std::array<tessaro::sceneObjectType, 8> libraryTabKinds{
@@ -27,7 +27,7 @@ inline constexpr std::array<tessaro::sceneObjectType, 8> libraryTabKinds{
     tessaro::sceneObjectType::artifact,   tessaro::sceneObjectType::checkpoint};
 
 /// One catalogue record as a cell of the library shows it.
-struct libraryCell {
+struct LibraryCell {
     QString buttonTitle; // the element name, "None" without one
     QString buttonImage; // the record's image, "placeholder" without one
     std::optional<QString> buttonImageType; // "png" for obstacles and characters
@@ -42,16 +42,16 @@ struct libraryCell {
 /// The cells of the tab of `kind`: the records of its catalogue (characters,
 /// obstacles, or objects for every other kind) whose kind is `kind`, sorted
 /// by element name.
-std::vector<libraryCell> libraryCells(tessaro::sceneObjectType kind);
+std::vector<LibraryCell> libraryCells(tessaro::sceneObjectType kind);
 
 /// The positions in `cells` of those a filter keeps: all of them for an empty
 /// text, else those whose element name contains the text, upper and lower
 /// case told apart.
-std::vector<std::size_t> filterLibraryCells(const std::vector<libraryCell>& cells, const QString& searchText);
+std::vector<std::size_t> filterLibraryCells(const std::vector<LibraryCell>& cells, const QString& searchText);
 
 /// The image file of a cell's picture; empty when its name cannot name a
 /// file of the workspace.
-QString libraryCellImagePath(const libraryCell& cell);
+QString libraryCellImagePath(const LibraryCell& cell);
 
 /// Adds one element of a cell to the level that `tab` shows, as one step of
 /// its history, and selects it: `addBackgroundImage` for the background tab,
@@ -59,13 +59,13 @@ QString libraryCellImagePath(const libraryCell& cell);
 /// the canvas shows it) places the element there; ground sections and
 /// backgrounds keep their own places. False, and nothing happens, without a
 /// tab, a scene or an element name.
-bool addLibraryElement(projectTab* tab, tessaro::sceneObjectType kind, const std::string& elementName,
+bool addLibraryElement(ProjectTab* tab, tessaro::sceneObjectType kind, const std::string& elementName,
                        std::optional<QPointF> sceneLocation = std::nullopt);
 
 /// The format of a cell dragged out of the library.
 inline const QString libraryElementMimeType = QStringLiteral("application/x-stagewright-library-element");
 /// A dragged cell: its kind and element name.
-std::unique_ptr<QMimeData> libraryMimeData(const libraryCell& cell);
+std::unique_ptr<QMimeData> libraryMimeData(const LibraryCell& cell);
 /// The kind and element name a drag carries; none when it carries no cell.
 std::optional<std::pair<tessaro::sceneObjectType, std::string>> libraryElementFrom(const QMimeData& data);
 

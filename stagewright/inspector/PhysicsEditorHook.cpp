@@ -4,22 +4,22 @@ namespace stagewright {
 
 namespace {
 
-physicsEditorOpener& installedOpener()
+PhysicsEditorOpener& installedOpener()
 {
-    static physicsEditorOpener opener;
+    static PhysicsEditorOpener opener;
     return opener;
 }
 
 } // namespace
 
-void setPhysicsEditorOpener(physicsEditorOpener opener)
+void setPhysicsEditorOpener(PhysicsEditorOpener opener)
 {
     installedOpener() = std::move(opener);
 }
 
-bool openPhysicsEditor(QWidget* parent, projectTab& tab, SceneSettings* settings, physicsEditMode mode)
+bool openPhysicsEditor(QWidget* parent, ProjectTab& tab, SceneSettings* settings, PhysicsEditMode mode)
 {
-    const physicsEditorOpener& opener = installedOpener();
+    const PhysicsEditorOpener& opener = installedOpener();
     if (!opener)
         return false;
     opener(parent, tab, settings, mode);

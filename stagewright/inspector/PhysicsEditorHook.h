@@ -10,19 +10,19 @@
 namespace stagewright {
 
 class SceneSettings;
-class projectTab;
+class ProjectTab;
 
 /// What the physics sheet edits: the selected element of the level, the
 /// selected cycle-end animation, or the catalogue template behind the
 /// selected element.
-enum class physicsEditMode { element, animation, base };
+enum class PhysicsEditMode { element, animation, base };
 
-using physicsEditorOpener =
-    std::function<void(QWidget* parent, projectTab& tab, SceneSettings* settings, physicsEditMode mode)>;
+using PhysicsEditorOpener =
+    std::function<void(QWidget* parent, ProjectTab& tab, SceneSettings* settings, PhysicsEditMode mode)>;
 
 /// Installs the opener; an empty one removes it.
-void setPhysicsEditorOpener(physicsEditorOpener opener);
+void setPhysicsEditorOpener(PhysicsEditorOpener opener);
 /// Opens the physics sheet over `parent`; false when no opener is installed.
-bool openPhysicsEditor(QWidget* parent, projectTab& tab, SceneSettings* settings, physicsEditMode mode);
+bool openPhysicsEditor(QWidget* parent, ProjectTab& tab, SceneSettings* settings, PhysicsEditMode mode);
 
 } // namespace stagewright

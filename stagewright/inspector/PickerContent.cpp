@@ -19,15 +19,15 @@ QString text(std::string_view value)
 
 /// Every case of an enumeration, by name.
 template <tessaro::Enumeration E>
-pickerSection casesOf()
+PickerSection casesOf()
 {
-    pickerSection section;
+    PickerSection section;
     for (E value : tessaro::allCases<E>())
         section.items.push_back({text(tessaro::caseText(value)), text(tessaro::caseText(value))});
     return section;
 }
 
-QString nodeLine(const elementNode& node)
+QString nodeLine(const ElementNode& node)
 {
     QString line = QStringLiteral("  Element: ") + QString::fromStdString(node.catalogueElementName());
     line += QStringLiteral("Position: ") + QString::asprintf("{%.0f, %.0f}", node.position().x(), node.position().y());
@@ -35,11 +35,11 @@ QString nodeLine(const elementNode& node)
 }
 
 /// The canvas's elements, a section per layer that has any.
-std::vector<pickerSection> nodeSections(const sceneEditor& scene)
+std::vector<PickerSection> nodeSections(const SceneEditor& scene)
 {
-    std::vector<pickerSection> sections;
+    std::vector<PickerSection> sections;
     if (const auto& list = scene.backgroundList(); list && list->backgrounds && !list->backgrounds->empty()) {
-        pickerSection& section = sections.emplace_back();
+        PickerSection& section = sections.emplace_back();
         section.title = QStringLiteral("Background Objects");
         for (const tessaro::BackgroundImage& record : *list->backgrounds)
             section.items.push_back(
@@ -58,13 +58,13 @@ std::vector<pickerSection> nodeSections(const sceneEditor& scene)
     for (const auto& [title, kind] : layers) {
         // A repeated copy is its obstacle's: the obstacle stands for the row.
         // An element kept only as read cannot be edited, so it is not listed.
-        std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(scene.layerFor(kind));
-        std::erase_if(nodes, [](const elementNodePtr& node) { return node->repeatedNode || node->keptOnly; });
+        std::vector<ElementNodePtr> nodes = SceneEditor::elementsOf(scene.layerFor(kind));
+        std::erase_if(nodes, [](const ElementNodePtr& node) { return node->repeatedNode || node->keptOnly; });
         if (nodes.empty())
             continue;
-        pickerSection& section = sections.emplace_back();
+        PickerSection& section = sections.emplace_back();
         section.title = QString::fromLatin1(title);
-        for (const elementNodePtr& node : nodes)
+        for (const ElementNodePtr& node : nodes)
             section.items.push_back({nodeLine(*node), text(tessaro::caseText(kind)) + QLatin1Char(':') + node->name()});
     }
     return sections;
@@ -81,29 +81,29 @@ QString backgroundName(const std::string& image)
 
 } // namespace
 
-pickerContent getPickerContent(pickerType type, const projectTab& tab, const sceneEditor* scene,
+PickerContent getPickerContent(PickerType type, const ProjectTab& tab, const SceneEditor* scene,
                                const SceneSettings* settings)
 {
-    pickerContent content;
+    PickerContent content;
     switch (type) {
-    case pickerType::None:
-    case pickerType::soundBiteTypeList:
-    case pickerType::AudioExtensionList:
-    case pickerType::AudioList:
-    case pickerType::Collision: content.spacer = true; break;
-    case pickerType::NodeList:
+    case PickerType::None:
+    case PickerType::soundBiteTypeList:
+    case PickerType::AudioExtensionList:
+    case PickerType::AudioList:
+    case PickerType::Collision: content.spacer = true; break;
+    case PickerType::NodeList:
         content.title = QStringLiteral("Select a Node");
         if (scene)
             content.sections = nodeSections(*scene);
         break;
-    case pickerType::SceneList: {
-        pickerSection& section = content.sections.emplace_back();
-        for (const levelPickerModel& level : tab.levelListDropdownValues())
+    case PickerType::SceneList: {
+        PickerSection& section = content.sections.emplace_back();
+        for (const LevelPickerModel& level : tab.levelListDropdownValues())
             section.items.push_back({level.name, QString::fromStdString(level.tag.text())});
         break;
     }
-    case pickerType::BackgroundList: {
-        pickerSection& section = content.sections.emplace_back();
+    case PickerType::BackgroundList: {
+        PickerSection& section = content.sections.emplace_back();
         if (scene && scene->backgroundList() && scene->backgroundList()->backgrounds)
             for (const tessaro::BackgroundImage& record : *scene->backgroundList()->backgrounds) {
                 const std::string image = record.image.value_or(std::string());
@@ -113,16 +113,16 @@ pickerContent getPickerContent(pickerType type, const projectTab& tab, const sce
             }
         break;
     }
-    case pickerType::objectClassTypeList:
+    case PickerType::objectClassTypeList:
         content.sections.push_back(casesOf<tessaro::objectClassType>());
         content.multiSelection = true;
         break;
-    case pickerType::GroundAngleList:
+    case PickerType::GroundAngleList:
         content.sections.push_back(casesOf<tessaro::groundPhysicsAngleType>());
         content.multiSelection = true;
         break;
-    case pickerType::SoundsList: {
-        pickerSection& section = content.sections.emplace_back();
+    case PickerType::SoundsList: {
+        PickerSection& section = content.sections.emplace_back();
         section.items.push_back({QStringLiteral("Select a sound"), QString()});
         for (const tessaro::GameSound& sound : tab.selectedObject().soundEffects)
             section.items.push_back({QString::fromStdString(sound.filename) + QStringLiteral(" (") +
@@ -130,40 +130,40 @@ pickerContent getPickerContent(pickerType type, const projectTab& tab, const sce
                                      QString::fromStdString(sound.id ? sound.id->text() : std::string())});
         break;
     }
-    case pickerType::ImageList: {
-        pickerSection& section = content.sections.emplace_back();
+    case PickerType::ImageList: {
+        PickerSection& section = content.sections.emplace_back();
         if (settings)
-            for (const fileItem& file : settings->imageList())
+            for (const FileItem& file : settings->imageList())
                 if (file.sceneObjectType == tab.selectedObject().type)
                     section.items.push_back({file.name, file.name});
         break;
     }
-    case pickerType::DeviceList: {
-        pickerSection& section = content.sections.emplace_back();
+    case PickerType::DeviceList: {
+        PickerSection& section = content.sections.emplace_back();
         for (tessaro::deviceName device : tessaro::allCases<tessaro::deviceName>())
             section.items.push_back({text(tessaro::deviceTitle(device)), text(tessaro::caseText(device))});
         break;
     }
-    case pickerType::Scaled: {
-        pickerSection& section = content.sections.emplace_back();
+    case PickerType::Scaled: {
+        PickerSection& section = content.sections.emplace_back();
         for (int percent = 50; percent <= 200; percent += 25)
             section.items.push_back(
                 {QString::number(percent) + QLatin1Char('%'), QString::number(percent / 100.0, 'f', 2)});
         break;
     }
-    case pickerType::GroundType: content.sections.push_back(casesOf<tessaro::groundBaseType>()); break;
-    case pickerType::CollisionTypes:
-    case pickerType::Contact:
-    case pickerType::Category:
+    case PickerType::GroundType: content.sections.push_back(casesOf<tessaro::groundBaseType>()); break;
+    case PickerType::CollisionTypes:
+    case PickerType::Contact:
+    case PickerType::Category:
         content.sections.push_back(casesOf<tessaro::collisionTypes>());
         content.multiSelection = true;
         break;
-    case pickerType::RotationTypes: content.sections.push_back(casesOf<tessaro::rotationType>()); break;
-    case pickerType::ScrollOrientation: content.sections.push_back(casesOf<tessaro::scrollOrientationType>()); break;
-    case pickerType::CharClassType: content.sections.push_back(casesOf<tessaro::characterClassType>()); break;
-    case pickerType::Direction: content.sections.push_back(casesOf<tessaro::pathDirection>()); break;
-    case pickerType::AnimationFrequency: content.sections.push_back(casesOf<tessaro::animationFrequency>()); break;
-    case pickerType::AnimationMoveDirection:
+    case PickerType::RotationTypes: content.sections.push_back(casesOf<tessaro::rotationType>()); break;
+    case PickerType::ScrollOrientation: content.sections.push_back(casesOf<tessaro::scrollOrientationType>()); break;
+    case PickerType::CharClassType: content.sections.push_back(casesOf<tessaro::characterClassType>()); break;
+    case PickerType::Direction: content.sections.push_back(casesOf<tessaro::pathDirection>()); break;
+    case PickerType::AnimationFrequency: content.sections.push_back(casesOf<tessaro::animationFrequency>()); break;
+    case PickerType::AnimationMoveDirection:
         content.sections.push_back(casesOf<tessaro::animationMoveDirection>());
         break;
     }

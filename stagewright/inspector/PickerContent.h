@@ -21,34 +21,34 @@
 namespace stagewright {
 
 /// The list a picker row shows.
-enum class pickerType { STAGEWRIGHT_PICKER_TYPE(TESSARO_ENUM_CASE) };
+enum class PickerType { STAGEWRIGHT_PICKER_TYPE(TESSARO_ENUM_CASE) };
 
 } // namespace stagewright
 
 template <>
-struct tessaro::EnumCases<stagewright::pickerType> {
+struct tessaro::EnumCases<stagewright::PickerType> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_PICKER_TYPE(TESSARO_ENUM_TEXT)};
 };
 
 namespace stagewright {
 
 class SceneSettings;
-class projectTab;
-class sceneEditor;
+class ProjectTab;
+class SceneEditor;
 
-struct pickerItem {
+struct PickerItem {
     QString text; // what the row shows
     QString tag; // what choosing it hands on
 };
 
-struct pickerSection {
+struct PickerSection {
     QString title; // empty for a list without sections
-    std::vector<pickerItem> items;
+    std::vector<PickerItem> items;
 };
 
-struct pickerContent {
+struct PickerContent {
     QString title;
-    std::vector<pickerSection> sections;
+    std::vector<PickerSection> sections;
     /// More than one entry can be chosen.
     bool multiSelection = false;
     /// No list: the row keeps its place empty.
@@ -57,7 +57,7 @@ struct pickerContent {
 
 /// The list of `type` for the selection of `tab`, whose canvas is `scene`
 /// (may be null) and whose workspace lists are in `settings` (may be null).
-pickerContent getPickerContent(pickerType type, const projectTab& tab, const sceneEditor* scene,
+PickerContent getPickerContent(PickerType type, const ProjectTab& tab, const SceneEditor* scene,
                                const SceneSettings* settings);
 
 } // namespace stagewright

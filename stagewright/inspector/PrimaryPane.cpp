@@ -11,7 +11,7 @@
 
 namespace stagewright {
 
-primaryPropertyListView::primaryPropertyListView(rowBinding binding, QWidget* parent)
+PrimaryPropertyListView::PrimaryPropertyListView(RowBinding binding, QWidget* parent)
     : RowPane(std::move(binding), parent)
 {
     setObjectName(QStringLiteral("primaryPropertyListView"));
@@ -25,30 +25,30 @@ primaryPropertyListView::primaryPropertyListView(rowBinding binding, QWidget* pa
     layout->addWidget(viewOnly);
     const tessaro::sceneObjectType kind =
         m_binding.tab ? m_binding.tab->selectedObject().type : tessaro::sceneObjectType::none;
-    for (const sectionEntry& entry : primarySections()) {
+    for (const SectionEntry& entry : primarySections()) {
         if (!sectionApplies(entry, kind))
             continue;
         auto* section = new PropertySection(tr(entry.title));
-        for (const rowEntry& row : rowsFor(entry, kind))
-            section->addRow(makeRow(row, modelType::Primary));
+        for (const RowEntry& row : rowsFor(entry, kind))
+            section->addRow(makeRow(row, ModelType::Primary));
         layout->addWidget(section);
     }
     layout->addStretch();
     refresh();
 }
 
-void primaryPropertyListView::refresh()
+void PrimaryPropertyListView::refresh()
 {
     RowPane::refresh();
     if (!m_binding.tab)
         return;
-    const selectedObjectModel& model = m_binding.tab->selectedObject();
-    const auto base = [&](baseField field) { return baseFieldText(field, model.defaultViewProperties); };
-    const std::string values[] = {base(baseField::elementName),
-                                  base(baseField::objectClassType),
-                                  base(baseField::category),
-                                  base(baseField::contact),
-                                  base(baseField::collision),
+    const SelectedObjectModel& model = m_binding.tab->selectedObject();
+    const auto base = [&](BaseField field) { return baseFieldText(field, model.defaultViewProperties); };
+    const std::string values[] = {base(BaseField::elementName),
+                                  base(BaseField::objectClassType),
+                                  base(BaseField::category),
+                                  base(BaseField::contact),
+                                  base(BaseField::collision),
                                   model.real_Position,
                                   model.displayedSize,
                                   std::string(tessaro::caseText(model.type)),

@@ -8,10 +8,10 @@ namespace stagewright {
 
 class ElidedLabel;
 
-class primaryPropertyListView : public RowPane {
+class PrimaryPropertyListView : public RowPane {
     Q_OBJECT
 public:
-    explicit primaryPropertyListView(rowBinding binding, QWidget* parent = nullptr);
+    explicit PrimaryPropertyListView(RowBinding binding, QWidget* parent = nullptr);
     void refresh() override;
 
 private:

@@ -21,9 +21,9 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 
-PropertyRow::PropertyRow(const rowEntry& entry, rowBinding binding, QWidget* parent)
+PropertyRow::PropertyRow(const RowEntry& entry, RowBinding binding, QWidget* parent)
     : QWidget(parent),
       m_entry(entry),
       m_binding(std::move(binding))
@@ -41,12 +41,12 @@ PropertyRow::PropertyRow(const rowEntry& entry, rowBinding binding, QWidget* par
     m_layout->addWidget(m_label);
 }
 
-propertyValue PropertyRow::shown(publishedElementList property) const
+PropertyValue PropertyRow::shown(PublishedElementList property) const
 {
-    return m_binding.tab ? modelValue(*m_binding.tab, m_binding.model, property) : propertyValue{};
+    return m_binding.tab ? modelValue(*m_binding.tab, m_binding.model, property) : PropertyValue{};
 }
 
-void PropertyRow::edited(publishedElementList property, const propertyValue& value)
+void PropertyRow::edited(PublishedElementList property, const PropertyValue& value)
 {
     if (!m_binding.tab)
         return;
@@ -68,7 +68,7 @@ void PropertyRow::setControl(QWidget* control)
 namespace {
 
 template <class T>
-T valueOr(const propertyValue& value, T fallback)
+T valueOr(const PropertyValue& value, T fallback)
 {
     if (const T* v = std::get_if<T>(&value))
         return *v;
@@ -77,7 +77,7 @@ T valueOr(const propertyValue& value, T fallback)
 
 class floatRowViewHelper : public PropertyRow {
 public:
-    floatRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    floatRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledCGFloatStepper({}, {}, {entry.lower, entry.upper}, entry.step, entry.places);
         setControl(m_stepper);
@@ -91,7 +91,7 @@ private:
 
 class intRowViewHelper : public PropertyRow {
 public:
-    intRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    intRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledIntStepper({}, {}, std::int64_t(entry.lower), std::int64_t(entry.upper),
                                            std::int64_t(entry.step));
@@ -106,9 +106,9 @@ private:
 
 class rangeRowViewHelper : public PropertyRow {
 public:
-    rangeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    rangeRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
-        m_stepper = new LabelledRangeStepper({}, {}, {0, greatest}, stepperPrecision::CGFloat);
+        m_stepper = new LabelledRangeStepper({}, {}, {0, greatest}, StepperPrecision::CGFloat);
         setControl(m_stepper);
         connect(m_stepper, &LabelledRangeStepper::lowerChanged, this, [this](double v) { edited(v); });
         connect(m_stepper, &LabelledRangeStepper::upperChanged, this,
@@ -125,7 +125,7 @@ private:
 
 class pointRowViewHelper : public PropertyRow {
 public:
-    pointRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    pointRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledPointStepper({}, {}, entry.step, {entry.lower, entry.upper});
         setControl(m_stepper);
@@ -139,7 +139,7 @@ private:
 
 class sizeRowViewHelper : public PropertyRow {
 public:
-    sizeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    sizeRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         // "w" and "h" keep the row within the inspector's width.
         m_stepper = new LabelledSizeStepper({}, {}, true, entry.aspectToggle);
@@ -154,7 +154,7 @@ private:
 
 class vectorRowViewHelper : public PropertyRow {
 public:
-    vectorRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    vectorRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledVectorStepper({}, {});
         setControl(m_stepper);
@@ -168,7 +168,7 @@ private:
 
 class toggleRowViewHelper : public PropertyRow {
 public:
-    toggleRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    toggleRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_switch = new QCheckBox;
         setControl(m_switch);
@@ -186,7 +186,7 @@ private:
 
 class textfieldRowViewHelper : public PropertyRow {
 public:
-    textfieldRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    textfieldRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_field = new QLineEdit;
         m_field->setPlaceholderText(QString::fromUtf8(entry.placeholder));
@@ -207,19 +207,19 @@ private:
 };
 
 /// The picker's list for the front tab's selection.
-pickerContent contentOf(const rowEntry& entry, const rowBinding& binding)
+PickerContent contentOf(const RowEntry& entry, const RowBinding& binding)
 {
-    const sceneEditor* scene = binding.tab ? sceneEditorOf(binding.tab->currentScene()).get() : nullptr;
-    return binding.tab ? getPickerContent(entry.picker, *binding.tab, scene, binding.settings) : pickerContent{};
+    const SceneEditor* scene = binding.tab ? sceneEditorOf(binding.tab->currentScene()).get() : nullptr;
+    return binding.tab ? getPickerContent(entry.picker, *binding.tab, scene, binding.settings) : PickerContent{};
 }
 
 class pickerRowViewHelper : public PropertyRow {
 public:
-    pickerRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    pickerRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_menu = new QComboBox;
-        for (const pickerSection& section : contentOf(entry, binding).sections)
-            for (const pickerItem& item : section.items)
+        for (const PickerSection& section : contentOf(entry, binding).sections)
+            for (const PickerItem& item : section.items)
                 m_menu->addItem(item.text, item.tag);
         setControl(m_menu);
         connect(m_menu, &QComboBox::activated, this,
@@ -237,15 +237,15 @@ private:
 
 class multiPickerRowViewHelper : public PropertyRow {
 public:
-    multiPickerRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    multiPickerRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         QStringList items;
-        for (const pickerSection& section : contentOf(entry, binding).sections)
-            for (const pickerItem& item : section.items)
+        for (const PickerSection& section : contentOf(entry, binding).sections)
+            for (const PickerItem& item : section.items)
                 items << item.tag;
-        m_combo = new customMultiSelectCombo({}, items);
+        m_combo = new CustomMultiSelectCombo({}, items);
         setControl(m_combo);
-        connect(m_combo, &customMultiSelectCombo::valuesChanged, this, [this](const QStringList& values) {
+        connect(m_combo, &CustomMultiSelectCombo::valuesChanged, this, [this](const QStringList& values) {
             std::vector<std::string> list;
             for (const QString& value : values)
                 list.push_back(value.toStdString());
@@ -261,12 +261,12 @@ public:
     }
 
 private:
-    customMultiSelectCombo* m_combo;
+    CustomMultiSelectCombo* m_combo;
 };
 
 class imageRowViewHelper : public PropertyRow {
 public:
-    imageRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    imageRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_picker = new CustomImagePickerView;
         setControl(m_picker);
@@ -276,9 +276,9 @@ public:
     void refresh() override
     {
         // Only the images of the folder of the element's kind are offered.
-        std::vector<fileItem> items;
+        std::vector<FileItem> items;
         if (m_binding.settings && m_binding.tab)
-            for (const fileItem& item : m_binding.settings->imageList())
+            for (const FileItem& item : m_binding.settings->imageList())
                 if (item.sceneObjectType == m_binding.tab->selectedObject().type)
                     items.push_back(item);
         m_picker->setItems(std::move(items));
@@ -291,7 +291,7 @@ private:
 
 class pointRangeRowViewHelper : public PropertyRow {
 public:
-    pointRangeRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    pointRangeRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_stepper = new LabelledPointRangeStepper({}, {}, {}, entry.step, {entry.lower, entry.upper});
         setControl(m_stepper);
@@ -307,7 +307,7 @@ private:
 /// A view-only value: the catalogue's text of the field.
 class labelRowViewHelper : public PropertyRow {
 public:
-    labelRowViewHelper(const rowEntry& entry, const rowBinding& binding) : PropertyRow(entry, binding)
+    labelRowViewHelper(const RowEntry& entry, const RowBinding& binding) : PropertyRow(entry, binding)
     {
         m_value = new ElidedLabel;
         m_value->setForegroundRole(QPalette::PlaceholderText);
@@ -317,7 +317,7 @@ public:
     void refresh() override
     {
         const std::string text = m_binding.tab
-            ? baseFieldText(baseField::elementName, m_binding.tab->selectedObject().defaultViewProperties)
+            ? baseFieldText(BaseField::elementName, m_binding.tab->selectedObject().defaultViewProperties)
             : std::string();
         m_value->setFullText(QString::fromStdString(text));
     }
@@ -328,30 +328,30 @@ private:
 
 } // namespace
 
-PropertyRow* makePropertyRow(const rowEntry& entry, const rowBinding& binding, QWidget* parent)
+PropertyRow* makePropertyRow(const RowEntry& entry, const RowBinding& binding, QWidget* parent)
 {
     PropertyRow* row = nullptr;
     switch (entry.control) {
-    case rowControl::Float: row = new floatRowViewHelper(entry, binding); break;
-    case rowControl::Int: row = new intRowViewHelper(entry, binding); break;
-    case rowControl::Range: row = new rangeRowViewHelper(entry, binding); break;
-    case rowControl::Point: row = new pointRowViewHelper(entry, binding); break;
-    case rowControl::Size: row = new sizeRowViewHelper(entry, binding); break;
-    case rowControl::Vector: row = new vectorRowViewHelper(entry, binding); break;
-    case rowControl::Toggle: row = new toggleRowViewHelper(entry, binding); break;
-    case rowControl::Text: row = new textfieldRowViewHelper(entry, binding); break;
-    case rowControl::Picker: row = new pickerRowViewHelper(entry, binding); break;
-    case rowControl::MultiPicker: row = new multiPickerRowViewHelper(entry, binding); break;
-    case rowControl::Image: row = new imageRowViewHelper(entry, binding); break;
-    case rowControl::PointRange: row = new pointRangeRowViewHelper(entry, binding); break;
-    case rowControl::Label: row = new labelRowViewHelper(entry, binding); break;
+    case RowControl::Float: row = new floatRowViewHelper(entry, binding); break;
+    case RowControl::Int: row = new intRowViewHelper(entry, binding); break;
+    case RowControl::Range: row = new rangeRowViewHelper(entry, binding); break;
+    case RowControl::Point: row = new pointRowViewHelper(entry, binding); break;
+    case RowControl::Size: row = new sizeRowViewHelper(entry, binding); break;
+    case RowControl::Vector: row = new vectorRowViewHelper(entry, binding); break;
+    case RowControl::Toggle: row = new toggleRowViewHelper(entry, binding); break;
+    case RowControl::Text: row = new textfieldRowViewHelper(entry, binding); break;
+    case RowControl::Picker: row = new pickerRowViewHelper(entry, binding); break;
+    case RowControl::MultiPicker: row = new multiPickerRowViewHelper(entry, binding); break;
+    case RowControl::Image: row = new imageRowViewHelper(entry, binding); break;
+    case RowControl::PointRange: row = new pointRangeRowViewHelper(entry, binding); break;
+    case RowControl::Label: row = new labelRowViewHelper(entry, binding); break;
     }
     row->setParent(parent);
     row->refresh();
     return row;
 }
 
-RowPane::RowPane(rowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding)) {}
+RowPane::RowPane(RowBinding binding, QWidget* parent) : QWidget(parent), m_binding(std::move(binding)) {}
 
 void RowPane::refresh()
 {
@@ -359,9 +359,9 @@ void RowPane::refresh()
         row->refresh();
 }
 
-PropertyRow* RowPane::makeRow(const rowEntry& entry, modelType model)
+PropertyRow* RowPane::makeRow(const RowEntry& entry, ModelType model)
 {
-    rowBinding binding = m_binding;
+    RowBinding binding = m_binding;
     binding.model = model;
     PropertyRow* row = makePropertyRow(entry, binding);
     m_rows.push_back(row);

@@ -15,13 +15,13 @@ class QLabel;
 namespace stagewright {
 
 class SceneSettings;
-class projectTab;
+class ProjectTab;
 
 /// Where a row reads and sends its value.
-struct rowBinding {
-    QPointer<projectTab> tab;
+struct RowBinding {
+    QPointer<ProjectTab> tab;
     SceneSettings* settings = nullptr;
-    modelType model = modelType::Primary;
+    ModelType model = ModelType::Primary;
     /// Rows of the background pane go to the background records.
     bool background = false;
 };
@@ -29,24 +29,24 @@ struct rowBinding {
 class PropertyRow : public QWidget {
     Q_OBJECT
 public:
-    PropertyRow(const rowEntry& entry, rowBinding binding, QWidget* parent = nullptr);
-    const rowEntry& entry() const { return m_entry; }
+    PropertyRow(const RowEntry& entry, RowBinding binding, QWidget* parent = nullptr);
+    const RowEntry& entry() const { return m_entry; }
     /// Shows the model's value without reporting a change.
     virtual void refresh() = 0;
     /// The label column, for rows that add controls beside it.
     QLabel* label() const { return m_label; }
 
 protected:
-    propertyValue shown(publishedElementList property) const;
-    propertyValue shown() const { return shown(m_entry.property); }
+    PropertyValue shown(PublishedElementList property) const;
+    PropertyValue shown() const { return shown(m_entry.property); }
     /// The user changed `property` to `value`: one edit of the tab.
-    void edited(publishedElementList property, const propertyValue& value);
-    void edited(const propertyValue& value) { edited(m_entry.property, value); }
+    void edited(PublishedElementList property, const PropertyValue& value);
+    void edited(const PropertyValue& value) { edited(m_entry.property, value); }
     /// Puts the control beside the label.
     void setControl(QWidget* control);
 
-    rowEntry m_entry;
-    rowBinding m_binding;
+    RowEntry m_entry;
+    RowBinding m_binding;
 
 private:
     QHBoxLayout* m_layout = nullptr;
@@ -54,21 +54,21 @@ private:
 };
 
 /// The row widget of `entry`'s control.
-PropertyRow* makePropertyRow(const rowEntry& entry, const rowBinding& binding, QWidget* parent = nullptr);
+PropertyRow* makePropertyRow(const RowEntry& entry, const RowBinding& binding, QWidget* parent = nullptr);
 
 /// A pane of rows: it refreshes them all when its model changes.
 class RowPane : public QWidget {
     Q_OBJECT
 public:
-    explicit RowPane(rowBinding binding, QWidget* parent = nullptr);
+    explicit RowPane(RowBinding binding, QWidget* parent = nullptr);
     /// Shows the models' values in every row.
     virtual void refresh();
 
 protected:
     /// A row of `entry` for `model`, kept for refreshing.
-    PropertyRow* makeRow(const rowEntry& entry, modelType model);
+    PropertyRow* makeRow(const RowEntry& entry, ModelType model);
 
-    rowBinding m_binding;
+    RowBinding m_binding;
     std::vector<PropertyRow*> m_rows;
 };
 

@@ -7,7 +7,7 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 
 namespace {
@@ -19,7 +19,7 @@ bool among(sceneObjectType kind, std::initializer_list<sceneObjectType> kinds)
 
 } // namespace
 
-bool animationRowStores(publishedElementList property, sceneObjectType kind)
+bool animationRowStores(PublishedElementList property, sceneObjectType kind)
 {
     switch (property) {
     case P::target_maximumRange:
@@ -36,7 +36,7 @@ bool animationRowStores(publishedElementList property, sceneObjectType kind)
     }
 }
 
-bool propertyApplies(publishedElementList property, sceneObjectType kind)
+bool propertyApplies(PublishedElementList property, sceneObjectType kind)
 {
     using K = sceneObjectType;
     switch (property) {
@@ -89,7 +89,7 @@ bool propertyApplies(publishedElementList property, sceneObjectType kind)
     }
 }
 
-std::string baseFieldText(baseField field, const std::optional<defaultViewRecord>& record)
+std::string baseFieldText(BaseField field, const std::optional<DefaultViewRecord>& record)
 {
     if (!record)
         return {};
@@ -99,20 +99,20 @@ std::string baseFieldText(baseField field, const std::optional<defaultViewRecord
                 return base.collisionMasks ? ((*base.collisionMasks).*member).value_or(std::string()) : std::string();
             };
             switch (field) {
-            case baseField::elementName: return base.elementName.value_or(std::string());
-            case baseField::objectClassType: return base.objectClassType.value_or(std::string());
-            case baseField::contact: return mask(&tessaro::CollisionDetection::contact);
-            case baseField::category: return mask(&tessaro::CollisionDetection::category);
-            case baseField::collision: return mask(&tessaro::CollisionDetection::collision);
+            case BaseField::elementName: return base.elementName.value_or(std::string());
+            case BaseField::objectClassType: return base.objectClassType.value_or(std::string());
+            case BaseField::contact: return mask(&tessaro::CollisionDetection::contact);
+            case BaseField::category: return mask(&tessaro::CollisionDetection::category);
+            case BaseField::collision: return mask(&tessaro::CollisionDetection::collision);
             }
             return {};
         },
         *record);
 }
 
-const std::vector<deviceFieldRow>& deviceFieldRows()
+const std::vector<DeviceFieldRow>& deviceFieldRows()
 {
-    static const std::vector<deviceFieldRow> rows{
+    static const std::vector<DeviceFieldRow> rows{
         {P::altPosition, "Carousel position", "{0,0}"},
         {P::digitSize, "Digit size", "{0,0}"},
         {P::distance, "Distance", "{0,0}"},
@@ -129,12 +129,12 @@ const std::vector<deviceFieldRow>& deviceFieldRows()
     return rows;
 }
 
-std::vector<publishedElementList> definedDeviceFields(const tessaro::DeviceProperties* entry)
+std::vector<PublishedElementList> definedDeviceFields(const tessaro::DeviceProperties* entry)
 {
-    std::vector<publishedElementList> fields;
+    std::vector<PublishedElementList> fields;
     if (!entry)
         return fields;
-    const auto note = [&](bool has, publishedElementList field) {
+    const auto note = [&](bool has, PublishedElementList field) {
         if (has)
             fields.push_back(field);
     };

@@ -6,7 +6,7 @@
 
 namespace stagewright {
 
-std::optional<double> numberOf(const propertyValue& value)
+std::optional<double> numberOf(const PropertyValue& value)
 {
     if (const auto* number = std::get_if<double>(&value))
         return *number;
@@ -15,7 +15,7 @@ std::optional<double> numberOf(const propertyValue& value)
     return std::nullopt;
 }
 
-std::optional<std::int64_t> integerOf(const propertyValue& value)
+std::optional<std::int64_t> integerOf(const PropertyValue& value)
 {
     if (const auto* whole = std::get_if<std::int64_t>(&value))
         return *whole;
@@ -24,21 +24,21 @@ std::optional<std::int64_t> integerOf(const propertyValue& value)
     return std::nullopt;
 }
 
-std::optional<bool> flagOf(const propertyValue& value)
+std::optional<bool> flagOf(const PropertyValue& value)
 {
     if (const auto* flag = std::get_if<bool>(&value))
         return *flag;
     return std::nullopt;
 }
 
-std::optional<std::string> textOf(const propertyValue& value)
+std::optional<std::string> textOf(const PropertyValue& value)
 {
     if (const auto* text = std::get_if<std::string>(&value))
         return *text;
     return std::nullopt;
 }
 
-std::optional<std::vector<std::string>> listOf(const propertyValue& value)
+std::optional<std::vector<std::string>> listOf(const PropertyValue& value)
 {
     if (const auto* list = std::get_if<std::vector<std::string>>(&value))
         return *list;
@@ -47,21 +47,21 @@ std::optional<std::vector<std::string>> listOf(const propertyValue& value)
     return std::nullopt;
 }
 
-std::optional<tessaro::PointValue> pointOf(const propertyValue& value)
+std::optional<tessaro::PointValue> pointOf(const PropertyValue& value)
 {
     if (const auto* point = std::get_if<tessaro::PointValue>(&value))
         return *point;
     return std::nullopt;
 }
 
-std::optional<tessaro::SizeValue> sizeOf(const propertyValue& value)
+std::optional<tessaro::SizeValue> sizeOf(const PropertyValue& value)
 {
     if (const auto* size = std::get_if<tessaro::SizeValue>(&value))
         return *size;
     return std::nullopt;
 }
 
-std::string describe(const propertyValue& value)
+std::string describe(const PropertyValue& value)
 {
     struct Describe {
         std::string operator()(std::monostate) const { return "none"; }
@@ -74,7 +74,7 @@ std::string describe(const propertyValue& value)
         std::string operator()(tessaro::SizeValue size) const { return tessaro::textFromSize(size); }
         std::string operator()(const tessaro::Uuid& id) const { return id.text(); }
         std::string operator()(const tessaro::PhysicsProperty&) const { return "physics"; }
-        std::string operator()(const rangeBoundValue& bound) const
+        std::string operator()(const RangeBoundValue& bound) const
         {
             return std::to_string(bound.index) + ": " + tessaro::textFromRange({bound.lower, bound.upper});
         }

@@ -6,69 +6,69 @@
 
 namespace stagewright {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using K = tessaro::sceneObjectType;
-using C = rowControl;
+using C = RowControl;
 
 namespace {
 
-rowEntry floatRow(P property, const char* label, double lower, double upper, double step, int places, const char* help)
+RowEntry floatRow(P property, const char* label, double lower, double upper, double step, int places, const char* help)
 {
     return {property, label, C::Float, help, lower, upper, step, places};
 }
 
-rowEntry intRow(P property, const char* label, double lower, double upper, const char* help)
+RowEntry intRow(P property, const char* label, double lower, double upper, const char* help)
 {
     return {property, label, C::Int, help, lower, upper, 1, 0};
 }
 
-rowEntry pickRow(P property, const char* label, pickerType picker, const char* help)
+RowEntry pickRow(P property, const char* label, PickerType picker, const char* help)
 {
-    rowEntry row{property, label, C::Picker, help};
+    RowEntry row{property, label, C::Picker, help};
     row.picker = picker;
     return row;
 }
 
-rowEntry multiRow(P property, const char* label, pickerType picker, const char* help)
+RowEntry multiRow(P property, const char* label, PickerType picker, const char* help)
 {
-    rowEntry row{property, label, C::MultiPicker, help};
+    RowEntry row{property, label, C::MultiPicker, help};
     row.picker = picker;
     return row;
 }
 
-rowEntry textRow(P property, const char* label, const char* placeholder, const char* help)
+RowEntry textRow(P property, const char* label, const char* placeholder, const char* help)
 {
-    rowEntry row{property, label, C::Text, help};
+    RowEntry row{property, label, C::Text, help};
     row.placeholder = placeholder;
     return row;
 }
 
-rowEntry rangeRow(P lower, P upper, const char* label, const char* help)
+RowEntry rangeRow(P lower, P upper, const char* label, const char* help)
 {
-    rowEntry row{lower, label, C::Range, help, 0, 10000, 0.5};
+    RowEntry row{lower, label, C::Range, help, 0, 10000, 0.5};
     row.propertyUpper = upper;
     return row;
 }
 
 // The delay, wait and target rows share their limits.
-rowEntry timeRow(P property, const char* label, const char* help)
+RowEntry timeRow(P property, const char* label, const char* help)
 {
     return floatRow(property, label, 0, 10000, 0.5, 1, help);
 }
 
 } // namespace
 
-const std::vector<sectionEntry>& primarySections()
+const std::vector<SectionEntry>& primarySections()
 {
-    static const std::vector<sectionEntry> sections{
+    static const std::vector<SectionEntry> sections{
         {"Common properties",
          {},
          {textRow(P::observedname, "Name", "objectName", "The name under which the game's code finds the element."),
           {P::isVisible, "Is visible?", C::Toggle, "A hidden element is kept in the level but not drawn."},
           {P::image, "Image", C::Image, "The picture of the element, from the folder of its kind."},
-          pickRow(P::charClassType, "Character Class Type", pickerType::CharClassType,
+          pickRow(P::charClassType, "Character Class Type", PickerType::CharClassType,
                   "Friendly characters help the player; enemies attack."),
-          multiRow(P::objectClassType, "Class Type (object)", pickerType::objectClassTypeList,
+          multiRow(P::objectClassType, "Class Type (object)", PickerType::objectClassTypeList,
                    "The classes the game's code uses to tell elements apart."),
           floatRow(P::zPosition, "zPosition", -500, 100000, 1, 1, "Higher values are drawn in front."),
           intRow(P::allowedTimesToHit, "Allowed times to hit", 0, 1000, "Hits the element takes before it breaks."),
@@ -77,9 +77,9 @@ const std::vector<sectionEntry>& primarySections()
          {},
          {{P::usePhysics, "Use physics", C::Toggle, "The element gets a physics body in the game."},
           {P::useGravity, "Affected by gravity", C::Toggle, "Gravity pulls the element down."},
-          multiRow(P::category, "Category", pickerType::Category, "The collision groups the element belongs to."),
-          multiRow(P::collision, "Collision", pickerType::CollisionTypes, "The groups the element bounces off."),
-          multiRow(P::contact, "Contact", pickerType::Contact, "The groups whose touch the game is told of."),
+          multiRow(P::category, "Category", PickerType::Category, "The collision groups the element belongs to."),
+          multiRow(P::collision, "Collision", PickerType::CollisionTypes, "The groups the element bounces off."),
+          multiRow(P::contact, "Contact", PickerType::Contact, "The groups whose touch the game is told of."),
           {P::isDynamic, "Is dynamic", C::Toggle, "Forces and collisions move the element."},
           {P::usePrecision, "Use precision", C::Toggle, "Fast bodies are tested for collisions between frames."}}},
         {"Obstacle properties",
@@ -98,7 +98,7 @@ const std::vector<sectionEntry>& primarySections()
           {P::rotateForever, "Rotate Forever?", C::Toggle, "The obstacle keeps turning."},
           floatRow(P::rotateDuration, "Duration of rotation", 0, 10000, 1, 1, "Seconds for one turn."),
           {P::rotationPin, "Pin Rotation?", C::Toggle, "The obstacle turns round a pin at its centre."},
-          pickRow(P::rotateType, "Rotation Type", pickerType::RotationTypes, "How the obstacle turns.")}},
+          pickRow(P::rotateType, "Rotation Type", PickerType::RotationTypes, "How the obstacle turns.")}},
         {"Character Properties", {K::character}, {}},
         {"Coin properties",
          {K::coin},
@@ -112,27 +112,27 @@ const std::vector<sectionEntry>& primarySections()
          {{P::elementName, "elementName", C::Label, "The catalogue entry of the artifact."}}},
         {"Ground properties",
          {K::ground},
-         {pickRow(P::groundType, "Ground type", pickerType::GroundType, "The kind of ground section."),
+         {pickRow(P::groundType, "Ground type", PickerType::GroundType, "The kind of ground section."),
           {P::stack, "Stack", C::Toggle, "Stacks the section's copies."},
           {P::distance, "Distance", C::Size, "The gap before the section."},
           intRow(P::repeatCount, "Repeat count", 0, 100, "Copies of the section laid in a row."),
-          multiRow(P::groundPhysicsAngleType, "groundPhysicsAngleType", pickerType::GroundAngleList,
+          multiRow(P::groundPhysicsAngleType, "groundPhysicsAngleType", PickerType::GroundAngleList,
                    "The slopes of the section's physics edge.")}},
     };
     return sections;
 }
 
-const std::vector<sectionEntry>& animationSections()
+const std::vector<SectionEntry>& animationSections()
 {
-    static const std::vector<sectionEntry> sections{
+    static const std::vector<SectionEntry> sections{
         {"Frequency properties",
          {},
-         {pickRow(P::animationFrequency, "Frequency", pickerType::AnimationFrequency, "How often the animation runs."),
+         {pickRow(P::animationFrequency, "Frequency", PickerType::AnimationFrequency, "How often the animation runs."),
           intRow(P::animationFrameStart, "Animation frame start", 0, 1000, "The frame the animation starts at.")}},
         {"Speed properties",
          {},
          {{P::velocity, "Velocity", C::Vector, "Points per second the element moves."},
-          pickRow(P::moveDirection, "Move direction", pickerType::AnimationMoveDirection, "Where the element moves.")}},
+          pickRow(P::moveDirection, "Move direction", PickerType::AnimationMoveDirection, "Where the element moves.")}},
         {"Duration properties",
          {},
          {{P::horizontalFlip, "Horizontal flip", C::Toggle, "Mirrors the frames left to right."},
@@ -183,17 +183,17 @@ const std::vector<sectionEntry>& animationSections()
     return sections;
 }
 
-const std::vector<rowEntry>& cycleEndRows()
+const std::vector<RowEntry>& cycleEndRows()
 {
-    static const std::vector<rowEntry> rows{
+    static const std::vector<RowEntry> rows{
         {P::End_atlasName, "Image", C::Image, "The pictures of the cycle end."},
         floatRow(P::End_animationDuration, "Animation duration", 0, 10000, 0.5, 1, "Seconds the cycle end lasts."),
         {P::End_size, "Size", C::Size, "The size of the cycle end's pictures."},
-        multiRow(P::End_category, "Category", pickerType::Category, "The collision groups at the cycle end."),
-        multiRow(P::End_collision, "Collision", pickerType::CollisionTypes, "The groups bounced off at the end."),
-        multiRow(P::End_contact, "Contact", pickerType::Contact, "The groups whose touch is reported."),
+        multiRow(P::End_category, "Category", PickerType::Category, "The collision groups at the cycle end."),
+        multiRow(P::End_collision, "Collision", PickerType::CollisionTypes, "The groups bounced off at the end."),
+        multiRow(P::End_contact, "Contact", PickerType::Contact, "The groups whose touch is reported."),
         {P::End_fadeObstacle, "Fade obstacle", C::Toggle, "The obstacle fades out at the end."},
-        multiRow(P::End_objectClassType, "Class Type (object)", pickerType::objectClassTypeList,
+        multiRow(P::End_objectClassType, "Class Type (object)", PickerType::objectClassTypeList,
                  "The classes at the cycle end."),
         textRow(P::End_obstacleEffected, "Obstacle effected", "obstacleEffected", "The obstacle the end acts on."),
         {P::End_removeFromParentAtEnd, "Remove from parent at end", C::Toggle, "The element leaves the level."},
@@ -202,12 +202,12 @@ const std::vector<rowEntry>& cycleEndRows()
     return rows;
 }
 
-const std::vector<rowEntry>& backgroundRows()
+const std::vector<RowEntry>& backgroundRows()
 {
-    static const std::vector<rowEntry> rows{
+    static const std::vector<RowEntry> rows{
         {P::image, "Image", C::Image, "The picture of the background."},
         {P::isVisible, "isVisible", C::Toggle, "A hidden background is kept but not drawn."},
-        pickRow(P::backgroundScrollOrientation, "Scroll Orientation", pickerType::ScrollOrientation,
+        pickRow(P::backgroundScrollOrientation, "Scroll Orientation", PickerType::ScrollOrientation,
                 "The direction the background scrolls in."),
         {P::pinned, "Pinned", C::Toggle, "A pinned background stays put within its ranges."},
         floatRow(P::speed, "Speed", 0, greatest, 1, 1, "How fast the background scrolls."),
@@ -216,11 +216,11 @@ const std::vector<rowEntry>& backgroundRows()
     return rows;
 }
 
-rowEntry deviceRow(publishedElementList field, const char* label)
+RowEntry deviceRow(PublishedElementList field, const char* label)
 {
     switch (field) {
     case P::size: {
-        rowEntry row{field, label, C::Size, "The size on the device."};
+        RowEntry row{field, label, C::Size, "The size on the device."};
         row.aspectToggle = true;
         return row;
     }
@@ -235,18 +235,18 @@ rowEntry deviceRow(publishedElementList field, const char* label)
     }
 }
 
-bool sectionApplies(const sectionEntry& section, tessaro::sceneObjectType kind)
+bool sectionApplies(const SectionEntry& section, tessaro::sceneObjectType kind)
 {
     if (section.kinds.empty())
         return kind != K::background;
     return std::find(section.kinds.begin(), section.kinds.end(), kind) != section.kinds.end();
 }
 
-std::vector<rowEntry> rowsFor(const sectionEntry& section, tessaro::sceneObjectType kind)
+std::vector<RowEntry> rowsFor(const SectionEntry& section, tessaro::sceneObjectType kind)
 {
-    std::vector<rowEntry> rows;
+    std::vector<RowEntry> rows;
     // Only the element's own rows depend on its kind; the animation rows do not.
-    for (const rowEntry& row : section.rows)
+    for (const RowEntry& row : section.rows)
         if (row.property > P::charClassType || propertyApplies(row.property, kind))
             rows.push_back(row);
     return rows;

@@ -14,7 +14,7 @@
 namespace stagewright {
 
 /// The control of a row, one per kind of value.
-enum class rowControl {
+enum class RowControl {
     Float,
     Int,
     Range,
@@ -33,45 +33,45 @@ enum class rowControl {
 /// The greatest finite number, the open upper end of several steppers.
 inline constexpr double greatest = 1.7976931348623157e+308;
 
-struct rowEntry {
-    publishedElementList property;
+struct RowEntry {
+    PublishedElementList property;
     const char* label;
-    rowControl control;
+    RowControl control;
     const char* help = "";
     double lower = 0;
     double upper = 0;
     double step = 1;
     int places = 1;
-    pickerType picker = pickerType::None;
+    PickerType picker = PickerType::None;
     /// A range row's second field; a text row's placeholder is its label.
-    publishedElementList propertyUpper = property;
+    PublishedElementList propertyUpper = property;
     const char* placeholder = "";
     /// A size row offers "Maintain aspect ratio".
     bool aspectToggle = false;
 };
 
-struct sectionEntry {
+struct SectionEntry {
     const char* title;
     /// The kinds whose pane has the section; empty for every kind.
     std::vector<tessaro::sceneObjectType> kinds;
-    std::vector<rowEntry> rows;
+    std::vector<RowEntry> rows;
 };
 
 /// The editable sections of the primary pane, in drawing order.
-const std::vector<sectionEntry>& primarySections();
+const std::vector<SectionEntry>& primarySections();
 /// The sections of the animation pane.
-const std::vector<sectionEntry>& animationSections();
+const std::vector<SectionEntry>& animationSections();
 /// The rows of the cycle-end sheet.
-const std::vector<rowEntry>& cycleEndRows();
+const std::vector<RowEntry>& cycleEndRows();
 /// The rows of the background pane above its pinned ranges.
-const std::vector<rowEntry>& backgroundRows();
+const std::vector<RowEntry>& backgroundRows();
 
 /// The value row of a field of the device pane.
-rowEntry deviceRow(publishedElementList field, const char* label);
+RowEntry deviceRow(PublishedElementList field, const char* label);
 
 /// Whether `section` is drawn for an element of `kind`.
-bool sectionApplies(const sectionEntry& section, tessaro::sceneObjectType kind);
+bool sectionApplies(const SectionEntry& section, tessaro::sceneObjectType kind);
 /// The rows of `section` that are drawn for `kind`.
-std::vector<rowEntry> rowsFor(const sectionEntry& section, tessaro::sceneObjectType kind);
+std::vector<RowEntry> rowsFor(const SectionEntry& section, tessaro::sceneObjectType kind);
 
 } // namespace stagewright

@@ -8,7 +8,7 @@ namespace {
 
 /// The scene of the tab showing `levelId`, which it switches to when another
 /// level is shown; null when the tab, the level or the scene is gone.
-LevelScene* showing(projectTab* tab, const tessaro::Uuid& levelId)
+LevelScene* showing(ProjectTab* tab, const tessaro::Uuid& levelId)
 {
     if (!tab || !tab->showLevel(levelId))
         return nullptr;
@@ -17,7 +17,7 @@ LevelScene* showing(projectTab* tab, const tessaro::Uuid& levelId)
 
 } // namespace
 
-SceneSettingsCommand::SceneSettingsCommand(projectTab& tab, sceneSettingsValues after, const QString& text, int mergeId)
+SceneSettingsCommand::SceneSettingsCommand(ProjectTab& tab, SceneSettingsValues after, const QString& text, int mergeId)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_after(after),
@@ -59,7 +59,7 @@ bool SceneSettingsCommand::mergeWith(const QUndoCommand* other)
     return true;
 }
 
-void SceneSettingsCommand::show(const sceneSettingsValues& values)
+void SceneSettingsCommand::show(const SceneSettingsValues& values)
 {
     LevelScene* scene = showing(m_tab, m_levelId);
     if (!scene)

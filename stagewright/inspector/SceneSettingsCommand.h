@@ -13,7 +13,7 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// Merge ids of the scene settings that a stepper changes.
 namespace sceneSettingsMergeId {
@@ -25,19 +25,19 @@ class SceneSettingsCommand : public HistoryStep {
 public:
     /// Sets the values of the tab's shown level to `after`; steps with the
     /// same `mergeId` (-1 for none) on the same level join.
-    SceneSettingsCommand(projectTab& tab, sceneSettingsValues after, const QString& text, int mergeId = -1);
+    SceneSettingsCommand(ProjectTab& tab, SceneSettingsValues after, const QString& text, int mergeId = -1);
     void redoStep() override;
     void undo() override;
     int id() const override { return m_mergeId; }
     bool mergeWith(const QUndoCommand* other) override;
 
 private:
-    void show(const sceneSettingsValues& values);
+    void show(const SceneSettingsValues& values);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
-    sceneSettingsValues m_before;
-    sceneSettingsValues m_after;
+    SceneSettingsValues m_before;
+    SceneSettingsValues m_after;
     int m_mergeId;
     bool m_done = false;
 };

@@ -20,12 +20,12 @@ QString commandText(const char* text)
 
 /// Changes the values the tab's scene holds as one step; nothing without a scene.
 template <class Change>
-void changeScene(projectTab& tab, const QString& text, int mergeId, Change change)
+void changeScene(ProjectTab& tab, const QString& text, int mergeId, Change change)
 {
     const std::shared_ptr<LevelScene>& scene = tab.currentScene();
     if (!scene)
         return;
-    sceneSettingsValues values{scene->size(), scene->anchorPoint(), scene->scaleMode(), scene->orientation()};
+    SceneSettingsValues values{scene->size(), scene->anchorPoint(), scene->scaleMode(), scene->orientation()};
     change(values);
     pushStep(tab.undoStack(), new SceneSettingsCommand(tab, values, text, mergeId));
 }
@@ -40,9 +40,9 @@ tessaro::SizeValue predefinedSceneSize(tessaro::deviceName device, tessaro::scen
     return {size.width, size.height};
 }
 
-std::vector<predefinedSizeItem> predefinedSizeItems(tessaro::sceneOrientationType orientation)
+std::vector<PredefinedSizeItem> predefinedSizeItems(tessaro::sceneOrientationType orientation)
 {
-    std::vector<predefinedSizeItem> items{{tessaro::deviceName::none, commandText("Select...")}};
+    std::vector<PredefinedSizeItem> items{{tessaro::deviceName::none, commandText("Select...")}};
     for (tessaro::deviceName device : tessaro::allCases<tessaro::deviceName>()) {
         if (device == tessaro::deviceName::none)
             continue;
@@ -53,36 +53,36 @@ std::vector<predefinedSizeItem> predefinedSizeItems(tessaro::sceneOrientationTyp
     return items;
 }
 
-void setSceneOrientation(projectTab& tab, tessaro::sceneOrientationType orientation)
+void setSceneOrientation(ProjectTab& tab, tessaro::sceneOrientationType orientation)
 {
     changeScene(tab, commandText("Change Orientation"), -1,
-                [&](sceneSettingsValues& values) { values.orientation = orientation; });
+                [&](SceneSettingsValues& values) { values.orientation = orientation; });
 }
 
-void setSceneScaleMode(projectTab& tab, sceneScaleMode mode)
+void setSceneScaleMode(ProjectTab& tab, sceneScaleMode mode)
 {
     changeScene(tab, commandText("Change Scale Mode"), -1,
-                [&](sceneSettingsValues& values) { values.scaleMode = mode; });
+                [&](SceneSettingsValues& values) { values.scaleMode = mode; });
 }
 
-void choosePredefinedSize(projectTab& tab, tessaro::deviceName device)
+void choosePredefinedSize(ProjectTab& tab, tessaro::deviceName device)
 {
     if (device == tessaro::deviceName::none)
         return;
     const tessaro::SizeValue size = predefinedSceneSize(device, tab.selectedSceneOrientation());
-    changeScene(tab, commandText("Change Scene Size"), -1, [&](sceneSettingsValues& values) { values.size = size; });
+    changeScene(tab, commandText("Change Scene Size"), -1, [&](SceneSettingsValues& values) { values.size = size; });
 }
 
-void setSceneSize(projectTab& tab, tessaro::SizeValue size)
+void setSceneSize(ProjectTab& tab, tessaro::SizeValue size)
 {
     changeScene(tab, commandText("Change Scene Size"), sceneSettingsMergeId::size,
-                [&](sceneSettingsValues& values) { values.size = size; });
+                [&](SceneSettingsValues& values) { values.size = size; });
 }
 
-void setSceneAnchorPoint(projectTab& tab, tessaro::PointValue anchor)
+void setSceneAnchorPoint(ProjectTab& tab, tessaro::PointValue anchor)
 {
     changeScene(tab, commandText("Change Anchor Point"), sceneSettingsMergeId::anchorPoint,
-                [&](sceneSettingsValues& values) { values.anchorPoint = anchor; });
+                [&](SceneSettingsValues& values) { values.anchorPoint = anchor; });
 }
 
 } // namespace stagewright

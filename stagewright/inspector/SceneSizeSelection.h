@@ -15,40 +15,40 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// The four values of a scene the sheet sets, as the scene and the tab hold them.
-struct sceneSettingsValues {
+struct SceneSettingsValues {
     tessaro::SizeValue size;
     tessaro::PointValue anchorPoint;
     sceneScaleMode scaleMode = sceneScaleMode::aspectFill;
     tessaro::sceneOrientationType orientation = tessaro::sceneOrientationType::landscape;
-    bool operator==(const sceneSettingsValues&) const = default;
+    bool operator==(const SceneSettingsValues&) const = default;
 };
 
 /// A device's scene size: its landscape size, width and height swapped for portrait.
 tessaro::SizeValue predefinedSceneSize(tessaro::deviceName device, tessaro::sceneOrientationType orientation);
 
 /// An item of "Predefined sizes": the device and its text.
-struct predefinedSizeItem {
+struct PredefinedSizeItem {
     tessaro::deviceName device;
     QString title;
 };
 /// "Select..." for `none`, then every device as "<title> {w: 874, h: 402 }",
 /// its size in `orientation`.
-std::vector<predefinedSizeItem> predefinedSizeItems(tessaro::sceneOrientationType orientation);
+std::vector<PredefinedSizeItem> predefinedSizeItems(tessaro::sceneOrientationType orientation);
 
 // The sheet's changes. Each sets the tab's bound value and the scene's value,
 // then sets size, anchor point and scale mode on the scene again. Without a
 // scene nothing changes.
 
 /// The size stays as it is: only a later predefined size is swapped.
-void setSceneOrientation(projectTab& tab, tessaro::sceneOrientationType orientation);
-void setSceneScaleMode(projectTab& tab, sceneScaleMode mode);
+void setSceneOrientation(ProjectTab& tab, tessaro::sceneOrientationType orientation);
+void setSceneScaleMode(ProjectTab& tab, sceneScaleMode mode);
 /// The device's size in the tab's orientation; `none` ("Select...") does nothing.
-void choosePredefinedSize(projectTab& tab, tessaro::deviceName device);
+void choosePredefinedSize(ProjectTab& tab, tessaro::deviceName device);
 /// Typing or stepping one value joins with the step before.
-void setSceneSize(projectTab& tab, tessaro::SizeValue size);
-void setSceneAnchorPoint(projectTab& tab, tessaro::PointValue anchor);
+void setSceneSize(ProjectTab& tab, tessaro::SizeValue size);
+void setSceneAnchorPoint(ProjectTab& tab, tessaro::PointValue anchor);
 
 } // namespace stagewright

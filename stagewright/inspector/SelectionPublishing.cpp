@@ -31,7 +31,7 @@ std::vector<tessaro::collisionTypes> masks(const std::optional<std::string>& tex
     return text ? tessaro::listFromText<tessaro::collisionTypes>(*text) : std::vector<tessaro::collisionTypes>{};
 }
 
-void showMasks(selectedObjectModel& model, const tessaro::boxed<tessaro::CollisionDetection>& detection)
+void showMasks(SelectedObjectModel& model, const tessaro::boxed<tessaro::CollisionDetection>& detection)
 {
     model.category = detection ? masks(detection->category) : std::vector<tessaro::collisionTypes>{};
     model.contact = detection ? masks(detection->contact) : std::vector<tessaro::collisionTypes>{};
@@ -45,7 +45,7 @@ std::vector<tessaro::objectClassType> classes(const std::optional<std::string>& 
 
 /// The catalogue record of the kind with the element name of `node`'s record.
 template <class Record>
-const Record* catalogueRecordOf(const elementNode& node, const std::vector<Record>& catalogue)
+const Record* catalogueRecordOf(const ElementNode& node, const std::vector<Record>& catalogue)
 {
     const std::string name = node.catalogueElementName();
     for (const Record& record : catalogue)
@@ -65,7 +65,7 @@ std::optional<tessaro::DeviceProperties> defaultEntryOf(const Record* record)
     return std::nullopt;
 }
 
-void showAnimation(selectedAnimationModel& model, const tessaro::AnimationProperty& animation)
+void showAnimation(SelectedAnimationModel& model, const tessaro::AnimationProperty& animation)
 {
     model.animationFrequency = animation.frequency.value_or("none");
     model.moveDirection = animation.moveDirection.value_or(std::string());
@@ -108,7 +108,7 @@ void showAnimation(selectedAnimationModel& model, const tessaro::AnimationProper
     }
 }
 
-void showTargetDistances(selectedAnimationModel& model, const tessaro::TargetDistances& distances)
+void showTargetDistances(SelectedAnimationModel& model, const tessaro::TargetDistances& distances)
 {
     const auto point = [](const std::optional<std::string>& text) {
         return text ? tessaro::pointFromText(*text) : tessaro::PointValue{};
@@ -123,7 +123,7 @@ void showTargetDistances(selectedAnimationModel& model, const tessaro::TargetDis
 
 /// The shapes of single frames of an obstacle: those of its animation in the
 /// level, else its template's.
-const tessaro::PhysicsProperty* frameShapesOf(const elementNode& node)
+const tessaro::PhysicsProperty* frameShapesOf(const ElementNode& node)
 {
     if (node.animationOverrides && node.animationOverrides->physics)
         return &*node.animationOverrides->physics;
@@ -134,7 +134,7 @@ const tessaro::PhysicsProperty* frameShapesOf(const elementNode& node)
     return nullptr;
 }
 
-void showKindFields(selectedObjectModel& model, const elementNode& node, const sceneEditor& scene)
+void showKindFields(SelectedObjectModel& model, const ElementNode& node, const SceneEditor& scene)
 {
     switch (node.kind()) {
     case sceneObjectType::obstacles: {
@@ -242,7 +242,7 @@ void showKindFields(selectedObjectModel& model, const elementNode& node, const s
 /// "Is dynamic" as the level stores it: the override's value, else the
 /// catalogue's. The canvas's body is no guide: an element without physics has
 /// none, and the body is not remade when the value changes.
-bool storedIsDynamic(const elementNode& node)
+bool storedIsDynamic(const ElementNode& node)
 {
     if (node.kind() == sceneObjectType::obstacles) {
         if (node.obstacleOverrides && node.obstacleOverrides->isDynamic)
@@ -268,7 +268,7 @@ double aspectRatioOf(tessaro::SizeValue size)
     return width / height;
 }
 
-selectedDeviceModel showDeviceEntry(selectedDeviceModel model,
+SelectedDeviceModel showDeviceEntry(SelectedDeviceModel model,
                                     const std::optional<std::vector<tessaro::DeviceProperties>>& devices,
                                     tessaro::deviceName device)
 {
@@ -297,7 +297,7 @@ selectedDeviceModel showDeviceEntry(selectedDeviceModel model,
     return model;
 }
 
-void showCycleEnd(selectedAnimationModel& model, const tessaro::CycleEndProperties& entry)
+void showCycleEnd(SelectedAnimationModel& model, const tessaro::CycleEndProperties& entry)
 {
     const auto names = [](const std::optional<std::string>& text) {
         return tessaro::trimmedNamesFromText(text.value_or(std::string()));
@@ -322,9 +322,9 @@ void showCycleEnd(selectedAnimationModel& model, const tessaro::CycleEndProperti
     model.End_aspectRatio = aspectRatioOf(model.End_size);
 }
 
-std::vector<pinnedRangeValue> pinnedRangeValues(const std::optional<std::vector<tessaro::PinnedRange>>& ranges)
+std::vector<PinnedRangeValue> pinnedRangeValues(const std::optional<std::vector<tessaro::PinnedRange>>& ranges)
 {
-    std::vector<pinnedRangeValue> values;
+    std::vector<PinnedRangeValue> values;
     if (!ranges)
         return values;
     for (const tessaro::PinnedRange& entry : *ranges) {
@@ -334,7 +334,7 @@ std::vector<pinnedRangeValue> pinnedRangeValues(const std::optional<std::vector<
     return values;
 }
 
-void showBackground(selectedObjectModel& model, const tessaro::BackgroundImage& record)
+void showBackground(SelectedObjectModel& model, const tessaro::BackgroundImage& record)
 {
     if (record.id)
         model.backgroundSelectedId = *record.id;
@@ -349,14 +349,14 @@ void showBackground(selectedObjectModel& model, const tessaro::BackgroundImage& 
     model.pinnedRanges = pinnedRangeValues(record.pinnedRanges);
 }
 
-void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* settings)
+void publishSelection(SceneEditor& scene, ElementNode& node, SceneSettings* settings)
 {
     if (settings)
         settings->setInspectorPresented(true);
 
-    selectedObjectModel object;
-    selectedDeviceModel device;
-    selectedAnimationModel animation;
+    SelectedObjectModel object;
+    SelectedDeviceModel device;
+    SelectedAnimationModel animation;
 
     object.type = node.kind();
     object.property_objectName = node.property_objectName.value_or(std::string());
@@ -403,11 +403,11 @@ void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* sett
         node.setAlpha(1);
     }
 
-    if (projectTab* tab = scene.tab()) {
+    if (ProjectTab* tab = scene.tab()) {
         tab->setSelectedObject(std::move(object));
         tab->setSelectedDeviceObject(std::move(device));
         tab->setSelectedAnimationObject(std::move(animation));
-        tab->setElementPhase(selectionPhase::Selected);
+        tab->setElementPhase(SelectionPhase::Selected);
     }
 }
 

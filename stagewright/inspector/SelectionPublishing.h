@@ -14,25 +14,25 @@
 namespace stagewright {
 
 class SceneSettings;
-class elementNode;
-class sceneEditor;
+class ElementNode;
+class SceneEditor;
 
 /// Fills the selection models of the scene's tab from `node` and sets the
 /// phase to `Selected`; with `settings`, the inspector is presented.
-void publishSelection(sceneEditor& scene, elementNode& node, SceneSettings* settings);
+void publishSelection(SceneEditor& scene, ElementNode& node, SceneSettings* settings);
 
 /// Width over height, a side of 0 read as 1.
 double aspectRatioOf(tessaro::SizeValue size);
 /// `model` showing the entry of `device` in `devices`: its fields, and which
 /// of them the entry defines. A missing entry shows every field empty.
-selectedDeviceModel showDeviceEntry(selectedDeviceModel model,
+SelectedDeviceModel showDeviceEntry(SelectedDeviceModel model,
                                     const std::optional<std::vector<tessaro::DeviceProperties>>& devices,
                                     tessaro::deviceName device);
 /// Shows one cycle-end entry in the animation model.
-void showCycleEnd(selectedAnimationModel& model, const tessaro::CycleEndProperties& entry);
+void showCycleEnd(SelectedAnimationModel& model, const tessaro::CycleEndProperties& entry);
 /// Shows one background record in the object model.
-void showBackground(selectedObjectModel& model, const tessaro::BackgroundImage& record);
+void showBackground(SelectedObjectModel& model, const tessaro::BackgroundImage& record);
 /// The editable form of a background's pinned ranges.
-std::vector<pinnedRangeValue> pinnedRangeValues(const std::optional<std::vector<tessaro::PinnedRange>>& ranges);
+std::vector<PinnedRangeValue> pinnedRangeValues(const std::optional<std::vector<tessaro::PinnedRange>>& ranges);
 
 } // namespace stagewright

@@ -13,30 +13,30 @@ using tessaro::GameSound;
 
 namespace {
 
-QString stepText(const soundEdit& edit)
+QString stepText(const SoundEdit& edit)
 {
     switch (edit.what) {
-    case soundEdit::kind::add: return QCoreApplication::translate("SoundEditCommand", "Add Sound");
-    case soundEdit::kind::remove: return QCoreApplication::translate("SoundEditCommand", "Delete Sound");
-    case soundEdit::kind::field: break;
+    case SoundEdit::kind::add: return QCoreApplication::translate("SoundEditCommand", "Add Sound");
+    case SoundEdit::kind::remove: return QCoreApplication::translate("SoundEditCommand", "Delete Sound");
+    case SoundEdit::kind::field: break;
     }
     return QCoreApplication::translate("SoundEditCommand", "Change Sound");
 }
 
 /// Only a held volume stepper joins its changes: a choice in a picker, a
 /// toggle, an added or deleted sound is a step of its own.
-bool joins(const soundEdit& edit)
+bool joins(const SoundEdit& edit)
 {
-    return edit.what == soundEdit::kind::field && edit.field == soundField::volume;
+    return edit.what == SoundEdit::kind::field && edit.field == SoundField::volume;
 }
 
 /// The selection of `tab` shows the sounds `sounds` of the receiver `type`.
-void showInSelection(projectTab& tab, soundPropertyType type, const std::vector<GameSound>& sounds)
+void showInSelection(ProjectTab& tab, SoundPropertyType type, const std::vector<GameSound>& sounds)
 {
-    if (tab.elementPhase() != selectionPhase::Selected)
+    if (tab.elementPhase() != SelectionPhase::Selected)
         return;
     const tessaro::sceneObjectType kind = tab.selectedObject().type;
-    const bool shows = type == soundPropertyType::object ? keepsOwnSounds(kind) : soundPropertyTypeOf(kind) == type;
+    const bool shows = type == SoundPropertyType::object ? keepsOwnSounds(kind) : soundPropertyTypeOf(kind) == type;
     if (!shows)
         return;
     tab.selectedObject().soundEffects = sounds;
@@ -47,8 +47,8 @@ void showInSelection(projectTab& tab, soundPropertyType type, const std::vector<
 
 // ---- An element's own sounds ---------------------------------------------------------------
 
-ElementSoundsCommand::ElementSoundsCommand(projectTab& tab, const elementNode& node, std::vector<GameSound> sounds,
-                                           soundEdit edit)
+ElementSoundsCommand::ElementSoundsCommand(ProjectTab& tab, const ElementNode& node, std::vector<GameSound> sounds,
+                                           SoundEdit edit)
     : ElementEditCommand(tab, node, stepText(edit)),
       m_sounds(std::move(sounds)),
       m_edit(edit)
@@ -69,19 +69,19 @@ bool ElementSoundsCommand::mergeWith(const QUndoCommand* other)
     return true;
 }
 
-void ElementSoundsCommand::apply(sceneEditor& scene, elementNode& node)
+void ElementSoundsCommand::apply(SceneEditor& scene, ElementNode& node)
 {
     node.soundEffects = m_sounds;
     // Undo and redo show the element anew, which publishes its sounds; the
     // first run shows them here.
-    if (projectTab* tab = scene.tab())
-        showInSelection(*tab, soundPropertyType::object, m_sounds);
+    if (ProjectTab* tab = scene.tab())
+        showInSelection(*tab, SoundPropertyType::object, m_sounds);
 }
 
 // ---- A level record's shared sounds ----------------------------------------------------------
 
-LevelSoundsCommand::LevelSoundsCommand(projectTab& tab, soundPropertyType type, std::vector<GameSound> sounds,
-                                       soundEdit edit)
+LevelSoundsCommand::LevelSoundsCommand(ProjectTab& tab, SoundPropertyType type, std::vector<GameSound> sounds,
+                                       SoundEdit edit)
     : m_tab(&tab),
       m_levelId(tab.levelSelected()),
       m_type(type),
@@ -145,11 +145,11 @@ void LevelSoundsCommand::show(const std::optional<std::vector<GameSound>>& sound
 
 // ---- The front door ------------------------------------------------------------------------
 
-SoundEditRouting::SoundEditRouting(projectTab& tab, soundPropertyType type) : m_tab(tab), m_type(type) {}
+SoundEditRouting::SoundEditRouting(ProjectTab& tab, SoundPropertyType type) : m_tab(tab), m_type(type) {}
 
 std::vector<GameSound> SoundEditRouting::sounds() const
 {
-    if (m_type == soundPropertyType::object)
+    if (m_type == SoundPropertyType::object)
         return m_tab.selectedObject().soundEffects;
     const tessaro::Level* level = m_tab.findLevel(m_tab.levelSelected());
     const auto* sounds = level ? levelSounds(*level, m_type) : nullptr;
@@ -158,13 +158,13 @@ std::vector<GameSound> SoundEditRouting::sounds() const
 
 bool SoundEditRouting::canWrite() const
 {
-    if (m_type != soundPropertyType::object) {
+    if (m_type != SoundPropertyType::object) {
         const tessaro::Level* level = m_tab.findLevel(m_tab.levelSelected());
         return level && levelSounds(*level, m_type);
     }
     if (!keepsOwnSounds(m_tab.selectedObject().type))
         return false;
-    sceneEditor* scene = sceneEditorOf(m_tab.currentScene()).get();
+    SceneEditor* scene = sceneEditorOf(m_tab.currentScene()).get();
     return scene && editedNode(*scene);
 }
 
@@ -172,7 +172,7 @@ bool SoundEditRouting::add()
 {
     std::vector<GameSound> list = sounds();
     appendNewSound(list);
-    const soundEdit edit{soundEdit::kind::add, list.size() - 1, soundField::filename};
+    const SoundEdit edit{SoundEdit::kind::add, list.size() - 1, SoundField::filename};
     return push(std::move(list), edit);
 }
 
@@ -181,27 +181,27 @@ bool SoundEditRouting::remove(std::size_t index)
     std::vector<GameSound> list = sounds();
     if (!removeSound(list, index))
         return false;
-    return push(std::move(list), {soundEdit::kind::remove, index, soundField::filename});
+    return push(std::move(list), {SoundEdit::kind::remove, index, SoundField::filename});
 }
 
-bool SoundEditRouting::change(std::size_t index, soundField field, const soundFieldValue& value)
+bool SoundEditRouting::change(std::size_t index, SoundField field, const SoundFieldValue& value)
 {
     std::vector<GameSound> list = sounds();
     if (!setSoundField(list, index, field, value))
         return false;
-    return push(std::move(list), {soundEdit::kind::field, index, field});
+    return push(std::move(list), {SoundEdit::kind::field, index, field});
 }
 
-bool SoundEditRouting::push(std::vector<GameSound> list, const soundEdit& edit)
+bool SoundEditRouting::push(std::vector<GameSound> list, const SoundEdit& edit)
 {
     if (!canWrite())
         return false;
-    if (m_type != soundPropertyType::object) {
+    if (m_type != SoundPropertyType::object) {
         pushStep(m_tab.undoStack(), new LevelSoundsCommand(m_tab, m_type, std::move(list), edit));
         return true;
     }
-    sceneEditor* scene = sceneEditorOf(m_tab.currentScene()).get();
-    const elementNodePtr node = editedNode(*scene);
+    SceneEditor* scene = sceneEditorOf(m_tab.currentScene()).get();
+    const ElementNodePtr node = editedNode(*scene);
     if (!node->handle)
         node->handle = m_tab.elementHandles().issue();
     pushStep(m_tab.undoStack(), new ElementSoundsCommand(m_tab, *node, std::move(list), edit));

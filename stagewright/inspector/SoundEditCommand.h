@@ -17,7 +17,7 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// Held volume steppers join into one step while they follow each other.
 namespace soundMergeId {
@@ -25,34 +25,34 @@ inline constexpr int volume = 3000;
 }
 
 /// What one sound edit did, for the step's name and for joining.
-struct soundEdit {
+struct SoundEdit {
     enum class kind { add, remove, field };
     kind what = kind::field;
     std::size_t index = 0;
-    soundField field = soundField::filename;
-    bool operator==(const soundEdit&) const = default;
+    SoundField field = SoundField::filename;
+    bool operator==(const SoundEdit&) const = default;
 };
 
 /// The sounds of an obstacle or a character.
 class ElementSoundsCommand : public ElementEditCommand {
 public:
-    ElementSoundsCommand(projectTab& tab, const elementNode& node, std::vector<tessaro::GameSound> sounds,
-                         soundEdit edit);
+    ElementSoundsCommand(ProjectTab& tab, const ElementNode& node, std::vector<tessaro::GameSound> sounds,
+                         SoundEdit edit);
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
 
 protected:
-    void apply(sceneEditor& scene, elementNode& node) override;
+    void apply(SceneEditor& scene, ElementNode& node) override;
 
 private:
     std::vector<tessaro::GameSound> m_sounds;
-    soundEdit m_edit;
+    SoundEdit m_edit;
 };
 
 /// The shared sounds of one record of a level.
 class LevelSoundsCommand : public HistoryStep {
 public:
-    LevelSoundsCommand(projectTab& tab, soundPropertyType type, std::vector<tessaro::GameSound> sounds, soundEdit edit);
+    LevelSoundsCommand(ProjectTab& tab, SoundPropertyType type, std::vector<tessaro::GameSound> sounds, SoundEdit edit);
     void redoStep() override;
     void undo() override;
     int id() const override;
@@ -61,10 +61,10 @@ public:
 private:
     void show(const std::optional<std::vector<tessaro::GameSound>>& sounds);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
-    soundPropertyType m_type;
-    soundEdit m_edit;
+    SoundPropertyType m_type;
+    SoundEdit m_edit;
     std::optional<std::vector<tessaro::GameSound>> m_before;
     std::optional<std::vector<tessaro::GameSound>> m_after;
 };
@@ -73,7 +73,7 @@ private:
 /// `tab`, and each edit of it as one step of the tab's history.
 class SoundEditRouting {
 public:
-    SoundEditRouting(projectTab& tab, soundPropertyType type);
+    SoundEditRouting(ProjectTab& tab, SoundPropertyType type);
 
     /// The list the editor shows: the selection's own sounds for `object`,
     /// else the shared list of the shown level's record.
@@ -85,13 +85,13 @@ public:
     // Each returns false when nothing was written (no step).
     bool add();
     bool remove(std::size_t index);
-    bool change(std::size_t index, soundField field, const soundFieldValue& value);
+    bool change(std::size_t index, SoundField field, const SoundFieldValue& value);
 
 private:
-    bool push(std::vector<tessaro::GameSound> sounds, const soundEdit& edit);
+    bool push(std::vector<tessaro::GameSound> sounds, const SoundEdit& edit);
 
-    projectTab& m_tab;
-    soundPropertyType m_type;
+    ProjectTab& m_tab;
+    SoundPropertyType m_type;
 };
 
 } // namespace stagewright

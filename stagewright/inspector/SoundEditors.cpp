@@ -12,7 +12,7 @@ namespace stagewright {
 
 // ---- The level editor ----------------------------------------------------------------------
 
-GameSoundStageWrightView::GameSoundStageWrightView(SceneSettings& settings, soundPropertyType type, QWidget* parent)
+GameSoundStageWrightView::GameSoundStageWrightView(SceneSettings& settings, SoundPropertyType type, QWidget* parent)
     : QWidget(parent),
       m_settings(settings),
       m_type(type)
@@ -34,7 +34,7 @@ GameSoundStageWrightView::GameSoundStageWrightView(SceneSettings& settings, soun
             change(std::move(sounds));
     });
     connect(m_list, &SoundListView::edited, this,
-            [this](std::size_t index, soundField field, const soundFieldValue& value) {
+            [this](std::size_t index, SoundField field, const SoundFieldValue& value) {
                 std::vector<tessaro::GameSound> sounds = m_sounds;
                 if (setSoundField(sounds, index, field, value) && sounds != m_sounds)
                     change(std::move(sounds));
@@ -63,7 +63,7 @@ void GameSoundStageWrightView::refresh()
 
 // ---- The object editor ---------------------------------------------------------------------
 
-GameSoundObjectEditorView::GameSoundObjectEditorView(SceneSettings& settings, std::optional<soundPropertyType> type,
+GameSoundObjectEditorView::GameSoundObjectEditorView(SceneSettings& settings, std::optional<SoundPropertyType> type,
                                                      QWidget* parent)
     : QWidget(parent),
       m_settings(settings),
@@ -90,7 +90,7 @@ GameSoundObjectEditorView::GameSoundObjectEditorView(SceneSettings& settings, st
         refresh();
     });
     connect(m_list, &SoundListView::edited, this,
-            [this](std::size_t index, soundField field, const soundFieldValue& value) {
+            [this](std::size_t index, SoundField field, const SoundFieldValue& value) {
                 if (m_tab)
                     SoundEditRouting(*m_tab, this->type()).change(index, field, value);
                 refresh();
@@ -100,11 +100,11 @@ GameSoundObjectEditorView::GameSoundObjectEditorView(SceneSettings& settings, st
     watchFrontTab();
 }
 
-soundPropertyType GameSoundObjectEditorView::type() const
+SoundPropertyType GameSoundObjectEditorView::type() const
 {
     if (m_type)
         return *m_type;
-    return m_tab ? soundPropertyTypeOf(m_tab->selectedObject().type) : soundPropertyType::object;
+    return m_tab ? soundPropertyTypeOf(m_tab->selectedObject().type) : SoundPropertyType::object;
 }
 
 void GameSoundObjectEditorView::watchFrontTab()
@@ -113,8 +113,8 @@ void GameSoundObjectEditorView::watchFrontTab()
         disconnect(m_tab, nullptr, this, nullptr);
     m_tab = m_settings.selectedProjectTab().get();
     if (m_tab) {
-        for (auto change : {&projectTab::selectedObjectChanged, &projectTab::levelConfigChanged,
-                            &projectTab::levelSelectedChanged, &projectTab::elementPhaseChanged})
+        for (auto change : {&ProjectTab::selectedObjectChanged, &ProjectTab::levelConfigChanged,
+                            &ProjectTab::levelSelectedChanged, &ProjectTab::elementPhaseChanged})
             connect(m_tab, change, this, &GameSoundObjectEditorView::refresh);
     }
     refresh();

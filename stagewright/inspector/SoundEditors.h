@@ -16,15 +16,15 @@ namespace stagewright {
 
 class SceneSettings;
 class SoundListView;
-class projectTab;
+class ProjectTab;
 
 /// The sounds of a part of the level, for the level properties panes.
 class GameSoundStageWrightView : public QWidget {
     Q_OBJECT
 public:
-    GameSoundStageWrightView(SceneSettings& settings, soundPropertyType type, QWidget* parent = nullptr);
+    GameSoundStageWrightView(SceneSettings& settings, SoundPropertyType type, QWidget* parent = nullptr);
 
-    soundPropertyType type() const { return m_type; }
+    SoundPropertyType type() const { return m_type; }
     const std::vector<tessaro::GameSound>& sounds() const { return m_sounds; }
     /// Shows the pane's list; reports nothing.
     void setSounds(std::vector<tessaro::GameSound> sounds);
@@ -39,7 +39,7 @@ private:
     void refresh();
 
     SceneSettings& m_settings;
-    soundPropertyType m_type;
+    SoundPropertyType m_type;
     std::vector<tessaro::GameSound> m_sounds;
     SoundListView* m_list = nullptr;
 };
@@ -51,11 +51,11 @@ class GameSoundObjectEditorView : public QWidget {
 public:
     /// Without a `type` the list follows the kind of the selection: an
     /// obstacle's or a character's own, else its level record's.
-    explicit GameSoundObjectEditorView(SceneSettings& settings, std::optional<soundPropertyType> type = {},
+    explicit GameSoundObjectEditorView(SceneSettings& settings, std::optional<SoundPropertyType> type = {},
                                        QWidget* parent = nullptr);
 
     /// The list edited for the present selection.
-    soundPropertyType type() const;
+    SoundPropertyType type() const;
     SoundListView& listView() const { return *m_list; }
 
 private:
@@ -63,8 +63,8 @@ private:
     void refresh();
 
     SceneSettings& m_settings;
-    std::optional<soundPropertyType> m_type;
-    QPointer<projectTab> m_tab;
+    std::optional<SoundPropertyType> m_type;
+    QPointer<ProjectTab> m_tab;
     SoundListView* m_list = nullptr;
 };
 

@@ -30,35 +30,35 @@ bool removeSound(std::vector<GameSound>& sounds, std::size_t index)
     return true;
 }
 
-bool setSoundField(std::vector<GameSound>& sounds, std::size_t index, soundField field, const soundFieldValue& value)
+bool setSoundField(std::vector<GameSound>& sounds, std::size_t index, SoundField field, const SoundFieldValue& value)
 {
     if (index >= sounds.size())
         return false;
     GameSound& sound = sounds[index];
     const std::string* text = std::get_if<std::string>(&value);
     switch (field) {
-    case soundField::filename:
+    case SoundField::filename:
         if (!text)
             return false;
         sound.filename = *text;
         return true;
-    case soundField::fileExtension:
+    case SoundField::fileExtension:
         if (!text)
             return false;
         sound.fileExtension = *text;
         return true;
-    case soundField::type:
+    case SoundField::type:
         if (!text)
             return false;
         sound.type = *text;
         return true;
-    case soundField::volume:
+    case SoundField::volume:
         if (const double* number = std::get_if<double>(&value)) {
             sound.volume = *number;
             return true;
         }
         return false;
-    case soundField::waitForCompletion:
+    case SoundField::waitForCompletion:
         if (const bool* flag = std::get_if<bool>(&value)) {
             sound.waitForCompletion = *flag;
             return true;
@@ -81,51 +81,51 @@ bool shownWaitForCompletion(const GameSound& sound)
 namespace {
 
 template <class Level>
-auto* soundsOf(Level& level, soundPropertyType type)
+auto* soundsOf(Level& level, SoundPropertyType type)
 {
     using Sounds = decltype(&level.coins->soundEffects);
     auto of = [](auto& record) -> Sounds { return record ? &record->soundEffects : nullptr; };
     switch (type) {
-    case soundPropertyType::object: break;
-    case soundPropertyType::background: return of(level.background);
-    case soundPropertyType::coin: return of(level.coins);
-    case soundPropertyType::artifact: return of(level.artifacts);
-    case soundPropertyType::shield: return of(level.shields);
-    case soundPropertyType::checkpoint: return of(level.checkpoints);
-    case soundPropertyType::levelEnd: return of(level.levelEnd);
-    case soundPropertyType::phaseEnd: return of(level.phaseEnd);
+    case SoundPropertyType::object: break;
+    case SoundPropertyType::background: return of(level.background);
+    case SoundPropertyType::coin: return of(level.coins);
+    case SoundPropertyType::artifact: return of(level.artifacts);
+    case SoundPropertyType::shield: return of(level.shields);
+    case SoundPropertyType::checkpoint: return of(level.checkpoints);
+    case SoundPropertyType::levelEnd: return of(level.levelEnd);
+    case SoundPropertyType::phaseEnd: return of(level.phaseEnd);
     }
     return Sounds(nullptr);
 }
 
 } // namespace
 
-std::optional<std::vector<GameSound>>* levelSounds(tessaro::Level& level, soundPropertyType type)
+std::optional<std::vector<GameSound>>* levelSounds(tessaro::Level& level, SoundPropertyType type)
 {
     return soundsOf(level, type);
 }
 
-const std::optional<std::vector<GameSound>>* levelSounds(const tessaro::Level& level, soundPropertyType type)
+const std::optional<std::vector<GameSound>>* levelSounds(const tessaro::Level& level, SoundPropertyType type)
 {
     return soundsOf(level, type);
 }
 
-soundPropertyType soundPropertyTypeOf(sceneObjectType kind)
+SoundPropertyType soundPropertyTypeOf(sceneObjectType kind)
 {
     switch (kind) {
-    case sceneObjectType::checkpoint: return soundPropertyType::checkpoint;
-    case sceneObjectType::coin: return soundPropertyType::coin;
-    case sceneObjectType::shield: return soundPropertyType::shield;
-    case sceneObjectType::artifact: return soundPropertyType::artifact;
-    case sceneObjectType::background: return soundPropertyType::background;
-    case sceneObjectType::levelEnd: return soundPropertyType::levelEnd;
-    case sceneObjectType::phaseEnd: return soundPropertyType::phaseEnd;
+    case sceneObjectType::checkpoint: return SoundPropertyType::checkpoint;
+    case sceneObjectType::coin: return SoundPropertyType::coin;
+    case sceneObjectType::shield: return SoundPropertyType::shield;
+    case sceneObjectType::artifact: return SoundPropertyType::artifact;
+    case sceneObjectType::background: return SoundPropertyType::background;
+    case sceneObjectType::levelEnd: return SoundPropertyType::levelEnd;
+    case sceneObjectType::phaseEnd: return SoundPropertyType::phaseEnd;
     case sceneObjectType::obstacles:
     case sceneObjectType::character:
     case sceneObjectType::ground:
     case sceneObjectType::none: break;
     }
-    return soundPropertyType::object;
+    return SoundPropertyType::object;
 }
 
 bool keepsOwnSounds(sceneObjectType kind)
@@ -133,10 +133,10 @@ bool keepsOwnSounds(sceneObjectType kind)
     return kind == sceneObjectType::obstacles || kind == sceneObjectType::character;
 }
 
-QStringList soundFilenameChoices(const std::vector<fileItem>& audioList, const QString& current)
+QStringList soundFilenameChoices(const std::vector<FileItem>& audioList, const QString& current)
 {
     QStringList names;
-    for (const fileItem& item : audioList)
+    for (const FileItem& item : audioList)
         if (!names.contains(item.name))
             names.append(item.name);
     if (!names.contains(current))

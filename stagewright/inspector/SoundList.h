@@ -26,21 +26,21 @@ namespace stagewright {
 
 /// Which list a sound editor works on: an element's own (`object`) or the
 /// shared list of a part of the level.
-enum class soundPropertyType { STAGEWRIGHT_SOUND_PROPERTY_TYPE(TESSARO_ENUM_CASE) };
+enum class SoundPropertyType { STAGEWRIGHT_SOUND_PROPERTY_TYPE(TESSARO_ENUM_CASE) };
 
 } // namespace stagewright
 
 template <>
-struct tessaro::EnumCases<stagewright::soundPropertyType> {
+struct tessaro::EnumCases<stagewright::SoundPropertyType> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_SOUND_PROPERTY_TYPE(TESSARO_ENUM_TEXT)};
 };
 
 namespace stagewright {
 
 /// The fields a sound row edits.
-enum class soundField { filename, fileExtension, type, volume, waitForCompletion };
+enum class SoundField { filename, fileExtension, type, volume, waitForCompletion };
 /// Text for the three pickers, a number for the volume, a flag for waiting.
-using soundFieldValue = std::variant<std::string, double, bool>;
+using SoundFieldValue = std::variant<std::string, double, bool>;
 
 /// id a new UUID, type "none", filename "[NEW]", extension "wav", volume 0.5,
 /// waiting for completion.
@@ -52,8 +52,8 @@ void appendNewSound(std::vector<tessaro::GameSound>& sounds);
 bool removeSound(std::vector<tessaro::GameSound>& sounds, std::size_t index);
 /// Sets one field of the sound at `index`; false when there is no such sound
 /// or the value is of the wrong kind for the field.
-bool setSoundField(std::vector<tessaro::GameSound>& sounds, std::size_t index, soundField field,
-                   const soundFieldValue& value);
+bool setSoundField(std::vector<tessaro::GameSound>& sounds, std::size_t index, SoundField field,
+                   const SoundFieldValue& value);
 
 /// What a row shows for fields a file may leave out: full volume, and
 /// waiting, as the game plays them.
@@ -62,19 +62,19 @@ bool shownWaitForCompletion(const tessaro::GameSound& sound);
 
 /// The sounds of the level's record of `type`: null for `object` and when the
 /// level has no such record.
-std::optional<std::vector<tessaro::GameSound>>* levelSounds(tessaro::Level& level, soundPropertyType type);
-const std::optional<std::vector<tessaro::GameSound>>* levelSounds(const tessaro::Level& level, soundPropertyType type);
+std::optional<std::vector<tessaro::GameSound>>* levelSounds(tessaro::Level& level, SoundPropertyType type);
+const std::optional<std::vector<tessaro::GameSound>>* levelSounds(const tessaro::Level& level, SoundPropertyType type);
 
 /// The list the sounds tab edits for a selected element of `kind`: its own
 /// for obstacles and characters (and kinds without a level record), else
 /// the shared list of its level record.
-soundPropertyType soundPropertyTypeOf(tessaro::sceneObjectType kind);
+SoundPropertyType soundPropertyTypeOf(tessaro::sceneObjectType kind);
 /// Elements that keep sounds of their own.
 bool keepsOwnSounds(tessaro::sceneObjectType kind);
 
 /// The "Filename" picker: the names of the workspace's sounds, once each, in
 /// order, and `current` first when it is not among them.
-QStringList soundFilenameChoices(const std::vector<fileItem>& audioList, const QString& current);
+QStringList soundFilenameChoices(const std::vector<FileItem>& audioList, const QString& current);
 /// The "Audio Extension" and "Audio Type" pickers: every case, in order.
 QStringList soundExtensionChoices();
 QStringList soundTypeChoices();

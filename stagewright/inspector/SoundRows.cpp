@@ -99,17 +99,17 @@ SoundRowView::SoundRowView(bool deleteButton, QWidget* parent) : QFrame(parent)
         connect(remove, &QPushButton::clicked, this, &SoundRowView::deleteRequested);
     }
 
-    auto text = [](const QString& value) { return soundFieldValue(value.toStdString()); };
+    auto text = [](const QString& value) { return SoundFieldValue(value.toStdString()); };
     connect(m_filename, &QComboBox::textActivated, this,
-            [this, text](const QString& value) { emit edited(soundField::filename, text(value)); });
+            [this, text](const QString& value) { emit edited(SoundField::filename, text(value)); });
     connect(m_extension, &QComboBox::textActivated, this,
-            [this, text](const QString& value) { emit edited(soundField::fileExtension, text(value)); });
+            [this, text](const QString& value) { emit edited(SoundField::fileExtension, text(value)); });
     connect(m_type, &QComboBox::textActivated, this,
-            [this, text](const QString& value) { emit edited(soundField::type, text(value)); });
+            [this, text](const QString& value) { emit edited(SoundField::type, text(value)); });
     connect(m_volume, &LabelledCGFloatStepper::valueChanged, this,
-            [this](double value) { emit edited(soundField::volume, value); });
+            [this](double value) { emit edited(SoundField::volume, value); });
     connect(m_wait, &QCheckBox::clicked, this,
-            [this](bool checked) { emit edited(soundField::waitForCompletion, checked); });
+            [this](bool checked) { emit edited(SoundField::waitForCompletion, checked); });
     connect(play, &QToolButton::clicked, this, &SoundRowView::playRequested);
 }
 
@@ -175,7 +175,7 @@ void SoundListView::setEditable(bool editable)
     m_body->setEnabled(editable);
 }
 
-void SoundListView::setSounds(const std::vector<tessaro::GameSound>& sounds, const std::vector<fileItem>& audioList)
+void SoundListView::setSounds(const std::vector<tessaro::GameSound>& sounds, const std::vector<FileItem>& audioList)
 {
     m_sounds = sounds;
     if (m_rows.size() != sounds.size())
@@ -199,7 +199,7 @@ void SoundListView::rebuild(std::size_t count)
         m_rowsLayout->addWidget(row);
         m_rows.push_back(row);
         connect(row, &SoundRowView::edited, this,
-                [this, index](soundField field, const soundFieldValue& value) { emit edited(index, field, value); });
+                [this, index](SoundField field, const SoundFieldValue& value) { emit edited(index, field, value); });
         connect(row, &SoundRowView::deleteRequested, this, [this, index] { emit deleteRequested(index); });
         connect(row, &SoundRowView::playRequested, this, [this, index] {
             if (index < m_sounds.size())

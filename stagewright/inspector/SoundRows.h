@@ -34,7 +34,7 @@ public:
     void setSound(const tessaro::GameSound& sound, const QStringList& filenames);
 
 signals:
-    void edited(stagewright::soundField field, const stagewright::soundFieldValue& value);
+    void edited(stagewright::SoundField field, const stagewright::SoundFieldValue& value);
     void deleteRequested();
     void playRequested();
 
@@ -58,7 +58,7 @@ public:
 
     /// Shows `sounds`; rows stay in place while their number stays, so a held
     /// volume stepper keeps going. `audioList` holds the workspace's sounds.
-    void setSounds(const std::vector<tessaro::GameSound>& sounds, const std::vector<fileItem>& audioList);
+    void setSounds(const std::vector<tessaro::GameSound>& sounds, const std::vector<FileItem>& audioList);
     /// Without a receiver the list is shown but cannot be edited.
     void setEditable(bool editable);
     bool showsSounds() const;
@@ -69,7 +69,7 @@ public:
 signals:
     void addRequested();
     void deleteRequested(std::size_t index);
-    void edited(std::size_t index, stagewright::soundField field, const stagewright::soundFieldValue& value);
+    void edited(std::size_t index, stagewright::SoundField field, const stagewright::SoundFieldValue& value);
 
 private:
     void rebuild(std::size_t count);

@@ -25,7 +25,7 @@ tessaro::kit::TexturePtr backgroundTexture(const std::optional<std::string>& ima
 
 } // namespace
 
-void sceneEditor::rebuildBackgrounds()
+void SceneEditor::rebuildBackgrounds()
 {
     if (m_backgroundNodes)
         m_backgroundNodes->removeAllChildren();
@@ -36,7 +36,7 @@ void sceneEditor::rebuildBackgrounds()
             layBackground(record);
 }
 
-void sceneEditor::layBackground(const tessaro::BackgroundImage& record)
+void SceneEditor::layBackground(const tessaro::BackgroundImage& record)
 {
     if (!m_backgroundNodes || !m_pinnedBackgroundNodes)
         return;
@@ -48,7 +48,7 @@ void sceneEditor::layBackground(const tessaro::BackgroundImage& record)
     const QSizeF viewSize = frame.size();
     const tessaro::kit::TexturePtr texture = backgroundTexture(record.image);
     const auto makeNode = [&] {
-        auto node = elementNode::create(texture, viewSize);
+        auto node = ElementNode::create(texture, viewSize);
         node->setSize(viewSize);
         node->setZPosition(layer->z);
         node->property_sceneObjectType = tessaro::sceneObjectType::background;
@@ -68,7 +68,7 @@ void sceneEditor::layBackground(const tessaro::BackgroundImage& record)
     }
 }
 
-void sceneEditor::replaceBackgroundRecord(const tessaro::Uuid& id)
+void SceneEditor::replaceBackgroundRecord(const tessaro::Uuid& id)
 {
     if (!m_backgroundList || !m_backgroundList->backgrounds)
         return;
@@ -77,7 +77,7 @@ void sceneEditor::replaceBackgroundRecord(const tessaro::Uuid& id)
     if (record == m_backgroundList->backgrounds->end())
         return;
     for (const tessaro::kit::NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes})
-        for (const elementNodePtr& node : elementsOf(layer)) {
+        for (const ElementNodePtr& node : elementsOf(layer)) {
             if (node->backgroundAssociatedId != id)
                 continue;
             node->setHidden(!record->isVisible.value_or(true));
@@ -92,7 +92,7 @@ void sceneEditor::replaceBackgroundRecord(const tessaro::Uuid& id)
     emit backgroundListChanged();
 }
 
-void sceneEditor::addBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type)
+void SceneEditor::addBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type)
 {
     std::optional<std::string> image;
     const std::string typeText(tessaro::caseText(type));

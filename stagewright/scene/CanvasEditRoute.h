@@ -11,8 +11,8 @@
 
 namespace stagewright {
 
-class sceneEditor;
-class elementNode;
+class SceneEditor;
+class ElementNode;
 
 class CanvasEditRoute {
 public:
@@ -20,9 +20,9 @@ public:
     /// `node` was dragged, or nudged by a key, so that its stored position
     /// for the default device is `position`. Consecutive nudges of one
     /// element are one step.
-    virtual void moveElement(sceneEditor& scene, elementNode& node, tessaro::PointValue position, bool nudge) = 0;
+    virtual void moveElement(SceneEditor& scene, ElementNode& node, tessaro::PointValue position, bool nudge) = 0;
     /// `node`'s size handle was dragged to `size`.
-    virtual void resizeElement(sceneEditor& scene, elementNode& node, tessaro::SizeValue size) = 0;
+    virtual void resizeElement(SceneEditor& scene, ElementNode& node, tessaro::SizeValue size) = 0;
 };
 
 } // namespace stagewright

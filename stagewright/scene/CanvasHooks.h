@@ -14,13 +14,13 @@
 
 namespace stagewright {
 
-class elementNode;
-class sceneEditor;
+class ElementNode;
+class SceneEditor;
 
 struct CanvasHooks {
     /// What publishing a selection does; without it the tab's selected
     /// object takes the node's name and kind and the phase becomes Selected.
-    std::function<void(sceneEditor&, elementNode&)> publishSelection;
+    std::function<void(SceneEditor&, ElementNode&)> publishSelection;
     /// Shows the "Object Menu"; without it nothing is picked.
     MenuPresenter presentMenu;
     /// Where moves and sizes go.

@@ -26,20 +26,20 @@ void trace(const QString& line)
 
 /// The element a hit node belongs to: itself, or the element that draws it
 /// as a picture of its own (the further coins of a coin row, a stack).
-elementNodePtr owningElement(const tessaro::kit::NodePtr& hit)
+ElementNodePtr owningElement(const tessaro::kit::NodePtr& hit)
 {
     for (tessaro::kit::Node* node = hit.get(); node; node = node->parent()) {
         // A distance guide shows how far its element acts; it is no part of
         // the element to click, and often crosses other elements.
-        if (dynamic_cast<distanceNode*>(node))
+        if (dynamic_cast<DistanceGuideNode*>(node))
             return nullptr;
-        if (auto* element = dynamic_cast<elementNode*>(node))
-            return element->keptOnly ? nullptr : std::static_pointer_cast<elementNode>(element->shared_from_this());
+        if (auto* element = dynamic_cast<ElementNode*>(node))
+            return element->keptOnly ? nullptr : std::static_pointer_cast<ElementNode>(element->shared_from_this());
     }
     return nullptr;
 }
 
-bool movable(const elementNode& node)
+bool movable(const ElementNode& node)
 {
     return node.kind() != sceneObjectType::background && node.kind() != sceneObjectType::ground && !node.repeatedNode &&
         !node.keptOnly;
@@ -49,10 +49,10 @@ bool movable(const elementNode& node)
 
 CanvasEditRoute::~CanvasEditRoute() = default;
 
-NodeMenu CanvasTools::objectMenu(const std::vector<elementNodePtr>& elements)
+NodeMenu CanvasTools::objectMenu(const std::vector<ElementNodePtr>& elements)
 {
     NodeMenu menu{QStringLiteral("Object Menu"), QStringLiteral("Element"), {}};
-    for (const elementNodePtr& node : elements) {
+    for (const ElementNodePtr& node : elements) {
         const QString kind = QString::fromUtf8(tessaro::caseText(node->kind()));
         menu.items.push_back({QStringLiteral("Name: ") +
                                   QString::fromStdString(node->property_objectName.value_or("")) +
@@ -62,14 +62,14 @@ NodeMenu CanvasTools::objectMenu(const std::vector<elementNodePtr>& elements)
     return menu;
 }
 
-elementNodePtr CanvasTools::clickTarget(const elementNodePtr& node) const
+ElementNodePtr CanvasTools::clickTarget(const ElementNodePtr& node) const
 {
     if (!node || !node->repeatedNode)
         return node;
-    elementNodePtr owner = node;
+    ElementNodePtr owner = node;
     m_scene.enumerateChildNodesWithName(QStringLiteral("//") + node->repeatParentNode,
                                         [&](const tessaro::kit::NodePtr& match, bool&) {
-                                            if (auto element = std::dynamic_pointer_cast<elementNode>(match))
+                                            if (auto element = std::dynamic_pointer_cast<ElementNode>(match))
                                                 owner = element;
                                         });
     return owner;
@@ -81,10 +81,10 @@ void CanvasTools::mouseDown(const tessaro::kit::MouseEvent& event)
     m_scene.deselect();
     m_scene.clearGlow();
 
-    std::vector<elementNodePtr> elements;
-    elementNodePtr background;
+    std::vector<ElementNodePtr> elements;
+    ElementNodePtr background;
     for (const tessaro::kit::NodePtr& hit : m_scene.nodesAtPoint(event.sceneLocation)) {
-        elementNodePtr element = owningElement(hit);
+        ElementNodePtr element = owningElement(hit);
         if (!element || std::find(elements.begin(), elements.end(), element) != elements.end())
             continue;
         if (element->kind() != sceneObjectType::background)
@@ -100,7 +100,7 @@ void CanvasTools::mouseDown(const tessaro::kit::MouseEvent& event)
                 handleMenuItem(menu.items[*picked]);
         return;
     }
-    elementNodePtr target = elements.empty() ? background : elements.front();
+    ElementNodePtr target = elements.empty() ? background : elements.front();
     if (!target) {
         m_scene.setNodeSelectedName(std::nullopt);
         return;
@@ -134,7 +134,7 @@ void CanvasTools::mouseDragged(const tessaro::kit::MouseEvent& event)
 {
     if (!m_drag)
         return;
-    const elementNodePtr node = m_drag->node.lock();
+    const ElementNodePtr node = m_drag->node.lock();
     if (!node || !node->parent()) {
         m_drag.reset();
         return;
@@ -155,7 +155,7 @@ void CanvasTools::mouseDragged(const tessaro::kit::MouseEvent& event)
 void CanvasTools::mouseUp(const tessaro::kit::MouseEvent&)
 {
     if (std::optional<ElementDrag> drag = std::exchange(m_drag, std::nullopt); drag && drag->moving) {
-        const elementNodePtr node = drag->node.lock();
+        const ElementNodePtr node = drag->node.lock();
         CanvasEditRoute* route = m_scene.editRoute();
         if (node && node->parent() && route) {
             const QPointF delta = node->position() - drag->startPosition;
@@ -168,7 +168,7 @@ void CanvasTools::mouseUp(const tessaro::kit::MouseEvent&)
                                false);
         }
     }
-    const elementNodePtr selected = m_scene.selectedNode();
+    const ElementNodePtr selected = m_scene.selectedNode();
     if (!selected || selected->repeatedNode || selected->kind() == sceneObjectType::background)
         return;
     selected->activelySelected = false;
@@ -188,10 +188,10 @@ void CanvasTools::keyDown(const tessaro::kit::KeyEvent& event)
 
 void CanvasTools::nudgeSelection(double dx, double dy)
 {
-    const elementNodePtr node = m_scene.selectedNode();
+    const ElementNodePtr node = m_scene.selectedNode();
     CanvasEditRoute* route = m_scene.editRoute();
     if (!node || !route || !movable(*node) || !m_scene.tab() ||
-        m_scene.tab()->elementPhase() != selectionPhase::Selected)
+        m_scene.tab()->elementPhase() != SelectionPhase::Selected)
         return;
     const tessaro::PointValue from = node->storedPosition();
     route->moveElement(m_scene, *node, {from.x + dx, from.y + dy}, true);

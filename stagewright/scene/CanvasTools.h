@@ -19,12 +19,12 @@ struct MouseEvent;
 
 namespace stagewright {
 
-class elementNode;
-class sceneEditor;
+class ElementNode;
+class SceneEditor;
 
 class CanvasTools {
 public:
-    explicit CanvasTools(sceneEditor& scene) : m_scene(scene) {}
+    explicit CanvasTools(SceneEditor& scene) : m_scene(scene) {}
 
     void mouseDown(const tessaro::kit::MouseEvent& event);
     void mouseDragged(const tessaro::kit::MouseEvent& event);
@@ -36,15 +36,15 @@ public:
     /// Selects the node of an "Object Menu" entry.
     void handleMenuItem(const NodeMenuItem& item);
     /// The "Object Menu" offering `elements`, in their order.
-    static NodeMenu objectMenu(const std::vector<std::shared_ptr<elementNode>>& elements);
+    static NodeMenu objectMenu(const std::vector<std::shared_ptr<ElementNode>>& elements);
     /// What a click on `node` selects: the owner of a repeated copy, else the node.
-    std::shared_ptr<elementNode> clickTarget(const std::shared_ptr<elementNode>& node) const;
+    std::shared_ptr<ElementNode> clickTarget(const std::shared_ptr<ElementNode>& node) const;
 
     /// The press in progress on an element, if any.
     const std::optional<ElementDrag>& drag() const { return m_drag; }
 
 private:
-    sceneEditor& m_scene;
+    SceneEditor& m_scene;
     std::optional<ElementDrag> m_drag;
 };
 

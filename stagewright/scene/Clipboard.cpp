@@ -28,12 +28,12 @@ std::optional<std::size_t> childIndex(const tessaro::kit::Node& layer, const tes
 
 } // namespace
 
-void sceneEditor::removeNode(elementNode& node)
+void SceneEditor::removeNode(ElementNode& node)
 {
     // A repeated obstacle leaves with its copies.
     if (!node.repeatedNode && m_obstacleNodes && node.parent() == m_obstacleNodes.get()) {
         std::vector<tessaro::kit::NodePtr> copies;
-        for (const elementNodePtr& other : elementsOf(m_obstacleNodes))
+        for (const ElementNodePtr& other : elementsOf(m_obstacleNodes))
             if (other->repeatedNode && other->repeatParentNode == node.name())
                 copies.push_back(other);
         m_obstacleNodes->removeChildrenInArray(copies);
@@ -54,9 +54,9 @@ void sceneEditor::removeNode(elementNode& node)
     node.removeFromParent();
 }
 
-std::optional<sceneEditor::ElementInPlace> sceneEditor::removeElement(elementHandle handle)
+std::optional<SceneEditor::ElementInPlace> SceneEditor::removeElement(ElementHandle handle)
 {
-    const elementNodePtr node = elementWithHandle(handle);
+    const ElementNodePtr node = elementWithHandle(handle);
     if (!node || !node->parent())
         return std::nullopt;
     if (m_tab && m_tab->selectedObject().name == node->name().toStdString())
@@ -66,9 +66,9 @@ std::optional<sceneEditor::ElementInPlace> sceneEditor::removeElement(elementHan
     return removed;
 }
 
-std::optional<sceneEditor::ElementInPlace> sceneEditor::deleteSelectedNode()
+std::optional<SceneEditor::ElementInPlace> SceneEditor::deleteSelectedNode()
 {
-    const elementNodePtr node = selectedNode();
+    const ElementNodePtr node = selectedNode();
     if (!node || !node->parent())
         return std::nullopt;
     // The node gets a handle if it has none, so that the element can come back.
@@ -77,12 +77,12 @@ std::optional<sceneEditor::ElementInPlace> sceneEditor::deleteSelectedNode()
     return removeElement(node->handle);
 }
 
-elementNodePtr sceneEditor::placeElement(const ElementRecords& element, std::size_t layerIndex, elementHandle handle)
+ElementNodePtr SceneEditor::placeElement(const ElementRecords& element, std::size_t layerIndex, ElementHandle handle)
 {
     const tessaro::kit::NodePtr layer = element.kind == sceneObjectType::background ? nullptr : layerFor(element.kind);
     if (!layer)
         return nullptr;
-    auto node = elementNode::create(element.texture, element.size);
+    auto node = ElementNode::create(element.texture, element.size);
     node->handle = handle;
     layer->insertChild(node, int(std::min(layerIndex, layer->children().size())));
     node->restoreRecords(element);
@@ -91,8 +91,8 @@ elementNodePtr sceneEditor::placeElement(const ElementRecords& element, std::siz
     return node;
 }
 
-elementNodePtr sceneEditor::pasteNode(const ElementRecords& copy, std::optional<tessaro::PointValue> location,
-                                      elementHandle handle)
+ElementNodePtr SceneEditor::pasteNode(const ElementRecords& copy, std::optional<tessaro::PointValue> location,
+                                      ElementHandle handle)
 {
     // A background is a record of the level's background list, not an element.
     if (copy.kind == sceneObjectType::background)

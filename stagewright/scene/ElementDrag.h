@@ -11,13 +11,13 @@
 
 namespace stagewright {
 
-class elementNode;
+class ElementNode;
 
 struct ElementDrag {
     /// Pixels the pointer goes before a press becomes a drag.
     static constexpr double threshold = 4;
 
-    std::weak_ptr<elementNode> node;
+    std::weak_ptr<ElementNode> node;
     QPointF pressInView; // widget pixels
     QPointF pressInScene;
     QPointF startPosition; // the node's position at the press

@@ -14,30 +14,30 @@ namespace stagewright {
 
 using tessaro::sceneObjectType;
 
-std::vector<elementNodePtr> sceneEditor::storedOrder(sceneObjectType kind) const
+std::vector<ElementNodePtr> SceneEditor::storedOrder(sceneObjectType kind) const
 {
     if (kind == sceneObjectType::background)
         return {};
-    std::vector<elementNodePtr> nodes = elementsOf(layerFor(kind));
-    std::erase_if(nodes, [](const elementNodePtr& node) { return node->repeatedNode; });
+    std::vector<ElementNodePtr> nodes = elementsOf(layerFor(kind));
+    std::erase_if(nodes, [](const ElementNodePtr& node) { return node->repeatedNode; });
     if (kind == sceneObjectType::ground)
-        std::stable_sort(nodes.begin(), nodes.end(), [](const elementNodePtr& a, const elementNodePtr& b) {
+        std::stable_sort(nodes.begin(), nodes.end(), [](const ElementNodePtr& a, const ElementNodePtr& b) {
             return a->sequenceId.value_or(0) < b->sequenceId.value_or(0);
         });
     return nodes;
 }
 
-void sceneEditor::assignHandles(sceneObjectType kind)
+void SceneEditor::assignHandles(sceneObjectType kind)
 {
     if (!m_tab)
         return;
-    const std::vector<elementNodePtr> nodes = storedOrder(kind);
+    const std::vector<ElementNodePtr> nodes = storedOrder(kind);
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (!nodes[i]->handle)
             nodes[i]->handle = m_tab->elementHandles().handleAt(m_tab->levelSelected(), kind, i);
 }
 
-void sceneEditor::rememberHandles(const tessaro::Uuid& levelId)
+void SceneEditor::rememberHandles(const tessaro::Uuid& levelId)
 {
     if (!m_tab)
         return;
@@ -45,8 +45,8 @@ void sceneEditor::rememberHandles(const tessaro::Uuid& levelId)
     for (sceneObjectType kind :
          {sceneObjectType::obstacles, sceneObjectType::character, sceneObjectType::ground, sceneObjectType::checkpoint,
           sceneObjectType::coin, sceneObjectType::artifact, sceneObjectType::shield}) {
-        std::vector<elementHandle> order;
-        for (const elementNodePtr& node : storedOrder(kind)) {
+        std::vector<ElementHandle> order;
+        for (const ElementNodePtr& node : storedOrder(kind)) {
             if (!node->handle)
                 node->handle = handles.issue();
             order.push_back(node->handle);
@@ -55,7 +55,7 @@ void sceneEditor::rememberHandles(const tessaro::Uuid& levelId)
     }
 }
 
-elementNodePtr sceneEditor::elementWithHandle(elementHandle handle) const
+ElementNodePtr SceneEditor::elementWithHandle(ElementHandle handle) const
 {
     if (!handle)
         return nullptr;
@@ -63,8 +63,8 @@ elementNodePtr sceneEditor::elementWithHandle(elementHandle handle) const
                                                m_artifactNodes, m_checkpointNodes, m_shieldsNodes})
         if (layer)
             for (const tessaro::kit::NodePtr& child : layer->children())
-                if (auto* element = dynamic_cast<elementNode*>(child.get()); element && element->handle == handle)
-                    return std::static_pointer_cast<elementNode>(child);
+                if (auto* element = dynamic_cast<ElementNode*>(child.get()); element && element->handle == handle)
+                    return std::static_pointer_cast<ElementNode>(child);
     return nullptr;
 }
 

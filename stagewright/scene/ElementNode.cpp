@@ -27,13 +27,13 @@ QString newNodeName()
     return QString::fromStdString(tessaro::Uuid::create().text());
 }
 
-// ---- shapeNode --------------------------------------------------------------------------
+// ---- SizerNode --------------------------------------------------------------------------
 
-shapeNode::shapeNode(SizerType type) : sizeType(type) {}
+SizerNode::SizerNode(SizerType type) : sizeType(type) {}
 
-std::shared_ptr<shapeNode> shapeNode::create(double elementHeight)
+std::shared_ptr<SizerNode> SizerNode::create(double elementHeight)
 {
-    auto handle = std::make_shared<shapeNode>(SizerType::top);
+    auto handle = std::make_shared<SizerNode>(SizerType::top);
     QPainterPath path;
     path.addRect(QRectF(0, 0, 10, 10));
     handle->setPath(path);
@@ -46,46 +46,46 @@ std::shared_ptr<shapeNode> shapeNode::create(double elementHeight)
     return handle;
 }
 
-// ---- elementNode ------------------------------------------------------------------------
+// ---- ElementNode ------------------------------------------------------------------------
 
-elementNode::elementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size)
+ElementNode::ElementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size)
     : SpriteNode(texture, Qt::transparent, size)
 {
     setName(newNodeName());
     setAnchorPoint(QPointF(0.5, 0.5));
 }
 
-std::shared_ptr<elementNode> elementNode::create(const tessaro::kit::TexturePtr& texture, const QSizeF& size)
+std::shared_ptr<ElementNode> ElementNode::create(const tessaro::kit::TexturePtr& texture, const QSizeF& size)
 {
-    return std::make_shared<elementNode>(texture, size);
+    return std::make_shared<ElementNode>(texture, size);
 }
 
-sceneEditor* elementNode::editorScene() const
+SceneEditor* ElementNode::editorScene() const
 {
     Node* parentNode = parent();
     if (!parentNode)
         return nullptr;
-    if (auto* grand = dynamic_cast<sceneEditor*>(parentNode->parent()))
+    if (auto* grand = dynamic_cast<SceneEditor*>(parentNode->parent()))
         return grand;
-    return dynamic_cast<sceneEditor*>(parentNode);
+    return dynamic_cast<SceneEditor*>(parentNode);
 }
 
-const tessaro::Obstacle* elementNode::catalogueObstacle() const
+const tessaro::Obstacle* ElementNode::catalogueObstacle() const
 {
     return defaultViewProperties ? std::get_if<tessaro::Obstacle>(defaultViewProperties.get()) : nullptr;
 }
 
-const tessaro::Character* elementNode::catalogueCharacter() const
+const tessaro::Character* ElementNode::catalogueCharacter() const
 {
     return defaultViewProperties ? std::get_if<tessaro::Character>(defaultViewProperties.get()) : nullptr;
 }
 
-const tessaro::GenericObject* elementNode::catalogueObject() const
+const tessaro::GenericObject* ElementNode::catalogueObject() const
 {
     return defaultViewProperties ? std::get_if<tessaro::GenericObject>(defaultViewProperties.get()) : nullptr;
 }
 
-tessaro::PointValue elementNode::storedPosition() const
+tessaro::PointValue ElementNode::storedPosition() const
 {
     if (!devices)
         return {};
@@ -93,7 +93,7 @@ tessaro::PointValue elementNode::storedPosition() const
     return entry && entry->position ? tessaro::pointFromText(*entry->position) : tessaro::PointValue{};
 }
 
-std::string elementNode::catalogueElementName() const
+std::string ElementNode::catalogueElementName() const
 {
     if (!defaultViewProperties)
         return {};
@@ -101,7 +101,7 @@ std::string elementNode::catalogueElementName() const
                       *defaultViewProperties);
 }
 
-void elementNode::addStackChildren(bool stacked, std::int64_t count, double dx, double dy)
+void ElementNode::addStackChildren(bool stacked, std::int64_t count, double dx, double dy)
 {
     if (count <= 1)
         return;
@@ -116,7 +116,7 @@ void elementNode::addStackChildren(bool stacked, std::int64_t count, double dx, 
     }
 }
 
-void elementNode::removeStackChildren()
+void ElementNode::removeStackChildren()
 {
     std::vector<tessaro::kit::NodePtr> stack;
     for (const auto& child : children())
@@ -125,7 +125,7 @@ void elementNode::removeStackChildren()
     removeChildrenInArray(stack);
 }
 
-std::string elementNode::physicsImageName() const
+std::string ElementNode::physicsImageName() const
 {
     switch (kind()) {
     case sceneObjectType::obstacles:
@@ -137,7 +137,7 @@ std::string elementNode::physicsImageName() const
     case sceneObjectType::ground:
         return groundSection && groundSection->image ? *groundSection->image : "no ground image";
     case sceneObjectType::background:
-        if (const sceneEditor* scene = editorScene();
+        if (const SceneEditor* scene = editorScene();
             scene && scene->backgroundList() && backgroundAssociatedId && scene->backgroundList()->backgrounds)
             for (const auto& record : *scene->backgroundList()->backgrounds)
                 if (record.id == backgroundAssociatedId && record.image)
@@ -147,7 +147,7 @@ std::string elementNode::physicsImageName() const
     }
 }
 
-void elementNode::applyPhysicsBody(std::uint32_t category, std::uint32_t contact, std::uint32_t collision,
+void ElementNode::applyPhysicsBody(std::uint32_t category, std::uint32_t contact, std::uint32_t collision,
                                    bool affectedByGravity, bool isDynamic)
 {
     QSizeF effective = size();
@@ -174,12 +174,12 @@ void elementNode::applyPhysicsBody(std::uint32_t category, std::uint32_t contact
     setPhysicsBody(body);
 }
 
-void elementNode::placeFromDevices()
+void ElementNode::placeFromDevices()
 {
     const sceneObjectType type = kind();
     if (type == sceneObjectType::ground || type == sceneObjectType::background)
         return;
-    const sceneEditor* scene = editorScene();
+    const SceneEditor* scene = editorScene();
     static const tessaro::layout::GroundPlan noGround;
     // Outside a scene the default context answers: no device chosen,
     // nothing placed at random.
@@ -206,7 +206,7 @@ void elementNode::placeFromDevices()
     }
 }
 
-void elementNode::refreshDistanceGuide()
+void ElementNode::refreshDistanceGuide()
 {
     std::optional<std::string> value;
     if (devices)
@@ -237,7 +237,7 @@ void elementNode::refreshDistanceGuide()
         distanceGuideNode->removeFromParent();
     const double d = tessaro::pointFromText(*value).x;
     const double e = kind() == sceneObjectType::character ? -d : d;
-    auto guide = std::make_shared<distanceNode>();
+    auto guide = std::make_shared<DistanceGuideNode>();
     const auto line = [&](QPointF from, QPointF to) {
         QPainterPath path;
         path.moveTo(from);
@@ -256,7 +256,7 @@ void elementNode::refreshDistanceGuide()
     addChild(guide);
 }
 
-void elementNode::showSnapMarker()
+void ElementNode::showSnapMarker()
 {
     if (auto old = childNodeWithName(QStringLiteral("snapToImage")))
         old->removeFromParent();
@@ -275,12 +275,12 @@ void elementNode::showSnapMarker()
     addChild(marker);
 }
 
-void elementNode::selectFromList()
+void ElementNode::selectFromList()
 {
-    sceneEditor* scene = editorScene();
+    SceneEditor* scene = editorScene();
     if (scene)
         scene->enumerateChildNodesWithName(QStringLiteral("//*"), [](const tessaro::kit::NodePtr& node, bool&) {
-            if (auto* element = dynamic_cast<elementNode*>(node.get()))
+            if (auto* element = dynamic_cast<ElementNode*>(node.get()))
                 element->activelySelected = false;
         });
     activelySelected = true;
@@ -288,7 +288,7 @@ void elementNode::selectFromList()
         scene->publishSelection(*this);
 }
 
-void elementNode::addGlow()
+void ElementNode::addGlow()
 {
     if (hasGlow())
         return;
@@ -306,7 +306,7 @@ void elementNode::addGlow()
     addChild(glow);
 }
 
-bool elementNode::hasGlow() const
+bool ElementNode::hasGlow() const
 {
     for (const auto& child : children())
         if (child->name() == QLatin1String("glow"))
@@ -314,7 +314,7 @@ bool elementNode::hasGlow() const
     return false;
 }
 
-void elementNode::removeGlow()
+void ElementNode::removeGlow()
 {
     std::vector<tessaro::kit::NodePtr> glows;
     for (const auto& child : children())

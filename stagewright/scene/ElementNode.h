@@ -24,10 +24,10 @@
 
 namespace stagewright {
 
-class sceneEditor;
+class SceneEditor;
 
 /// The catalogue record an element shows where its level item says nothing.
-using catalogueRecord = defaultViewRecord;
+using CatalogueRecord = DefaultViewRecord;
 
 /// Which edge of its element a size handle drags.
 enum class SizerType { top, right };
@@ -36,10 +36,10 @@ enum class SizerType { top, right };
 /// lower left corner stands at the middle of the element's top edge. Dragging
 /// it up or down resizes the element, keeping its aspect ratio; the new size
 /// is stored when the drag ends.
-class shapeNode : public tessaro::kit::ShapeNode {
+class SizerNode : public tessaro::kit::ShapeNode {
 public:
-    explicit shapeNode(SizerType type = SizerType::top);
-    static std::shared_ptr<shapeNode> create(double elementHeight);
+    explicit SizerNode(SizerType type = SizerType::top);
+    static std::shared_ptr<SizerNode> create(double elementHeight);
 
     void mouseDown(const tessaro::kit::MouseEvent& event) override;
     void mouseDragged(const tessaro::kit::MouseEvent& event) override;
@@ -54,16 +54,16 @@ public:
 };
 
 /// The three red lines that show how far an obstacle or character acts.
-class distanceNode : public tessaro::kit::Node {};
+class DistanceGuideNode : public tessaro::kit::Node {};
 
-class elementNode : public tessaro::kit::SpriteNode, public elementData {
+class ElementNode : public tessaro::kit::SpriteNode, public ElementData {
 public:
     /// A node of `texture` at `size` (the texture's size when empty), with a
     /// clear colour, anchor (0.5,0.5) and a new UUID text as its name.
-    elementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size);
-    static std::shared_ptr<elementNode> create(const tessaro::kit::TexturePtr& texture, const QSizeF& size = {});
+    ElementNode(const tessaro::kit::TexturePtr& texture, const QSizeF& size);
+    static std::shared_ptr<ElementNode> create(const tessaro::kit::TexturePtr& texture, const QSizeF& size = {});
 
-    // ---- Fields (the records are those of elementData) -----------------------------
+    // ---- Fields (the records are those of ElementData) -----------------------------
 
     bool isSelected = false;
     bool activelySelected = false;
@@ -72,11 +72,11 @@ public:
     QString repeatParentNode;
     bool lockPosition = false;
     std::optional<tessaro::sceneObjectType> property_sceneObjectType;
-    std::shared_ptr<distanceNode> distanceGuideNode;
+    std::shared_ptr<DistanceGuideNode> distanceGuideNode;
 
     /// The element's identity for the session (0 for repeated copies and
     /// nodes outside a tab).
-    elementHandle handle = 0;
+    ElementHandle handle = 0;
 
     // ---- Operations -------------------------------------------------------------------
 
@@ -115,7 +115,7 @@ public:
     void removeGlow();
 
     /// The scene this node belongs to: its parent's parent or its parent.
-    sceneEditor* editorScene() const;
+    SceneEditor* editorScene() const;
     /// The kind, `none` when unset.
     tessaro::sceneObjectType kind() const { return property_sceneObjectType.value_or(tessaro::sceneObjectType::none); }
     const tessaro::Obstacle* catalogueObstacle() const;
@@ -126,7 +126,7 @@ private:
     std::string physicsImageName() const;
 };
 
-using elementNodePtr = std::shared_ptr<elementNode>;
+using ElementNodePtr = std::shared_ptr<ElementNode>;
 
 /// A new UUID as node name text.
 QString newNodeName();

@@ -32,18 +32,18 @@ using tessaro::sceneObjectType;
 namespace {
 
 /// A node showing the first image of `imageText` at `size` (the layout's).
-elementNodePtr makeElement(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size, double z)
+ElementNodePtr makeElement(sceneObjectType kind, const std::string& imageText, tessaro::SizeValue size, double z)
 {
     const tessaro::kit::TexturePtr texture = SceneImageCache::shared().picture(kind, firstImageName(imageText)).texture;
     const QSizeF shown(size.width, size.height);
-    auto node = elementNode::create(texture, shown);
+    auto node = ElementNode::create(texture, shown);
     node->setSize(shown);
     node->setZPosition(z);
     node->property_sceneObjectType = kind;
     return node;
 }
 
-elementNodePtr makeElement(const tessaro::layout::ItemLook& look)
+ElementNodePtr makeElement(const tessaro::layout::ItemLook& look)
 {
     return makeElement(look.kind, look.image, look.size, look.z);
 }
@@ -76,7 +76,7 @@ std::optional<tessaro::RotationProperties> mergedRotation(const tessaro::Rotatio
 
 /// The body of a checkpoint, coin, artifact or shield: it takes part in
 /// contacts and collides with nothing.
-elementBodyMasks collectibleBody(bool affectedByGravity)
+ElementBodyMasks collectibleBody(bool affectedByGravity)
 {
     return {collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
             collisionBit(collisionTypes::none), affectedByGravity, false};
@@ -112,7 +112,7 @@ const char* boolText(bool value)
 
 } // namespace
 
-std::shared_ptr<const catalogueRecord> ElementPlacement::catalogueEntry(sceneObjectType kind, const std::string& name,
+std::shared_ptr<const CatalogueRecord> ElementPlacement::catalogueEntry(sceneObjectType kind, const std::string& name,
                                                                         std::optional<sceneObjectType> objectType)
 {
     const int kindKey = kind == sceneObjectType::obstacles || kind == sceneObjectType::character
@@ -124,17 +124,17 @@ std::shared_ptr<const catalogueRecord> ElementPlacement::catalogueEntry(sceneObj
     if (kind == sceneObjectType::obstacles) {
         for (const tessaro::Obstacle& record : tessaro::obstacleCatalogue())
             if (record.elementName == name)
-                return cached = std::make_shared<const catalogueRecord>(record);
+                return cached = std::make_shared<const CatalogueRecord>(record);
     } else if (kind == sceneObjectType::character) {
         for (const tessaro::Character& record : tessaro::characterCatalogue())
             if (record.elementName == name)
-                return cached = std::make_shared<const catalogueRecord>(record);
+                return cached = std::make_shared<const CatalogueRecord>(record);
     } else {
         const std::optional<std::string> typeText =
             objectType ? std::optional<std::string>(std::string(tessaro::caseText(*objectType))) : std::nullopt;
         for (const tessaro::GenericObject& record : tessaro::objectCatalogue())
             if (record.elementName == name && (!typeText || record.sceneObjectType == typeText))
-                return cached = std::make_shared<const catalogueRecord>(record);
+                return cached = std::make_shared<const CatalogueRecord>(record);
     }
     return nullptr;
 }
@@ -145,11 +145,11 @@ void ElementPlacement::reportMissingOnce(sceneObjectType kind, const std::string
         tessaro::diagnostic(line);
 }
 
-void ElementPlacement::finishPlacing(const elementNodePtr& node, const tessaro::kit::NodePtr& layer,
-                                     const std::optional<elementBodyMasks>& body)
+void ElementPlacement::finishPlacing(const ElementNodePtr& node, const tessaro::kit::NodePtr& layer,
+                                     const std::optional<ElementBodyMasks>& body)
 {
     if (node->kind() != sceneObjectType::background && node->kind() != sceneObjectType::ground)
-        node->addChild(shapeNode::create(node->size().height()));
+        node->addChild(SizerNode::create(node->size().height()));
     layer->addChild(node);
     if (body)
         node->applyPhysicsBody(body->category, body->contact, body->collision, body->affectedByGravity,
@@ -157,23 +157,23 @@ void ElementPlacement::finishPlacing(const elementNodePtr& node, const tessaro::
     node->placeFromDevices();
 }
 
-elementNodePtr ElementPlacement::keepUnshown(sceneObjectType kind, levelItemRecord item)
+ElementNodePtr ElementPlacement::keepUnshown(sceneObjectType kind, LevelItemRecord item)
 {
     const tessaro::kit::NodePtr layer = m_scene.layerFor(kind);
     if (!layer)
         return nullptr;
-    auto node = elementNode::create(nullptr, QSizeF());
+    auto node = ElementNode::create(nullptr, QSizeF());
     node->setHidden(true);
     node->keptOnly = true;
     node->property_sceneObjectType = kind;
-    node->loadedItem = std::make_shared<const levelItemRecord>(std::move(item));
+    node->loadedItem = std::make_shared<const LevelItemRecord>(std::move(item));
     layer->addChild(node);
     return node;
 }
 
 // ---- Obstacles ------------------------------------------------------------------------------
 
-elementNodePtr ElementPlacement::placeObstacle(const tessaro::ObstacleLevelItem& item)
+ElementNodePtr ElementPlacement::placeObstacle(const tessaro::ObstacleLevelItem& item)
 {
     const auto entry = catalogueEntry(sceneObjectType::obstacles, item.elementName, std::nullopt);
     if (!entry) {
@@ -216,9 +216,9 @@ elementNodePtr ElementPlacement::placeObstacle(const tessaro::ObstacleLevelItem&
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
     node->refreshDistanceGuide();
-    std::optional<elementBodyMasks> body;
+    std::optional<ElementBodyMasks> body;
     if (usePhysics)
-        body = elementBodyMasks{collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
+        body = ElementBodyMasks{collisionBit(collisionTypes::staticObjectBody), collisionBit(collisionTypes::none),
                                 collisionBit(collisionTypes::floor), useGravity, isDynamic};
     finishPlacing(node, m_scene.m_obstacleNodes, body);
 
@@ -226,7 +226,7 @@ elementNodePtr ElementPlacement::placeObstacle(const tessaro::ObstacleLevelItem&
     return node;
 }
 
-void ElementPlacement::addRepeatedCopies(const elementNodePtr& owner)
+void ElementPlacement::addRepeatedCopies(const ElementNodePtr& owner)
 {
     // The copies of a repeated obstacle exist only on the canvas: a row of
     // `repeatCount` pictures, each a full width (plus a random step) after the
@@ -242,7 +242,7 @@ void ElementPlacement::addRepeatedCopies(const elementNodePtr& owner)
     int index = int(at - siblings.begin()) + 1;
     std::vector<tessaro::kit::NodePtr> old;
     for (auto next = at + 1; next != siblings.end(); ++next) {
-        const auto* copy = dynamic_cast<const elementNode*>(next->get());
+        const auto* copy = dynamic_cast<const ElementNode*>(next->get());
         if (!copy || !copy->repeatedNode || copy->repeatParentNode != owner->name())
             break;
         old.push_back(*next);
@@ -257,7 +257,7 @@ void ElementPlacement::addRepeatedCopies(const elementNodePtr& owner)
                                         {owner->size().width(), owner->size().height()}, owner->property_useGravity,
                                         *over->repeatCount, owner->devices, m_scene.groundPlan(), context);
     for (const tessaro::PointValue& place : places) {
-        auto copy = elementNode::create(owner->texture(), owner->size());
+        auto copy = ElementNode::create(owner->texture(), owner->size());
         copy->setSize(owner->size());
         copy->setZPosition(owner->zPosition());
         copy->property_sceneObjectType = sceneObjectType::obstacles;
@@ -272,7 +272,7 @@ void ElementPlacement::addRepeatedCopies(const elementNodePtr& owner)
 
 // ---- Characters -------------------------------------------------------------------------------
 
-elementNodePtr ElementPlacement::placeCharacter(const tessaro::CharacterLevelItem& item)
+ElementNodePtr ElementPlacement::placeCharacter(const tessaro::CharacterLevelItem& item)
 {
     const auto entry = catalogueEntry(sceneObjectType::character, item.elementName, std::nullopt);
     if (!entry) {
@@ -330,11 +330,11 @@ elementNodePtr ElementPlacement::placeCharacter(const tessaro::CharacterLevelIte
         node->physics = *physics;
     node->defaultViewProperties = entry;
     node->property_useGravity = useGravity;
-    node->loadedItem = std::make_shared<const levelItemRecord>(item);
+    node->loadedItem = std::make_shared<const LevelItemRecord>(item);
     node->setPosition(quietly(look.centre));
     node->refreshDistanceGuide();
     finishPlacing(node, m_scene.m_characterNodes,
-                  elementBodyMasks{maskOr(maskText(&tessaro::CollisionDetection::category)),
+                  ElementBodyMasks{maskOr(maskText(&tessaro::CollisionDetection::category)),
                                    maskOr(maskText(&tessaro::CollisionDetection::contact)),
                                    maskOr(maskText(&tessaro::CollisionDetection::collision)), useGravity, true});
     return node;
@@ -342,7 +342,7 @@ elementNodePtr ElementPlacement::placeCharacter(const tessaro::CharacterLevelIte
 
 // ---- Collectibles ---------------------------------------------------------------------------------
 
-elementNodePtr ElementPlacement::placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image)
+ElementNodePtr ElementPlacement::placeCheckpoint(const tessaro::CheckPointLocation& location, const std::string& image)
 {
     const auto entry = catalogueEntry(sceneObjectType::checkpoint, image, sceneObjectType::checkpoint);
     if (!entry) {
@@ -359,13 +359,13 @@ elementNodePtr ElementPlacement::placeCheckpoint(const tessaro::CheckPointLocati
     node->checkPointOverrides = location;
     node->devices = location.devices;
     node->property_useGravity = true;
-    node->loadedItem = std::make_shared<const levelItemRecord>(location);
+    node->loadedItem = std::make_shared<const LevelItemRecord>(location);
     node->setPosition(quietly(look.centre));
     finishPlacing(node, m_scene.m_checkpointNodes, collectibleBody(true));
     return node;
 }
 
-elementNodePtr ElementPlacement::placeCoin(const tessaro::Coin& coin, double dx, double dy)
+ElementNodePtr ElementPlacement::placeCoin(const tessaro::Coin& coin, double dx, double dy)
 {
     auto entry = catalogueEntry(sceneObjectType::coin, "coin", sceneObjectType::coin);
     if (!entry) {
@@ -397,14 +397,14 @@ elementNodePtr ElementPlacement::placeCoin(const tessaro::Coin& coin, double dx,
     node->coinOverrides = coin;
     node->devices = coin.devices;
     node->property_useGravity = useGravity;
-    node->loadedItem = std::make_shared<const levelItemRecord>(coin);
+    node->loadedItem = std::make_shared<const LevelItemRecord>(coin);
     if (coin.stack.value_or(false) || coin.repeatCount.value_or(0) >= 1)
         node->addStackChildren(coin.stack.value_or(false), coin.repeatCount.value_or(0), dx, dy);
     finishPlacing(node, m_scene.m_coinNodes, collectibleBody(useGravity));
     return node;
 }
 
-elementNodePtr ElementPlacement::placeArtifact(const tessaro::Artifact& artifact)
+ElementNodePtr ElementPlacement::placeArtifact(const tessaro::Artifact& artifact)
 {
     const tessaro::layout::ItemLook look =
         tessaro::layout::artifactLook(artifact, m_scene.groundPlan(), m_scene.layoutContext());
@@ -414,12 +414,12 @@ elementNodePtr ElementPlacement::placeArtifact(const tessaro::Artifact& artifact
     node->artifactOverrides = artifact;
     node->devices = artifact.devices;
     node->setAlpha(artifact.alpha.value_or(1));
-    node->loadedItem = std::make_shared<const levelItemRecord>(artifact);
+    node->loadedItem = std::make_shared<const LevelItemRecord>(artifact);
     finishPlacing(node, m_scene.m_artifactNodes, collectibleBody(false));
     return node;
 }
 
-elementNodePtr ElementPlacement::placeShield(const tessaro::Shield& shield, const std::string& image)
+ElementNodePtr ElementPlacement::placeShield(const tessaro::Shield& shield, const std::string& image)
 {
     const tessaro::layout::ItemLook look =
         tessaro::layout::shieldLook(shield, image, m_scene.groundPlan(), m_scene.layoutContext());
@@ -429,14 +429,14 @@ elementNodePtr ElementPlacement::placeShield(const tessaro::Shield& shield, cons
     node->shieldOverrides.emplace();
     node->shieldOverrides->timed = shield.timed.value_or(60.0);
     node->devices = shield.devices;
-    node->loadedItem = std::make_shared<const levelItemRecord>(shield);
+    node->loadedItem = std::make_shared<const LevelItemRecord>(shield);
     finishPlacing(node, m_scene.m_shieldsNodes, collectibleBody(false));
     return node;
 }
 
 // ---- The picker ------------------------------------------------------------------------------------
 
-elementNodePtr ElementPlacement::addElement(sceneObjectType kind, const std::string& elementName)
+ElementNodePtr ElementPlacement::addElement(sceneObjectType kind, const std::string& elementName)
 {
     const auto entry = catalogueEntry(kind, elementName, std::nullopt);
     const tessaro::kit::NodePtr layer = m_scene.layerFor(kind);
@@ -471,7 +471,7 @@ elementNodePtr ElementPlacement::addElement(sceneObjectType kind, const std::str
     switch (kind) {
     case sceneObjectType::coin: z = 50; break;
     case sceneObjectType::ground: {
-        const std::vector<elementNodePtr> grounds = sceneEditor::elementsOf(m_scene.m_groundNodes);
+        const std::vector<ElementNodePtr> grounds = SceneEditor::elementsOf(m_scene.m_groundNodes);
         if (!grounds.empty()) {
             x = grounds.back()->position().x() + grounds.back()->frame().width();
             sequenceId = grounds.back()->sequenceId.value_or(0) + 1;
@@ -545,7 +545,7 @@ elementNodePtr ElementPlacement::addElement(sceneObjectType kind, const std::str
     }
     default: break;
     }
-    finishPlacing(node, layer, elementBodyMasks{category, contact, collision, useGravity, isDynamic});
+    finishPlacing(node, layer, ElementBodyMasks{category, contact, collision, useGravity, isDynamic});
     if (m_scene.m_tab)
         node->handle = m_scene.m_tab->elementHandles().issue();
 
@@ -553,7 +553,7 @@ elementNodePtr ElementPlacement::addElement(sceneObjectType kind, const std::str
         const std::size_t index = m_scene.m_groundNodes->children().size() - 1;
         m_scene.rebuildGround(m_scene.m_tab->levelSelected());
         if (m_scene.m_groundNodes && index < m_scene.m_groundNodes->children().size())
-            return std::dynamic_pointer_cast<elementNode>(m_scene.m_groundNodes->children()[index]);
+            return std::dynamic_pointer_cast<ElementNode>(m_scene.m_groundNodes->children()[index]);
     }
     return node;
 }

@@ -49,7 +49,7 @@ ComposedTexture groundPicture(const tessaro::layout::GroundPiece& piece)
 
 } // namespace
 
-void sceneEditor::layoutGround(const std::vector<tessaro::GroundSection>& sections)
+void SceneEditor::layoutGround(const std::vector<tessaro::GroundSection>& sections)
 {
     if (!m_groundNodes)
         return;
@@ -72,11 +72,11 @@ void sceneEditor::layoutGround(const std::vector<tessaro::GroundSection>& sectio
     emit groundLaidOut();
 }
 
-void sceneEditor::addGroundNode(const tessaro::GroundSection& section, const tessaro::layout::GroundPiece& piece,
+void SceneEditor::addGroundNode(const tessaro::GroundSection& section, const tessaro::layout::GroundPiece& piece,
                                 std::int64_t sequenceId)
 {
     const ComposedTexture picture = piece.hidden ? ComposedTexture{nullptr, QSizeF()} : groundPicture(piece);
-    auto node = elementNode::create(picture.texture, picture.size);
+    auto node = ElementNode::create(picture.texture, picture.size);
     if (piece.hidden)
         node->setHidden(true);
     else
@@ -93,7 +93,7 @@ void sceneEditor::addGroundNode(const tessaro::GroundSection& section, const tes
         m_groundNodes->addChild(node);
         return;
     }
-    node->addChild(shapeNode::create(piece.size.height));
+    node->addChild(SizerNode::create(piece.size.height));
     m_groundNodes->addChild(node);
     const std::uint32_t staticBody = tessaro::collisionBit(tessaro::collisionTypes::staticObjectBody);
     const std::uint32_t collision =
@@ -102,18 +102,18 @@ void sceneEditor::addGroundNode(const tessaro::GroundSection& section, const tes
                            tessaro::collisionBit(tessaro::collisionTypes::none), collision, false, false);
 }
 
-double sceneEditor::groundHeight(double x) const
+double SceneEditor::groundHeight(double x) const
 {
     return groundPlan().groundHeight(x);
 }
 
-const tessaro::layout::GroundPlan& sceneEditor::groundPlan() const
+const tessaro::layout::GroundPlan& SceneEditor::groundPlan() const
 {
     static const tessaro::layout::GroundPlan none;
     return m_groundPlan ? *m_groundPlan : none;
 }
 
-void sceneEditor::rebuildGround(const tessaro::Uuid& levelId)
+void SceneEditor::rebuildGround(const tessaro::Uuid& levelId)
 {
     std::optional<std::size_t> selectedIndex;
     if (m_tab && m_groundNodes && m_tab->levelSelected() == levelId) {
@@ -133,7 +133,7 @@ void sceneEditor::rebuildGround(const tessaro::Uuid& levelId)
             layoutGround(*level->ground);
     }
     if (selectedIndex && m_groundNodes && *selectedIndex < m_groundNodes->children().size())
-        if (auto node = std::dynamic_pointer_cast<elementNode>(m_groundNodes->children()[*selectedIndex]))
+        if (auto node = std::dynamic_pointer_cast<ElementNode>(m_groundNodes->children()[*selectedIndex]))
             node->selectFromList();
 }
 

@@ -8,7 +8,7 @@
 
 namespace stagewright {
 
-tessaro::layout::LayoutContext sceneEditor::layoutContext() const
+tessaro::layout::LayoutContext SceneEditor::layoutContext() const
 {
     tessaro::layout::LayoutContext context;
     const QRectF frame = frameRect();

@@ -18,17 +18,17 @@ namespace {
 /// Places every element of `layer` again from its written-back item, one
 /// item per node in layer order, keeping handles and the selection.
 template <class Item, class Place>
-void placeAgain(sceneEditor& scene, const tessaro::kit::NodePtr& layer, const std::vector<Item>& items, Place place)
+void placeAgain(SceneEditor& scene, const tessaro::kit::NodePtr& layer, const std::vector<Item>& items, Place place)
 {
-    const std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(layer);
+    const std::vector<ElementNodePtr> nodes = SceneEditor::elementsOf(layer);
     if (nodes.size() != items.size())
         return;
-    const elementNodePtr selected = scene.selectedNode();
-    elementNodePtr reselect;
-    for (const elementNodePtr& node : nodes)
+    const ElementNodePtr selected = scene.selectedNode();
+    ElementNodePtr reselect;
+    for (const ElementNodePtr& node : nodes)
         scene.removeNode(*node);
     for (std::size_t i = 0; i < items.size(); ++i) {
-        const elementNodePtr node = place(items[i]);
+        const ElementNodePtr node = place(items[i]);
         if (!node)
             continue;
         node->handle = nodes[i]->handle;
@@ -44,7 +44,7 @@ void placeAgain(sceneEditor& scene, const tessaro::kit::NodePtr& layer, const st
 
 } // namespace
 
-tessaro::PointValue sceneEditor::coinRepeatDistance() const
+tessaro::PointValue SceneEditor::coinRepeatDistance() const
 {
     if (!m_tab)
         return {};
@@ -54,7 +54,7 @@ tessaro::PointValue sceneEditor::coinRepeatDistance() const
     return tessaro::roundedPointFromText(1, level->coins->repeatDistance.value_or(std::string()));
 }
 
-void sceneEditor::followLevelField(const tessaro::FieldPath& path)
+void SceneEditor::followLevelField(const tessaro::FieldPath& path)
 {
     // The checkpoints' and shields' pictures and the coins' repeat distance
     // are drawn from the level's own records; its other values are not drawn.
@@ -66,14 +66,14 @@ void sceneEditor::followLevelField(const tessaro::FieldPath& path)
             showLevelLook(kind);
 }
 
-void sceneEditor::showLevelLook(sceneObjectType kind)
+void SceneEditor::showLevelLook(sceneObjectType kind)
 {
     const tessaro::Level* level = m_tab ? tabLevel(m_tab->levelSelected()) : nullptr;
     if (!level)
         return;
     switch (kind) {
     case sceneObjectType::coin:
-        for (const elementNodePtr& node : elementsOf(m_coinNodes))
+        for (const ElementNodePtr& node : elementsOf(m_coinNodes))
             if (!node->keptOnly)
                 node->placeFromDevices();
         break;

@@ -11,13 +11,13 @@
 
 namespace stagewright {
 
-QRectF wholeLevelRect(const sceneEditor& scene)
+QRectF wholeLevelRect(const SceneEditor& scene)
 {
     const QRectF view = scene.sceneFrame();
     return QRectF(view.left(), view.top(), std::max(0.0, scene.levelEndX()) + view.width(), view.height());
 }
 
-QImage renderWholeLevel(sceneEditor& scene, int pixelWidth)
+QImage renderWholeLevel(SceneEditor& scene, int pixelWidth)
 {
     const QRectF view = scene.sceneFrame();
     const QRectF whole = wholeLevelRect(scene);
@@ -33,7 +33,7 @@ QImage renderWholeLevel(sceneEditor& scene, int pixelWidth)
     // The overlays belong to the view, not to the level.
     std::vector<std::pair<tessaro::kit::NodePtr, bool>> overlays;
     for (const tessaro::kit::NodePtr& child : scene.children())
-        if (dynamic_cast<navigationNode*>(child.get()) || dynamic_cast<SKLabel*>(child.get())) {
+        if (dynamic_cast<NavigationNode*>(child.get()) || dynamic_cast<SKLabel*>(child.get())) {
             overlays.emplace_back(child, child->isHidden());
             child->setHidden(true);
         }

@@ -8,15 +8,15 @@
 
 namespace stagewright {
 
-class sceneEditor;
+class SceneEditor;
 
 /// The part of the level such a picture shows, in scene points.
-QRectF wholeLevelRect(const sceneEditor& scene);
+QRectF wholeLevelRect(const SceneEditor& scene);
 
 /// Draws the whole level `pixelWidth` pixels wide (0: one pixel per point,
 /// narrowed to at most 16384 pixels), without the scroll buttons and the
 /// read-out. Every view is drawn at its own scroll offset, so backgrounds that
 /// stay put in the view repeat in each. The scene is left as it was.
-QImage renderWholeLevel(sceneEditor& scene, int pixelWidth = 0);
+QImage renderWholeLevel(SceneEditor& scene, int pixelWidth = 0);
 
 } // namespace stagewright

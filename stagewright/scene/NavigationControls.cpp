@@ -16,7 +16,7 @@ QString SKLabel::readOut(double x, double y)
     return QStringLiteral("X: ") + shown(x) + QStringLiteral("  Y: ") + shown(y);
 }
 
-navigationNode::navigationNode(navigationDirection direction)
+NavigationNode::NavigationNode(NavigationDirection direction)
     : SpriteNode(applicationTexture(imageName(direction)), QSizeF(50, 50)),
       moveDirection(direction)
 {
@@ -25,42 +25,42 @@ navigationNode::navigationNode(navigationDirection direction)
     setUserInteractionEnabled(true);
 }
 
-navigationNode::~navigationNode() = default;
+NavigationNode::~NavigationNode() = default;
 
-QString navigationNode::nodeName(navigationDirection direction)
+QString NavigationNode::nodeName(NavigationDirection direction)
 {
     switch (direction) {
-    case navigationDirection::left: return QStringLiteral("navLeft");
-    case navigationDirection::right: return QStringLiteral("navRight");
-    case navigationDirection::up: return QStringLiteral("navTop");
-    case navigationDirection::down: return QStringLiteral("navBottom");
+    case NavigationDirection::left: return QStringLiteral("navLeft");
+    case NavigationDirection::right: return QStringLiteral("navRight");
+    case NavigationDirection::up: return QStringLiteral("navTop");
+    case NavigationDirection::down: return QStringLiteral("navBottom");
     }
     return {};
 }
 
-QString navigationNode::imageName(navigationDirection direction)
+QString NavigationNode::imageName(NavigationDirection direction)
 {
     switch (direction) {
-    case navigationDirection::left: return QStringLiteral("NavLeft");
-    case navigationDirection::right: return QStringLiteral("NavRight");
-    case navigationDirection::up: return QStringLiteral("NavTop");
-    case navigationDirection::down: return QStringLiteral("NavBottom");
+    case NavigationDirection::left: return QStringLiteral("NavLeft");
+    case NavigationDirection::right: return QStringLiteral("NavRight");
+    case NavigationDirection::up: return QStringLiteral("NavTop");
+    case NavigationDirection::down: return QStringLiteral("NavBottom");
     }
     return {};
 }
 
-QPointF navigationNode::cornerOffset(navigationDirection direction)
+QPointF NavigationNode::cornerOffset(NavigationDirection direction)
 {
     switch (direction) {
-    case navigationDirection::left: return {60, 80};
-    case navigationDirection::right: return {180, 80};
-    case navigationDirection::up: return {120, 110};
-    case navigationDirection::down: return {120, 50};
+    case NavigationDirection::left: return {60, 80};
+    case NavigationDirection::right: return {180, 80};
+    case NavigationDirection::up: return {120, 110};
+    case NavigationDirection::down: return {120, 50};
     }
     return {};
 }
 
-double navigationNode::stepFor(int count, double amount)
+double NavigationNode::stepFor(int count, double amount)
 {
     if (count <= 10)
         return amount;
@@ -71,12 +71,12 @@ double navigationNode::stepFor(int count, double amount)
     return 50 * amount;
 }
 
-sceneEditor* navigationNode::editor() const
+SceneEditor* NavigationNode::editor() const
 {
-    return dynamic_cast<sceneEditor*>(scene());
+    return dynamic_cast<SceneEditor*>(scene());
 }
 
-void navigationNode::stopTimer()
+void NavigationNode::stopTimer()
 {
     // The timer may be the sender of the tick that ends it: it goes once the
     // tick has been handled.
@@ -86,24 +86,24 @@ void navigationNode::stopTimer()
     }
 }
 
-void navigationNode::step()
+void NavigationNode::step()
 {
     if (!navigationMouseDown) {
         stopTimer();
         return;
     }
-    const bool horizontal = moveDirection == navigationDirection::left || moveDirection == navigationDirection::right;
+    const bool horizontal = moveDirection == NavigationDirection::left || moveDirection == NavigationDirection::right;
     const double amount = stepFor(moveCount, horizontal ? moveXAmount : moveYAmount);
     ++moveCount;
-    sceneEditor* scene = editor();
+    SceneEditor* scene = editor();
     if (!scene || !moveDirection)
         return;
     QPointF delta;
     switch (*moveDirection) {
-    case navigationDirection::left: delta = {amount, 0}; break;
-    case navigationDirection::right: delta = {-amount, 0}; break;
-    case navigationDirection::up: delta = {0, -amount}; break;
-    case navigationDirection::down: delta = {0, amount}; break;
+    case NavigationDirection::left: delta = {amount, 0}; break;
+    case NavigationDirection::right: delta = {-amount, 0}; break;
+    case NavigationDirection::up: delta = {0, -amount}; break;
+    case NavigationDirection::down: delta = {0, amount}; break;
     }
     for (const auto& layer : {scene->pinnedBackgroundNodes(), scene->obstacleNodes(), scene->characterNodes(),
                               scene->groundNodes(), scene->coinNodes(), scene->artifactNodes(),
@@ -113,12 +113,12 @@ void navigationNode::step()
     emit scene->scrolled();
 }
 
-void navigationNode::nodesMoved()
+void NavigationNode::nodesMoved()
 {
     step();
 }
 
-void navigationNode::startRepeating()
+void NavigationNode::startRepeating()
 {
     moveCount = 0;
     stopTimer();
@@ -128,7 +128,7 @@ void navigationNode::startRepeating()
     m_moveTimer->start();
 }
 
-void navigationNode::mouseDown(const tessaro::kit::MouseEvent&)
+void NavigationNode::mouseDown(const tessaro::kit::MouseEvent&)
 {
     navigationMouseDown = true;
     step();
@@ -138,16 +138,16 @@ void navigationNode::mouseDown(const tessaro::kit::MouseEvent&)
     m_delay->start(600);
 }
 
-void navigationNode::mouseUp(const tessaro::kit::MouseEvent&)
+void NavigationNode::mouseUp(const tessaro::kit::MouseEvent&)
 {
     stopTimer();
     navigationMouseDown = false;
     moveCount = 0;
-    sceneEditor* scene = editor();
+    SceneEditor* scene = editor();
     if (!scene || !scene->obstacleNodes())
         return;
     const QPointF offset = scene->obstacleNodes()->position();
-    scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{-offset.x(), -offset.y()});
+    scene->moveScene(PublishedElementList::scenePosition, tessaro::PointValue{-offset.x(), -offset.y()});
 }
 
 } // namespace stagewright

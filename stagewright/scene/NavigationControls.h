@@ -14,7 +14,7 @@
 
 namespace stagewright {
 
-class sceneEditor;
+class SceneEditor;
 
 /// The coordinate read-out: "X: <x>  Y: <y>" of the scroll offset.
 class SKLabel : public tessaro::kit::LabelNode {
@@ -25,18 +25,18 @@ public:
 };
 
 /// Scroll direction of a navigation button.
-enum class navigationDirection { left, right, up, down };
+enum class NavigationDirection { left, right, up, down };
 
 /// One scroll button. A press moves the level one step at once; after 0.6
 /// seconds held, a step every 0.1 seconds, growing with the steps done:
 /// steps 0 to 10 move the base amount, 11 to 20 twice, 21 to 30 ten times,
 /// then fifty times. The release records the scroll position in the tab.
-class navigationNode : public tessaro::kit::SpriteNode {
+class NavigationNode : public tessaro::kit::SpriteNode {
 public:
-    explicit navigationNode(navigationDirection direction);
-    ~navigationNode() override;
+    explicit NavigationNode(NavigationDirection direction);
+    ~NavigationNode() override;
 
-    std::optional<navigationDirection> moveDirection;
+    std::optional<NavigationDirection> moveDirection;
     bool isSelected = false;
     bool navigationMouseDown = false;
     double moveXAmount = 50;
@@ -59,14 +59,14 @@ public:
     static double stepFor(int count, double amount);
 
     /// Name, image and place of each button, relative to the frame's minimum corner.
-    static QString nodeName(navigationDirection direction);
-    static QString imageName(navigationDirection direction);
-    static QPointF cornerOffset(navigationDirection direction);
+    static QString nodeName(NavigationDirection direction);
+    static QString imageName(NavigationDirection direction);
+    static QPointF cornerOffset(NavigationDirection direction);
 
 private:
     void step();
     void stopTimer();
-    sceneEditor* editor() const;
+    SceneEditor* editor() const;
 
     std::unique_ptr<QTimer> m_moveTimer;
     std::unique_ptr<QTimer> m_delay;

@@ -10,11 +10,11 @@ namespace stagewright {
 
 using tessaro::sceneObjectType;
 
-ElementRecords elementNode::records() const
+ElementRecords ElementNode::records() const
 {
     ElementRecords element;
     element.kind = kind();
-    static_cast<elementData&>(element) = *this;
+    static_cast<ElementData&>(element) = *this;
 
     element.texture = texture();
     element.size = size();
@@ -25,17 +25,17 @@ ElementRecords elementNode::records() const
     element.hidden = isHidden();
     element.userInteractionEnabled = isUserInteractionEnabled();
     if (const tessaro::kit::PhysicsBody* body = physicsBody())
-        element.body = elementBodyMasks{body->categoryBitMask(), body->contactTestBitMask(), body->collisionBitMask(),
+        element.body = ElementBodyMasks{body->categoryBitMask(), body->contactTestBitMask(), body->collisionBitMask(),
                                         body->affectedByGravity(), body->isDynamic()};
     element.hasSizeHandle = childNodeWithName(QStringLiteral("nodeSizer")) != nullptr;
     return element;
 }
 
-void elementNode::restoreRecords(const ElementRecords& element)
+void ElementNode::restoreRecords(const ElementRecords& element)
 {
     property_sceneObjectType =
         element.kind == sceneObjectType::none ? std::nullopt : std::optional<sceneObjectType>(element.kind);
-    static_cast<elementData&>(*this) = element;
+    static_cast<ElementData&>(*this) = element;
 
     setTexture(element.texture);
     setSize(element.size);
@@ -54,7 +54,7 @@ void elementNode::restoreRecords(const ElementRecords& element)
     if (element.hasSizeHandle && sizer)
         sizer->setPosition(0, element.size.height() / 2);
     else if (element.hasSizeHandle)
-        addChild(shapeNode::create(element.size.height()));
+        addChild(SizerNode::create(element.size.height()));
     else if (sizer)
         sizer->removeFromParent();
 

@@ -28,7 +28,7 @@ tessaro::kit::SceneScaleMode kitScaleMode(sceneScaleMode mode)
 
 } // namespace
 
-sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
+SceneEditor::SceneEditor(ProjectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
     : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
       m_tab(tab),
       m_hooks(std::move(hooks)),
@@ -55,7 +55,7 @@ sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks h
     addNavigationControls();
     // The tab's "hide background" switch reaches the scene it shows.
     if (m_tab) {
-        QObject::connect(m_tab, &projectTab::backgroundElementsHiddenChanged, this,
+        QObject::connect(m_tab, &ProjectTab::backgroundElementsHiddenChanged, this,
                          [this] { setBackgroundsHidden(m_tab->backgroundElementsHidden()); });
         QObject::connect(&m_tab->document(), &LevelDocument::levelChanged, this,
                          [this](const tessaro::Uuid& levelId, const tessaro::FieldPath& path) {
@@ -74,18 +74,18 @@ sceneEditor::sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks h
     applyPlatformSettings();
 }
 
-sceneEditor::~sceneEditor()
+SceneEditor::~SceneEditor()
 {
     // Nodes leave while the scene (and its physics world) still exists.
     removeAllChildren();
 }
 
-std::shared_ptr<sceneEditor> sceneEditor::create(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
+std::shared_ptr<SceneEditor> SceneEditor::create(ProjectTab* tab, const SceneSetup& setup, CanvasHooks hooks)
 {
-    return std::make_shared<sceneEditor>(tab, setup, std::move(hooks));
+    return std::make_shared<SceneEditor>(tab, setup, std::move(hooks));
 }
 
-NodePtr sceneEditor::makeLayer(const char* name)
+NodePtr SceneEditor::makeLayer(const char* name)
 {
     auto layer = tessaro::kit::Node::create();
     layer->setZPosition(1);
@@ -95,7 +95,7 @@ NodePtr sceneEditor::makeLayer(const char* name)
     return layer;
 }
 
-NodePtr sceneEditor::layerFor(tessaro::sceneObjectType kind) const
+NodePtr SceneEditor::layerFor(tessaro::sceneObjectType kind) const
 {
     using tessaro::sceneObjectType;
     switch (kind) {
@@ -111,19 +111,19 @@ NodePtr sceneEditor::layerFor(tessaro::sceneObjectType kind) const
     }
 }
 
-std::vector<elementNodePtr> sceneEditor::elementsOf(const NodePtr& layer)
+std::vector<ElementNodePtr> SceneEditor::elementsOf(const NodePtr& layer)
 {
-    std::vector<elementNodePtr> elements;
+    std::vector<ElementNodePtr> elements;
     if (!layer)
         return elements;
     elements.reserve(layer->children().size());
     for (const NodePtr& child : layer->children())
-        if (auto element = std::dynamic_pointer_cast<elementNode>(child))
+        if (auto element = std::dynamic_pointer_cast<ElementNode>(child))
             elements.push_back(std::move(element));
     return elements;
 }
 
-const tessaro::Level* sceneEditor::tabLevel(const tessaro::Uuid& id) const
+const tessaro::Level* SceneEditor::tabLevel(const tessaro::Uuid& id) const
 {
     if (!m_tab)
         return nullptr;
@@ -133,60 +133,60 @@ const tessaro::Level* sceneEditor::tabLevel(const tessaro::Uuid& id) const
     return nullptr;
 }
 
-tessaro::Level* sceneEditor::tabLevel(const tessaro::Uuid& id)
+tessaro::Level* SceneEditor::tabLevel(const tessaro::Uuid& id)
 {
     return m_tab ? m_tab->findLevel(id) : nullptr;
 }
 
 // ---- Scene settings ------------------------------------------------------------------------
 
-void sceneEditor::applyPlatformSettings()
+void SceneEditor::applyPlatformSettings()
 {
     Scene::setSize(QSizeF(m_sceneSize.width, m_sceneSize.height));
     Scene::setAnchorPoint(QPointF(m_sceneAnchorPoint.x, m_sceneAnchorPoint.y));
     Scene::setScaleMode(kitScaleMode(m_sceneScaleMode));
 }
 
-void sceneEditor::setSize(tessaro::SizeValue size)
+void SceneEditor::setSize(tessaro::SizeValue size)
 {
     m_sceneSize = size;
     Scene::setSize(QSizeF(size.width, size.height));
     emit sceneSettingsChanged();
 }
 
-void sceneEditor::setAnchorPoint(tessaro::PointValue anchor)
+void SceneEditor::setAnchorPoint(tessaro::PointValue anchor)
 {
     m_sceneAnchorPoint = anchor;
     Scene::setAnchorPoint(QPointF(anchor.x, anchor.y));
     emit sceneSettingsChanged();
 }
 
-void sceneEditor::setScaleMode(sceneScaleMode mode)
+void SceneEditor::setScaleMode(sceneScaleMode mode)
 {
     m_sceneScaleMode = mode;
     Scene::setScaleMode(kitScaleMode(mode));
     emit sceneSettingsChanged();
 }
 
-void sceneEditor::setOrientation(tessaro::sceneOrientationType orientation)
+void SceneEditor::setOrientation(tessaro::sceneOrientationType orientation)
 {
     m_sceneOrientation = orientation;
     emit sceneSettingsChanged();
 }
 
-void sceneEditor::releaseContent()
+void SceneEditor::releaseContent()
 {
     clearScene(false);
 }
 
-void sceneEditor::updateOverlays()
+void SceneEditor::updateOverlays()
 {
     layoutNavigationControls();
 }
 
 // ---- Loading --------------------------------------------------------------------------------
 
-void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
+void SceneEditor::loadLevel(const tessaro::Uuid& levelId)
 {
     const tessaro::Level* found = tabLevel(levelId);
     if (!found)
@@ -268,7 +268,7 @@ void sceneEditor::loadLevel(const tessaro::Uuid& levelId)
         setBackgroundsHidden(m_tab->backgroundElementsHidden());
 }
 
-void sceneEditor::clearScene(bool keepLayers)
+void SceneEditor::clearScene(bool keepLayers)
 {
     const std::vector<NodePtr*> layers{
         &m_backgroundNodes, &m_pinnedBackgroundNodes, &m_obstacleNodes,   &m_characterNodes, &m_groundNodes,
@@ -291,13 +291,13 @@ void sceneEditor::clearScene(bool keepLayers)
 
 // ---- Overlays ---------------------------------------------------------------------------------
 
-void sceneEditor::addNavigationControls()
+void SceneEditor::addNavigationControls()
 {
     const QRectF frame = frameRect();
-    for (navigationDirection direction :
-         {navigationDirection::left, navigationDirection::right, navigationDirection::up, navigationDirection::down}) {
-        auto button = std::make_shared<navigationNode>(direction);
-        button->setPosition(frame.topLeft() + navigationNode::cornerOffset(direction));
+    for (NavigationDirection direction :
+         {NavigationDirection::left, NavigationDirection::right, NavigationDirection::up, NavigationDirection::down}) {
+        auto button = std::make_shared<NavigationNode>(direction);
+        button->setPosition(frame.topLeft() + NavigationNode::cornerOffset(direction));
         addChild(button);
     }
     m_positionXCount = std::make_shared<SKLabel>();
@@ -316,23 +316,23 @@ void sceneEditor::addNavigationControls()
     addChild(m_positionXCount);
 }
 
-void sceneEditor::layoutNavigationControls()
+void SceneEditor::layoutNavigationControls()
 {
     // sceneFrame() is y up: its top() is the minimum y, the bottom edge of the view.
     const QRectF frame = frameRect();
-    for (navigationDirection direction :
-         {navigationDirection::left, navigationDirection::right, navigationDirection::up, navigationDirection::down})
-        if (NodePtr button = childNodeWithName(navigationNode::nodeName(direction)))
-            button->setPosition(frame.topLeft() + navigationNode::cornerOffset(direction));
+    for (NavigationDirection direction :
+         {NavigationDirection::left, NavigationDirection::right, NavigationDirection::up, NavigationDirection::down})
+        if (NodePtr button = childNodeWithName(NavigationNode::nodeName(direction)))
+            button->setPosition(frame.topLeft() + NavigationNode::cornerOffset(direction));
 }
 
-void sceneEditor::update(double)
+void SceneEditor::update(double)
 {
     if (m_positionXCount) {
         const QPointF offset = m_navigationNodes ? m_navigationNodes->position() : QPointF();
         m_positionXCount->setText(SKLabel::readOut(-offset.x(), -offset.y()));
     }
-    for (const elementNodePtr& node : m_nodeIntersected) {
+    for (const ElementNodePtr& node : m_nodeIntersected) {
         tessaro::kit::PhysicsBody* body = node->physicsBody();
         if (body && body->allContactedBodies().empty())
             if (NodePtr marker = node->childNodeWithName(QStringLiteral("snapToImage")))
@@ -340,7 +340,7 @@ void sceneEditor::update(double)
     }
 }
 
-void sceneEditor::didMoveToView(tessaro::kit::SceneView* view)
+void SceneEditor::didMoveToView(tessaro::kit::SceneView* view)
 {
     const QSizeF viewSize = view ? QSizeF(view->size()) : QSizeF();
     tessaro::diagnostic("Scene size: (" + tessaro::numberText(Scene::size().width()) + ", " +
@@ -348,7 +348,7 @@ void sceneEditor::didMoveToView(tessaro::kit::SceneView* view)
                         tessaro::numberText(viewSize.width()) + ", " + tessaro::numberText(viewSize.height()) + ")");
 }
 
-void sceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
+void SceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
 {
     const auto bodyA = contact.bodyA();
     const auto bodyB = contact.bodyB();
@@ -357,13 +357,13 @@ void sceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
     const std::uint32_t floorBit = tessaro::collisionBit(tessaro::collisionTypes::floor);
     if (bodyA->categoryBitMask() != floorBit || bodyB->categoryBitMask() != floorBit)
         return;
-    auto* a = dynamic_cast<elementNode*>(bodyA->node());
-    auto* b = dynamic_cast<elementNode*>(bodyB->node());
+    auto* a = dynamic_cast<ElementNode*>(bodyA->node());
+    auto* b = dynamic_cast<ElementNode*>(bodyB->node());
     if (!a || !b)
         return;
-    elementNode* selected = b->activelySelected ? b : a;
-    elementNode* other = selected == b ? a : b;
-    auto otherPtr = std::dynamic_pointer_cast<elementNode>(other->shared_from_this());
+    ElementNode* selected = b->activelySelected ? b : a;
+    ElementNode* other = selected == b ? a : b;
+    auto otherPtr = std::dynamic_pointer_cast<ElementNode>(other->shared_from_this());
     m_nodeIntersected.push_back(otherPtr);
     const double selectedRight = selected->position().x() + selected->size().width() / 2;
     const double otherRight = other->position().x() + other->size().width() / 2;
@@ -373,9 +373,9 @@ void sceneEditor::didBeginContact(const tessaro::kit::PhysicsContact& contact)
 
 // ---- Scrolling and selection hooks ----------------------------------------------------------------
 
-void sceneEditor::moveScene(publishedElementList selector, std::optional<tessaro::PointValue> value)
+void SceneEditor::moveScene(PublishedElementList selector, std::optional<tessaro::PointValue> value)
 {
-    if (selector != publishedElementList::scenePosition)
+    if (selector != PublishedElementList::scenePosition)
         return;
     const tessaro::PointValue point = value.value_or(tessaro::PointValue{});
     if (m_tab)
@@ -387,32 +387,32 @@ void sceneEditor::moveScene(publishedElementList selector, std::optional<tessaro
     emit scrolled();
 }
 
-tessaro::PointValue sceneEditor::scrollPosition() const
+tessaro::PointValue SceneEditor::scrollPosition() const
 {
     if (!m_navigationNodes)
         return {};
     return {-m_navigationNodes->position().x(), -m_navigationNodes->position().y()};
 }
 
-std::array<NodePtr, 9> sceneEditor::elementLayers() const
+std::array<NodePtr, 9> SceneEditor::elementLayers() const
 {
     return {m_backgroundNodes, m_pinnedBackgroundNodes, m_obstacleNodes,   m_characterNodes, m_groundNodes,
             m_coinNodes,       m_artifactNodes,         m_checkpointNodes, m_shieldsNodes};
 }
 
-void sceneEditor::clearGlow(const elementNode* keep)
+void SceneEditor::clearGlow(const ElementNode* keep)
 {
     // Only elements that can be selected glow, and they stand in the layers.
     for (const NodePtr& layer : elementLayers())
         if (layer)
             for (const NodePtr& node : layer->children())
-                if (auto* element = dynamic_cast<elementNode*>(node.get()); element && element != keep)
+                if (auto* element = dynamic_cast<ElementNode*>(node.get()); element && element != keep)
                     element->removeGlow();
 }
 
-elementNodePtr sceneEditor::elementNamed(const QString& name) const
+ElementNodePtr SceneEditor::elementNamed(const QString& name) const
 {
-    elementNodePtr found;
+    ElementNodePtr found;
     if (name.isEmpty())
         return found;
     // Elements stand in the layers; a search of the whole tree is the
@@ -421,11 +421,11 @@ elementNodePtr sceneEditor::elementNamed(const QString& name) const
         if (layer)
             for (const NodePtr& node : layer->children())
                 if (node->name() == name)
-                    if (auto element = std::dynamic_pointer_cast<elementNode>(node))
+                    if (auto element = std::dynamic_pointer_cast<ElementNode>(node))
                         return element;
     enumerateChildNodesWithName(QStringLiteral("//*"), [&](const NodePtr& node, bool& stop) {
         if (node->name() == name) {
-            if (auto element = std::dynamic_pointer_cast<elementNode>(node)) {
+            if (auto element = std::dynamic_pointer_cast<ElementNode>(node)) {
                 found = element;
                 stop = true;
             }
@@ -434,17 +434,17 @@ elementNodePtr sceneEditor::elementNamed(const QString& name) const
     return found;
 }
 
-elementNodePtr sceneEditor::selectedNode() const
+ElementNodePtr SceneEditor::selectedNode() const
 {
     if (!m_tab)
         return nullptr;
     return elementNamed(QString::fromStdString(m_tab->selectedObject().name));
 }
 
-void sceneEditor::deselect()
+void SceneEditor::deselect()
 {
     if (m_tab) {
-        m_tab->setElementPhase(selectionPhase::NotSelected);
+        m_tab->setElementPhase(SelectionPhase::NotSelected);
         m_tab->setSelectedObject({});
     }
     for (const NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes})
@@ -453,11 +453,11 @@ void sceneEditor::deselect()
                 child->setAlpha(1);
 }
 
-void sceneEditor::publishSelection(elementNode& node)
+void SceneEditor::publishSelection(ElementNode& node)
 {
     // Selecting the selected element again changes nothing, so that edits in
     // progress survive.
-    if (m_tab && m_tab->elementPhase() == selectionPhase::Selected &&
+    if (m_tab && m_tab->elementPhase() == SelectionPhase::Selected &&
         m_tab->selectedObject().name == node.name().toStdString())
         return;
     if (!node.hasGlow()) {
@@ -471,14 +471,14 @@ void sceneEditor::publishSelection(elementNode& node)
     }
     if (!m_tab)
         return;
-    selectedObjectModel model;
+    SelectedObjectModel model;
     model.name = node.name().toStdString();
     model.type = node.kind();
     m_tab->setSelectedObject(std::move(model));
-    m_tab->setElementPhase(selectionPhase::Selected);
+    m_tab->setElementPhase(SelectionPhase::Selected);
 }
 
-void sceneEditor::writeBack(const tessaro::Uuid& levelId)
+void SceneEditor::writeBack(const tessaro::Uuid& levelId)
 {
     tessaro::Level* level = tabLevel(levelId);
     const SceneWriteBack collect(*this);
@@ -516,27 +516,27 @@ void sceneEditor::writeBack(const tessaro::Uuid& levelId)
         m_tab->notifyLevelConfigChanged();
 }
 
-void sceneEditor::mouseDown(const tessaro::kit::MouseEvent& event)
+void SceneEditor::mouseDown(const tessaro::kit::MouseEvent& event)
 {
     m_tools->mouseDown(event);
 }
 
-void sceneEditor::mouseDragged(const tessaro::kit::MouseEvent& event)
+void SceneEditor::mouseDragged(const tessaro::kit::MouseEvent& event)
 {
     m_tools->mouseDragged(event);
 }
 
-void sceneEditor::mouseUp(const tessaro::kit::MouseEvent& event)
+void SceneEditor::mouseUp(const tessaro::kit::MouseEvent& event)
 {
     m_tools->mouseUp(event);
 }
 
-void sceneEditor::keyDown(const tessaro::kit::KeyEvent& event)
+void SceneEditor::keyDown(const tessaro::kit::KeyEvent& event)
 {
     m_tools->keyDown(event);
 }
 
-void sceneEditor::setBackgroundsHidden(bool hidden)
+void SceneEditor::setBackgroundsHidden(bool hidden)
 {
     for (const NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes})
         if (layer)
@@ -547,14 +547,14 @@ void sceneEditor::setBackgroundsHidden(bool hidden)
 
 SceneFactory makeSceneEditorFactory(const CanvasHooks& hooks)
 {
-    return [hooks](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
-        return sceneEditor::create(&tab, setup, hooks);
+    return [hooks](ProjectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
+        return SceneEditor::create(&tab, setup, hooks);
     };
 }
 
-sceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene)
+SceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene)
 {
-    return std::dynamic_pointer_cast<sceneEditor>(scene);
+    return std::dynamic_pointer_cast<SceneEditor>(scene);
 }
 
 } // namespace stagewright

@@ -48,18 +48,18 @@ struct LayoutContext;
 
 namespace stagewright {
 
-class sceneEditor : public QObject, public tessaro::kit::Scene, public LevelScene {
+class SceneEditor : public QObject, public tessaro::kit::Scene, public LevelScene {
     Q_OBJECT
 public:
     /// A scene for the levels of `tab` (none for a scene on its own), named,
     /// coloured and sized as `setup` says, handing on what it does by `hooks`.
-    sceneEditor(projectTab* tab, const SceneSetup& setup, CanvasHooks hooks = {});
-    ~sceneEditor() override;
-    static std::shared_ptr<sceneEditor> create(projectTab* tab, const SceneSetup& setup = {}, CanvasHooks hooks = {});
+    SceneEditor(ProjectTab* tab, const SceneSetup& setup, CanvasHooks hooks = {});
+    ~SceneEditor() override;
+    static std::shared_ptr<SceneEditor> create(ProjectTab* tab, const SceneSetup& setup = {}, CanvasHooks hooks = {});
     /// What the scene hands on; a test may change them.
     CanvasHooks& hooks() { return m_hooks; }
 
-    projectTab* tab() const { return m_tab; }
+    ProjectTab* tab() const { return m_tab; }
     // The node tree's parent and children, not the QObject ones.
     using tessaro::kit::Node::children;
     using tessaro::kit::Node::parent;
@@ -97,7 +97,7 @@ public:
     /// checkpoints, shields, backgrounds (unpinned); null for the others.
     tessaro::kit::NodePtr layerFor(tessaro::sceneObjectType kind) const;
     /// The element nodes of a layer, in child order.
-    static std::vector<elementNodePtr> elementsOf(const tessaro::kit::NodePtr& layer);
+    static std::vector<ElementNodePtr> elementsOf(const tessaro::kit::NodePtr& layer);
     /// The layers that hold elements, backgrounds first.
     std::array<tessaro::kit::NodePtr, 9> elementLayers() const;
 
@@ -115,7 +115,7 @@ public:
     double groundBase() const { return m_groundBase; }
     double backgroundY() const { return m_backgroundY; }
     const tessaro::Uuid& id() const { return m_id; }
-    std::vector<elementNodePtr>& nodeIntersected() { return m_nodeIntersected; }
+    std::vector<ElementNodePtr>& nodeIntersected() { return m_nodeIntersected; }
     const std::optional<QString>& nodeSelectedName() const { return m_nodeSelectedName; }
     void setNodeSelectedName(std::optional<QString> name) { m_nodeSelectedName = std::move(name); }
     /// The coordinate read-out; null after clearScene(false).
@@ -168,24 +168,24 @@ public:
     /// Scrolls so that `value` is at the view's centre and records it as the
     /// tab's `scenePosition`; only the selector `scenePosition` acts. The
     /// unpinned backgrounds stay: they fill the view at every offset.
-    void moveScene(publishedElementList selector, std::optional<tessaro::PointValue> value);
+    void moveScene(PublishedElementList selector, std::optional<tessaro::PointValue> value);
     /// The scroll offset: the negated position of `navigationNodes`.
     tessaro::PointValue scrollPosition() const;
     /// Removes every "glow" but the one of `keep`.
-    void clearGlow(const elementNode* keep = nullptr);
+    void clearGlow(const ElementNode* keep = nullptr);
     /// The node named by the tab's selected object, or null.
-    elementNodePtr selectedNode() const;
+    ElementNodePtr selectedNode() const;
     /// Back to no selection: phase NotSelected, an empty selected object, full
     /// alpha on all backgrounds.
     void deselect();
     /// Publishes `node` through the hooks' publisher.
-    void publishSelection(elementNode& node);
+    void publishSelection(ElementNode& node);
     /// The node with this name anywhere in the scene, or null.
-    elementNodePtr elementNamed(const QString& name) const;
+    ElementNodePtr elementNamed(const QString& name) const;
 
     // ---- Selection (Selection.cpp) -------------------------------------------------------------
     /// Publishes `node` as the selection; nothing happens without a node.
-    void selectNode(const elementNodePtr& node);
+    void selectNode(const ElementNodePtr& node);
     /// Selects from a list entry "kind:id", where id is a node's name, or a
     /// background record's id for kind `background`, and scrolls the node
     /// into view when it is out of view.
@@ -195,9 +195,9 @@ public:
 
     // ---- Element identities (ElementIdentity.cpp) ------------------------------------------------
     /// The element with that handle, or null.
-    elementNodePtr elementWithHandle(elementHandle handle) const;
+    ElementNodePtr elementWithHandle(ElementHandle handle) const;
     /// The element nodes of a kind in the order the level stores them.
-    std::vector<elementNodePtr> storedOrder(tessaro::sceneObjectType kind) const;
+    std::vector<ElementNodePtr> storedOrder(tessaro::sceneObjectType kind) const;
     /// Gives the elements of a kind without a handle the handles their places
     /// in the level had when it was last written back.
     void assignHandles(tessaro::sceneObjectType kind);
@@ -206,23 +206,23 @@ public:
     /// An element and its place: what it is and where it stands in its layer.
     struct ElementInPlace {
         ElementRecords records;
-        elementHandle handle = 0;
+        ElementHandle handle = 0;
         std::size_t layerIndex = 0;
     };
     /// Takes the selected element out of the scene. The selection is
     /// cleared. None when nothing is selected.
     std::optional<ElementInPlace> deleteSelectedNode();
     /// Takes the element with that handle out of the scene.
-    std::optional<ElementInPlace> removeElement(elementHandle handle);
+    std::optional<ElementInPlace> removeElement(ElementHandle handle);
     /// Empties a node and detaches it, with the repeated copies it owns.
-    void removeNode(elementNode& node);
+    void removeNode(ElementNode& node);
     /// Adds a copy of `copy` to the layer of its kind, beside the copied
     /// element or at `location`. Backgrounds are not pasted: null.
-    elementNodePtr pasteNode(const ElementRecords& copy, std::optional<tessaro::PointValue> location,
-                             elementHandle handle);
+    ElementNodePtr pasteNode(const ElementRecords& copy, std::optional<tessaro::PointValue> location,
+                             ElementHandle handle);
     /// Puts an element back at `layerIndex` of the layer of its kind, as
     /// `element` describes it.
-    elementNodePtr placeElement(const ElementRecords& element, std::size_t layerIndex, elementHandle handle);
+    ElementNodePtr placeElement(const ElementRecords& element, std::size_t layerIndex, ElementHandle handle);
 
     // ---- Edits the canvas makes ------------------------------------------------------------------
     /// Where the canvas sends the moves and sizes it makes; without a route
@@ -248,7 +248,7 @@ signals:
     void scrolled();
 
 private:
-    friend class elementNode;
+    friend class ElementNode;
     friend class SceneWriteBack;
     friend class ElementPlacement;
 
@@ -269,7 +269,7 @@ private:
     /// Frame of the platform scene.
     QRectF frameRect() const { return sceneFrame(); }
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     CanvasHooks m_hooks;
     tessaro::SizeValue m_sceneSize;
     sceneScaleMode m_sceneScaleMode = sceneScaleMode::aspectFit;
@@ -292,7 +292,7 @@ private:
     tessaro::kit::NodePtr m_checkpointNodes;
     tessaro::kit::NodePtr m_shieldsNodes;
     tessaro::kit::NodePtr m_navigationNodes;
-    std::vector<elementNodePtr> m_nodeIntersected;
+    std::vector<ElementNodePtr> m_nodeIntersected;
     std::optional<QString> m_nodeSelectedName;
     std::shared_ptr<SKLabel> m_positionXCount;
     std::shared_ptr<const tessaro::layout::GroundPlan> m_groundPlan;
@@ -305,13 +305,13 @@ private:
     std::unique_ptr<ElementPlacement> m_placement;
 };
 
-using sceneEditorPtr = std::shared_ptr<sceneEditor>;
+using SceneEditorPtr = std::shared_ptr<SceneEditor>;
 
 /// The factory that makes the application's tabs edit their levels on a
-/// `sceneEditor` with `hooks`; install it with `SceneSettings::setSceneFactory`.
+/// `SceneEditor` with `hooks`; install it with `SceneSettings::setSceneFactory`.
 SceneFactory makeSceneEditorFactory(const CanvasHooks& hooks = {});
 
-/// The sceneEditor behind a tab's scene, or null.
-sceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene);
+/// The SceneEditor behind a tab's scene, or null.
+SceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene);
 
 } // namespace stagewright

@@ -32,7 +32,7 @@ void storeSparse(std::optional<T>& field, bool wasAbsent, const T& value, const 
 }
 
 template <class T>
-const T* loadedAs(const elementNode& node)
+const T* loadedAs(const ElementNode& node)
 {
     return node.loadedItem ? std::get_if<T>(node.loadedItem.get()) : nullptr;
 }
@@ -40,7 +40,7 @@ const T* loadedAs(const elementNode& node)
 // What an obstacle or character item stores as its properties: the node's
 // override record with the node's animation, devices and sounds.
 template <class Properties>
-Properties propertiesToStore(const std::optional<Properties>& overrides, const elementNode& node)
+Properties propertiesToStore(const std::optional<Properties>& overrides, const ElementNode& node)
 {
     Properties properties;
     if (overrides)
@@ -105,13 +105,13 @@ std::optional<tessaro::Background> SceneWriteBack::collectBackground(const tessa
 
 std::vector<tessaro::GroundSection> SceneWriteBack::collectGround() const
 {
-    std::vector<elementNodePtr> nodes = sceneEditor::elementsOf(m_scene.groundNodes());
-    std::stable_sort(nodes.begin(), nodes.end(), [](const elementNodePtr& a, const elementNodePtr& b) {
+    std::vector<ElementNodePtr> nodes = SceneEditor::elementsOf(m_scene.groundNodes());
+    std::stable_sort(nodes.begin(), nodes.end(), [](const ElementNodePtr& a, const ElementNodePtr& b) {
         return a->sequenceId.value_or(0) < b->sequenceId.value_or(0);
     });
     std::vector<tessaro::GroundSection> sections;
     sections.reserve(nodes.size());
-    for (const elementNodePtr& node : nodes) {
+    for (const ElementNodePtr& node : nodes) {
         tessaro::GroundSection section = node->groundSection.value_or(tessaro::GroundSection{});
         // A section keeps its id from save to save, so an unchanged level
         // saves as it was; only a section without one gets one.
@@ -123,7 +123,7 @@ std::vector<tessaro::GroundSection> SceneWriteBack::collectGround() const
     return sections;
 }
 
-std::optional<tessaro::ObstacleLevelItem> SceneWriteBack::obstacleItem(const elementNode& node) const
+std::optional<tessaro::ObstacleLevelItem> SceneWriteBack::obstacleItem(const ElementNode& node) const
 {
     if (node.repeatedNode || node.kind() != sceneObjectType::obstacles)
         return std::nullopt;
@@ -146,13 +146,13 @@ std::vector<tessaro::ObstacleLevelItem> SceneWriteBack::collectObstacles() const
     if (!m_scene.obstacleNodes())
         return items;
     items.reserve(m_scene.obstacleNodes()->children().size());
-    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.obstacleNodes()))
+    for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.obstacleNodes()))
         if (std::optional<tessaro::ObstacleLevelItem> item = obstacleItem(*node))
             items.push_back(std::move(*item));
     return items;
 }
 
-std::optional<tessaro::CharacterLevelItem> SceneWriteBack::characterItem(const elementNode& node) const
+std::optional<tessaro::CharacterLevelItem> SceneWriteBack::characterItem(const ElementNode& node) const
 {
     if (node.kind() != sceneObjectType::character)
         return std::nullopt;
@@ -181,7 +181,7 @@ std::optional<tessaro::CharacterLevelItem> SceneWriteBack::characterItem(const e
 std::vector<tessaro::CharacterLevelItem> SceneWriteBack::collectCharacters() const
 {
     std::vector<tessaro::CharacterLevelItem> items;
-    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.characterNodes()))
+    for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.characterNodes()))
         if (std::optional<tessaro::CharacterLevelItem> item = characterItem(*node))
             items.push_back(std::move(*item));
     return items;
@@ -191,7 +191,7 @@ tessaro::Artifacts SceneWriteBack::collectArtifacts(const tessaro::Level* level)
 {
     tessaro::Artifacts artifacts = level && level->artifacts ? *level->artifacts : tessaro::Artifacts{};
     std::vector<tessaro::Artifact> list;
-    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.artifactNodes())) {
+    for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.artifactNodes())) {
         const auto* loaded = loadedAs<tessaro::Artifact>(*node);
         if (node->keptOnly) {
             if (loaded)
@@ -213,7 +213,7 @@ tessaro::Shields SceneWriteBack::collectShields(const tessaro::Level* level) con
 {
     tessaro::Shields shields = level && level->shields ? *level->shields : tessaro::Shields{};
     std::vector<tessaro::Shield> list;
-    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.shieldsNodes())) {
+    for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.shieldsNodes())) {
         const auto* loaded = loadedAs<tessaro::Shield>(*node);
         if (node->keptOnly) {
             if (loaded)
@@ -241,7 +241,7 @@ tessaro::Coins SceneWriteBack::collectCoins(const tessaro::Level* level) const
 {
     tessaro::Coins coins = level && level->coins ? *level->coins : tessaro::Coins{};
     std::vector<tessaro::Coin> list;
-    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.coinNodes())) {
+    for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.coinNodes())) {
         const auto* loaded = loadedAs<tessaro::Coin>(*node);
         if (node->keptOnly) {
             if (loaded)
@@ -268,7 +268,7 @@ tessaro::CheckPointData SceneWriteBack::collectCheckpoints(const tessaro::Level*
 {
     tessaro::CheckPointData checkpoints = level && level->checkpoints ? *level->checkpoints : tessaro::CheckPointData{};
     std::vector<tessaro::CheckPointLocation> list;
-    for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.checkpointNodes())) {
+    for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.checkpointNodes())) {
         if (node->keptOnly) {
             if (const auto* loaded = loadedAs<tessaro::CheckPointLocation>(*node))
                 list.push_back(*loaded);
@@ -284,7 +284,7 @@ tessaro::CheckPointData SceneWriteBack::collectCheckpoints(const tessaro::Level*
     // none takes the entry of the first one added, or a reload could not
     // show them.
     if (checkpoints.image.empty())
-        for (const elementNodePtr& node : sceneEditor::elementsOf(m_scene.checkpointNodes())) {
+        for (const ElementNodePtr& node : SceneEditor::elementsOf(m_scene.checkpointNodes())) {
             const auto* object = node->keptOnly || !node->defaultViewProperties
                 ? nullptr
                 : std::get_if<tessaro::GenericObject>(node->defaultViewProperties.get());

@@ -10,12 +10,12 @@
 
 namespace stagewright {
 
-class elementNode;
-class sceneEditor;
+class ElementNode;
+class SceneEditor;
 
 class SceneWriteBack {
 public:
-    explicit SceneWriteBack(const sceneEditor& scene) : m_scene(scene) {}
+    explicit SceneWriteBack(const SceneEditor& scene) : m_scene(scene) {}
 
     tessaro::LevelSettings collectSettings(const tessaro::Level* level) const;
     std::optional<tessaro::Background> collectBackground(const tessaro::Level* level) const;
@@ -27,11 +27,11 @@ public:
     tessaro::Coins collectCoins(const tessaro::Level* level) const;
     tessaro::CheckPointData collectCheckpoints(const tessaro::Level* level) const;
     /// The record of one node (none for repeated copies and nodes of another kind).
-    std::optional<tessaro::ObstacleLevelItem> obstacleItem(const elementNode& node) const;
-    std::optional<tessaro::CharacterLevelItem> characterItem(const elementNode& node) const;
+    std::optional<tessaro::ObstacleLevelItem> obstacleItem(const ElementNode& node) const;
+    std::optional<tessaro::CharacterLevelItem> characterItem(const ElementNode& node) const;
 
 private:
-    const sceneEditor& m_scene;
+    const SceneEditor& m_scene;
 };
 
 } // namespace stagewright

@@ -29,7 +29,7 @@ QString now()
 
 } // namespace
 
-void sceneEditor::selectNode(const elementNodePtr& node)
+void SceneEditor::selectNode(const ElementNodePtr& node)
 {
     // An element kept only because its catalogue entry is missing is saved
     // as read and never edited.
@@ -40,16 +40,16 @@ void sceneEditor::selectNode(const elementNodePtr& node)
     trace(now() + QStringLiteral(": END"));
 }
 
-void sceneEditor::selectNodeNamed(const QString& text)
+void SceneEditor::selectNodeNamed(const QString& text)
 {
-    if (m_tab && m_tab->elementPhase() == selectionPhase::BeingSelected)
+    if (m_tab && m_tab->elementPhase() == SelectionPhase::BeingSelected)
         return;
     const QStringList parts = text.split(QLatin1Char(':'));
     if (parts.size() != 2)
         return;
     const std::optional<sceneObjectType> kind = tessaro::caseFromText<sceneObjectType>(parts[0].toStdString());
 
-    elementNodePtr node;
+    ElementNodePtr node;
     if (kind != sceneObjectType::background) {
         node = elementNamed(parts[1]);
     } else {
@@ -57,7 +57,7 @@ void sceneEditor::selectNodeNamed(const QString& text)
         if (!id)
             return;
         for (const tessaro::kit::NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes}) {
-            for (const elementNodePtr& candidate : elementsOf(layer))
+            for (const ElementNodePtr& candidate : elementsOf(layer))
                 if (candidate->backgroundAssociatedId == id) {
                     node = candidate;
                     break;
@@ -76,7 +76,7 @@ void sceneEditor::selectNodeNamed(const QString& text)
         clearGlow();
     }
     if (!intersectsNode(*node))
-        moveScene(publishedElementList::scenePosition,
+        moveScene(PublishedElementList::scenePosition,
                   tessaro::PointValue{tessaro::roundedValue(node->position().x(), 1),
                                       tessaro::roundedValue(node->position().y(), 1)});
     node->selectFromList();

@@ -15,7 +15,7 @@
 
 namespace stagewright {
 
-void shapeNode::mouseDown(const tessaro::kit::MouseEvent&)
+void SizerNode::mouseDown(const tessaro::kit::MouseEvent&)
 {
     auto* sprite = dynamic_cast<tessaro::kit::SpriteNode*>(parent());
     if (!sprite)
@@ -26,7 +26,7 @@ void shapeNode::mouseDown(const tessaro::kit::MouseEvent&)
     tessaro::diagnostic("imageRatio: " + tessaro::numberText(imageRatio));
 }
 
-void shapeNode::mouseDragged(const tessaro::kit::MouseEvent& event)
+void SizerNode::mouseDragged(const tessaro::kit::MouseEvent& event)
 {
     auto* sprite = dynamic_cast<tessaro::kit::SpriteNode*>(parent());
     if (!sprite || sizeType != SizerType::top || !startingSize || !startingPosition)
@@ -39,24 +39,24 @@ void shapeNode::mouseDragged(const tessaro::kit::MouseEvent& event)
     sprite->setSize(QSizeF(height * imageRatio, height));
     setPosition(0, height / 2);
 
-    auto* element = dynamic_cast<elementNode*>(sprite);
-    sceneEditor* scene = element ? element->editorScene() : nullptr;
-    if (projectTab* tab = scene ? scene->tab() : nullptr) {
+    auto* element = dynamic_cast<ElementNode*>(sprite);
+    SceneEditor* scene = element ? element->editorScene() : nullptr;
+    if (ProjectTab* tab = scene ? scene->tab() : nullptr) {
         tab->selectedObject().real_Position =
             QString::asprintf("{%.0f, %.0f }", sprite->position().x(), sprite->position().y()).toStdString();
         tab->notifySelectedObjectChanged();
     }
 }
 
-void shapeNode::mouseUp(const tessaro::kit::MouseEvent&)
+void SizerNode::mouseUp(const tessaro::kit::MouseEvent&)
 {
     if (!isDragging)
         return;
     isDragging = false;
-    auto* element = dynamic_cast<elementNode*>(parent());
+    auto* element = dynamic_cast<ElementNode*>(parent());
     if (!element)
         return;
-    sceneEditor* scene = element->editorScene();
+    SceneEditor* scene = element->editorScene();
     CanvasEditRoute* route = scene ? scene->editRoute() : nullptr;
     if (scene && route && startingSize) {
         // The history keeps the element at the size the press found; the
@@ -70,7 +70,7 @@ void shapeNode::mouseUp(const tessaro::kit::MouseEvent&)
     const tessaro::kit::PhysicsBody* body = element->physicsBody();
     if (!body)
         return;
-    const elementBodyMasks masks{body->categoryBitMask(), body->contactTestBitMask(), body->collisionBitMask(),
+    const ElementBodyMasks masks{body->categoryBitMask(), body->contactTestBitMask(), body->collisionBitMask(),
                                  body->affectedByGravity(), body->isDynamic()};
     element->setPhysicsBody(nullptr);
     if (element->kind() != tessaro::sceneObjectType::background)

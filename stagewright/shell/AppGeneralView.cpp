@@ -23,7 +23,7 @@ QLineEdit* addressField(const QString& objectName, const QString& fallback, QWid
 
 } // namespace
 
-appGeneralView::appGeneralView(AppPreferences& preferences, QWidget* parent)
+AppGeneralView::AppGeneralView(AppPreferences& preferences, QWidget* parent)
     : QWidget(parent),
       m_preferences(preferences)
 {
@@ -63,10 +63,10 @@ appGeneralView::appGeneralView(AppPreferences& preferences, QWidget* parent)
     connect(m_server, &QLineEdit::editingFinished, this, [this] { m_preferences.setServerAddress(m_server->text()); });
     connect(m_sourcePage, &QLineEdit::editingFinished, this,
             [this] { m_preferences.setSourcePageAddress(m_sourcePage->text()); });
-    connect(&preferences, &AppPreferences::addressesChanged, this, &appGeneralView::showAddresses);
+    connect(&preferences, &AppPreferences::addressesChanged, this, &AppGeneralView::showAddresses);
 }
 
-void appGeneralView::showAddresses()
+void AppGeneralView::showAddresses()
 {
     const auto show = [](QLineEdit* field, const QString& address, const QString& fallback) {
         const QString shown = address == fallback ? QString() : address;

@@ -13,10 +13,10 @@ namespace stagewright {
 class AppPreferences;
 class LabelledIntStepper;
 
-class appGeneralView : public QWidget {
+class AppGeneralView : public QWidget {
     Q_OBJECT
 public:
-    explicit appGeneralView(AppPreferences& preferences, QWidget* parent = nullptr);
+    explicit AppGeneralView(AppPreferences& preferences, QWidget* parent = nullptr);
 
     QCheckBox* darkModeSwitch() const { return m_darkMode; }
     QLineEdit* serverAddressField() const { return m_server; }

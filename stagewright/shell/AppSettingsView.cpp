@@ -11,15 +11,15 @@
 
 namespace stagewright {
 
-appSettingsView::appSettingsView(AppPreferences& preferences, QWidget* parent) : QWidget(parent, Qt::Window)
+AppSettingsView::AppSettingsView(AppPreferences& preferences, QWidget* parent) : QWidget(parent, Qt::Window)
 {
     setObjectName(WindowId::settings);
     setWindowTitle(tr("Settings"));
     auto* layout = new QVBoxLayout(this);
     m_tabs = new QTabWidget(this);
-    m_general = new appGeneralView(preferences, m_tabs);
-    m_workspace = new appWorkspaceView(preferences, m_tabs);
-    m_permissions = new securityPermissionsView(preferences, m_tabs);
+    m_general = new AppGeneralView(preferences, m_tabs);
+    m_workspace = new AppWorkspaceView(preferences, m_tabs);
+    m_permissions = new SecurityPermissionsView(preferences, m_tabs);
     m_tabs->addTab(m_general, shellIcon(Symbol::gear), tr("General"));
     m_tabs->addTab(m_workspace, shellIcon(Symbol::folderGear), tr("Workspace"));
     m_tabs->addTab(m_permissions, shellIcon(Symbol::lock), tr("Permissions"));

@@ -12,25 +12,25 @@ class QTabWidget;
 namespace stagewright {
 
 class AppPreferences;
-class appGeneralView;
-class appWorkspaceView;
-class securityPermissionsView;
+class AppGeneralView;
+class AppWorkspaceView;
+class SecurityPermissionsView;
 
-class appSettingsView : public QWidget {
+class AppSettingsView : public QWidget {
     Q_OBJECT
 public:
-    explicit appSettingsView(AppPreferences& preferences, QWidget* parent = nullptr);
+    explicit AppSettingsView(AppPreferences& preferences, QWidget* parent = nullptr);
 
     QTabWidget* tabs() const { return m_tabs; }
-    appGeneralView* general() const { return m_general; }
-    appWorkspaceView* workspace() const { return m_workspace; }
-    securityPermissionsView* permissions() const { return m_permissions; }
+    AppGeneralView* general() const { return m_general; }
+    AppWorkspaceView* workspace() const { return m_workspace; }
+    SecurityPermissionsView* permissions() const { return m_permissions; }
 
 private:
     QTabWidget* m_tabs = nullptr;
-    appGeneralView* m_general = nullptr;
-    appWorkspaceView* m_workspace = nullptr;
-    securityPermissionsView* m_permissions = nullptr;
+    AppGeneralView* m_general = nullptr;
+    AppWorkspaceView* m_workspace = nullptr;
+    SecurityPermissionsView* m_permissions = nullptr;
 };
 
 } // namespace stagewright

@@ -58,7 +58,7 @@ QStringList optionNames(const std::vector<tessaro::DebugOption>& options)
 
 } // namespace
 
-appWorkspaceView::appWorkspaceView(AppPreferences& preferences, QWidget* parent)
+AppWorkspaceView::AppWorkspaceView(AppPreferences& preferences, QWidget* parent)
     : QWidget(parent),
       m_preferences(preferences)
 {
@@ -104,11 +104,11 @@ appWorkspaceView::appWorkspaceView(AppPreferences& preferences, QWidget* parent)
     for (tessaro::DebugOption option : tessaro::allCases<tessaro::DebugOption>())
         if (option != tessaro::DebugOption::none)
             options.append(text(tessaro::caseText(option)));
-    m_debugOptions = new customMultiSelectCombo(QString(), options, this);
+    m_debugOptions = new CustomMultiSelectCombo(QString(), options, this);
     m_debugOptions->setObjectName(QStringLiteral("debugOptions"));
     m_debugOptions->setSeparator(QStringLiteral(","));
     form->addRow(tr("Debug options:"), m_debugOptions);
-    connect(m_debugOptions, &customMultiSelectCombo::itemClicked, &preferences, [&preferences](const QString& item) {
+    connect(m_debugOptions, &CustomMultiSelectCombo::itemClicked, &preferences, [&preferences](const QString& item) {
         if (const auto option = tessaro::caseFromText<tessaro::DebugOption>(item.toStdString()))
             preferences.toggleDebugOption(*option);
     });
@@ -120,12 +120,12 @@ appWorkspaceView::appWorkspaceView(AppPreferences& preferences, QWidget* parent)
     column->addStretch(1);
     connect(m_reset, &QPushButton::clicked, &preferences, &AppPreferences::resetWorkspaceDefaults);
 
-    connect(&preferences, &AppPreferences::workspaceDefaultsChanged, this, &appWorkspaceView::refresh);
-    connect(&preferences, &AppPreferences::debugOptionsChanged, this, &appWorkspaceView::refresh);
+    connect(&preferences, &AppPreferences::workspaceDefaultsChanged, this, &AppWorkspaceView::refresh);
+    connect(&preferences, &AppPreferences::debugOptionsChanged, this, &AppWorkspaceView::refresh);
     refresh();
 }
 
-void appWorkspaceView::refresh()
+void AppWorkspaceView::refresh()
 {
     const tessaro::BaseConfig& defaults = m_preferences.workspaceDefaults();
     m_sceneSize->setValue(defaults.defaultSceneSize);

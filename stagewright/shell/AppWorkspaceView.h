@@ -14,12 +14,12 @@ namespace stagewright {
 class AppPreferences;
 class LabelledPointStepper;
 class LabelledSizeStepper;
-class customMultiSelectCombo;
+class CustomMultiSelectCombo;
 
-class appWorkspaceView : public QWidget {
+class AppWorkspaceView : public QWidget {
     Q_OBJECT
 public:
-    explicit appWorkspaceView(AppPreferences& preferences, QWidget* parent = nullptr);
+    explicit AppWorkspaceView(AppPreferences& preferences, QWidget* parent = nullptr);
 
     LabelledSizeStepper* sceneSize() const { return m_sceneSize; }
     QComboBox* orientation() const { return m_orientation; }
@@ -27,7 +27,7 @@ public:
     LabelledPointStepper* anchorPoint() const { return m_anchorPoint; }
     QComboBox* imageScale() const { return m_imageScale; }
     QComboBox* imageType() const { return m_imageType; }
-    customMultiSelectCombo* debugOptions() const { return m_debugOptions; }
+    CustomMultiSelectCombo* debugOptions() const { return m_debugOptions; }
     QPushButton* resetButton() const { return m_reset; }
 
 private:
@@ -41,7 +41,7 @@ private:
     LabelledPointStepper* m_anchorPoint = nullptr;
     QComboBox* m_imageScale = nullptr;
     QComboBox* m_imageType = nullptr;
-    customMultiSelectCombo* m_debugOptions = nullptr;
+    CustomMultiSelectCombo* m_debugOptions = nullptr;
     QPushButton* m_reset = nullptr;
 };
 

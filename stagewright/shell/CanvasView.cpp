@@ -30,7 +30,7 @@ void CanvasSceneView::wheelEvent(QWheelEvent* event)
     event->ignore();
 }
 
-CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) : QScrollArea(parent), m_tab(tab.get())
+CanvasView::CanvasView(const std::shared_ptr<ProjectTab>& tab, QWidget* parent) : QScrollArea(parent), m_tab(tab.get())
 {
     setObjectName(QStringLiteral("canvasView"));
     setWidgetResizable(false);
@@ -46,14 +46,14 @@ CanvasView::CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent) 
     showDebugOptions(tessaro::globalAppConfig().debugOptions);
 
     if (m_tab) {
-        connect(m_tab, &projectTab::currentSceneChanged, this, &CanvasView::presentCurrentScene);
-        connect(m_tab, &projectTab::scaledValueChanged, this, &CanvasView::relayout);
-        connect(m_tab, &projectTab::selectedSceneSizeChanged, this, &CanvasView::relayout);
+        connect(m_tab, &ProjectTab::currentSceneChanged, this, &CanvasView::presentCurrentScene);
+        connect(m_tab, &ProjectTab::scaledValueChanged, this, &CanvasView::relayout);
+        connect(m_tab, &ProjectTab::selectedSceneSizeChanged, this, &CanvasView::relayout);
         // The scene hides its own background layers; the view only repaints.
-        connect(m_tab, &projectTab::backgroundElementsHiddenChanged, m_view, qOverload<>(&QWidget::update));
+        connect(m_tab, &ProjectTab::backgroundElementsHiddenChanged, m_view, qOverload<>(&QWidget::update));
         // Opening a project loads another level into the scene in place.
-        connect(m_tab, &projectTab::levelConfigChanged, this, &CanvasView::scheduleRelayout);
-        connect(m_tab, &projectTab::levelSelectedChanged, this, &CanvasView::scheduleRelayout);
+        connect(m_tab, &ProjectTab::levelConfigChanged, this, &CanvasView::scheduleRelayout);
+        connect(m_tab, &ProjectTab::levelSelectedChanged, this, &CanvasView::scheduleRelayout);
     }
     // A scene may change its size from its own sheets; the frame follows at
     // the next frame.

@@ -40,7 +40,7 @@ protected:
 class CanvasView : public QScrollArea, public SceneHost {
     Q_OBJECT
 public:
-    explicit CanvasView(const std::shared_ptr<projectTab>& tab, QWidget* parent = nullptr);
+    explicit CanvasView(const std::shared_ptr<ProjectTab>& tab, QWidget* parent = nullptr);
     ~CanvasView() override;
 
     void presentScene(const std::shared_ptr<LevelScene>& scene) override;
@@ -48,7 +48,7 @@ public:
     /// bodies; the other options have no overlay here.
     void showDebugOptions(const std::vector<tessaro::DebugOption>& options) override;
 
-    projectTab* tab() const { return m_tab; }
+    ProjectTab* tab() const { return m_tab; }
     const std::shared_ptr<LevelScene>& shownScene() const { return m_shown; }
     CanvasSceneView* sceneView() const { return m_view; }
     /// The outer frame: the scene's size (or 500 by 400) times the zoom.
@@ -67,7 +67,7 @@ protected:
 private:
     void presentCurrentScene();
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     std::shared_ptr<LevelScene> m_shown;
     std::shared_ptr<tessaro::kit::Scene> m_kitScene;
     CanvasSceneView* m_view = nullptr;

@@ -20,7 +20,7 @@ CloseGuard::CloseGuard(Commands& commands, ShellDialogs& dialogs, Question ask)
 bool CloseGuard::mayClose()
 {
     m_agreed = false;
-    std::vector<std::shared_ptr<projectTab>> unsaved;
+    std::vector<std::shared_ptr<ProjectTab>> unsaved;
     QStringList names;
     for (const auto& tab : m_commands.settings().projectTabs()) {
         if (tab->isProjectDirty()) {

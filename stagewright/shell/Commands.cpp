@@ -83,10 +83,10 @@ void Commands::watchFrontTab()
     followTabs();
     followActiveWindow();
     if (m_watched) {
-        for (auto signal : {&projectTab::nameChanged, &projectTab::filePathChanged, &projectTab::elementPhaseChanged,
-                            &projectTab::selectedObjectChanged, &projectTab::isProjectDirtyChanged,
-                            &projectTab::scaledValueChanged, &projectTab::backgroundElementsHiddenChanged,
-                            &projectTab::levelSelectedChanged, &projectTab::selectedSceneSizeChanged})
+        for (auto signal : {&ProjectTab::nameChanged, &ProjectTab::filePathChanged, &ProjectTab::elementPhaseChanged,
+                            &ProjectTab::selectedObjectChanged, &ProjectTab::isProjectDirtyChanged,
+                            &ProjectTab::scaledValueChanged, &ProjectTab::backgroundElementsHiddenChanged,
+                            &ProjectTab::levelSelectedChanged, &ProjectTab::selectedSceneSizeChanged})
             connect(m_watched, signal, this, &Commands::stateChanged);
     }
     emit stateChanged();
@@ -101,7 +101,7 @@ void Commands::followActiveWindow()
         m_undoGroup.setActiveStack(m_watched ? &m_watched->undoStack() : nullptr);
 }
 
-std::shared_ptr<projectTab> Commands::frontTab() const
+std::shared_ptr<ProjectTab> Commands::frontTab() const
 {
     return m_settings.selectedProjectTab();
 }
@@ -151,7 +151,7 @@ void Commands::openLevel()
         m_settings.openProject(*file);
 }
 
-void Commands::openRecent(const recentDocumentItem& item)
+void Commands::openRecent(const RecentDocumentItem& item)
 {
     m_settings.openProject(item.path());
 }
@@ -163,7 +163,7 @@ void Commands::clearRecentDocuments()
 
 bool Commands::saveTo(const QString& location)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     const bool saved = m_settings.saveProject(location);
     diagnosticLine((saved ? QStringLiteral("Success: ") : QStringLiteral("Failed to save: ")) + location);
     // A project saved under a new name is known by that name from now on.
@@ -174,7 +174,7 @@ bool Commands::saveTo(const QString& location)
 
 void Commands::save()
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab)
         return;
     if (const std::optional<bool> saved = m_settings.saveCommand()) {
@@ -195,7 +195,7 @@ void Commands::save()
 
 void Commands::duplicate()
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab)
         return;
     const QString filename = m_settings.duplicateProposedName();
@@ -209,7 +209,7 @@ void Commands::duplicate()
 
 void Commands::moveTo()
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab || !tab->filePath())
         return;
     const QString source = *tab->filePath();
@@ -253,7 +253,7 @@ void Commands::showInFinder()
 
 void Commands::closeLevel()
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab()) {
+    if (const std::shared_ptr<ProjectTab> tab = frontTab()) {
         // Unsaved changes go only with the user's word, as at the tab's close box.
         if (tab->isProjectDirty() && !m_dialogs.confirmDiscardChanges())
             return;
@@ -274,13 +274,13 @@ void Commands::openFiles(const QStringList& paths)
 void Commands::selectTab(const tessaro::Uuid& tabId)
 {
     m_settings.selectProject(tabId);
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<ProjectTab> tab = frontTab())
         m_settings.setZoom(tab->scaledValue());
 }
 
 bool Commands::closeTab(const tessaro::Uuid& tabId)
 {
-    const std::shared_ptr<projectTab> tab = m_settings.findTab(tabId);
+    const std::shared_ptr<ProjectTab> tab = m_settings.findTab(tabId);
     if (!tab)
         return false;
     if (tab->isProjectDirty() && !m_dialogs.confirmDiscardChanges())
@@ -297,7 +297,7 @@ void Commands::toggleInspector()
 void Commands::showAdjacentTab(int direction)
 {
     const auto& tabs = m_settings.projectTabs();
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (tabs.empty() || !tab)
         return;
     const auto it = std::find(tabs.begin(), tabs.end(), tab);
@@ -316,7 +316,7 @@ void Commands::addScene()
 
 void Commands::showScene(const tessaro::Uuid& levelId)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab)
         return;
     tab->switchLevel(levelId);
@@ -335,7 +335,7 @@ void Commands::moveSceneDown(const tessaro::Uuid& levelId)
 
 bool Commands::deleteScene(const tessaro::Uuid& levelId)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab || !m_dialogs.confirmDeleteScene())
         return false;
     tab->deleteLevel(levelId);
@@ -346,7 +346,7 @@ bool Commands::deleteScene(const tessaro::Uuid& levelId)
 
 void Commands::setZoom(const QString& tag)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab)
         return;
     tab->setScaledValue(tag);
@@ -355,7 +355,7 @@ void Commands::setZoom(const QString& tag)
 
 void Commands::stepZoom(int direction)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab)
         return;
     const std::vector<ZoomStep>& steps = zoomSteps();
@@ -375,7 +375,7 @@ void Commands::stepZoom(int direction)
 
 void Commands::setBackgroundHidden(bool hidden)
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<ProjectTab> tab = frontTab())
         tab->setBackgroundElementsHidden(hidden);
 }
 
@@ -387,8 +387,8 @@ void Commands::showLibrary()
 
 void Commands::selectListedNode(const QString& tag)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
-    const sceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
+    const std::shared_ptr<ProjectTab> tab = frontTab();
+    const SceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr;
     if (!scene)
         return;
     m_settings.setNodeListItemSelected(tag);
@@ -397,9 +397,9 @@ void Commands::selectListedNode(const QString& tag)
 
 void Commands::scrollScene(tessaro::PointValue position)
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
-    if (const sceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr)
-        scene->moveScene(publishedElementList::scenePosition, position);
+    const std::shared_ptr<ProjectTab> tab = frontTab();
+    if (const SceneEditorPtr scene = tab ? sceneEditorOf(tab->currentScene()) : nullptr)
+        scene->moveScene(PublishedElementList::scenePosition, position);
 }
 
 void Commands::playLevel()
@@ -413,7 +413,7 @@ void Commands::playLevel()
 
 QString Commands::levelFolder() const
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (tab && tab->filePath())
         return QFileInfo(*tab->filePath()).absolutePath();
     return workingSpacePath();
@@ -442,25 +442,25 @@ bool Commands::openWorkspaceFolder()
 
 void Commands::cut()
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<ProjectTab> tab = frontTab())
         EditRouting(*tab, &m_settings.clipboard()).cut();
 }
 
 void Commands::copy()
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<ProjectTab> tab = frontTab())
         EditRouting(*tab, &m_settings.clipboard()).copy();
 }
 
 void Commands::paste()
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<ProjectTab> tab = frontTab())
         EditRouting(*tab, &m_settings.clipboard()).paste();
 }
 
 void Commands::deleteSelection()
 {
-    if (const std::shared_ptr<projectTab> tab = frontTab())
+    if (const std::shared_ptr<ProjectTab> tab = frontTab())
         EditRouting(*tab, &m_settings.clipboard()).deleteSelection();
 }
 
@@ -476,13 +476,13 @@ void Commands::openWindow(const QString& id)
 
 bool Commands::frontTabHasFile() const
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     return tab && tab->filePath().has_value();
 }
 
 bool Commands::elementSelected() const
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     return tab && EditRouting(*tab).hasSelection();
 }
 
@@ -493,7 +493,7 @@ bool Commands::canPaste() const
 
 QString Commands::windowTitle() const
 {
-    const std::shared_ptr<projectTab> tab = frontTab();
+    const std::shared_ptr<ProjectTab> tab = frontTab();
     if (!tab)
         return tr("Level: %1").arg(tr("Untitled"));
     return tr("Level: %1").arg(tab->filePath() ? *tab->filePath() : tab->name());

@@ -48,7 +48,7 @@ public:
              QObject* parent = nullptr);
 
     SceneSettings& settings() { return m_settings; }
-    std::shared_ptr<projectTab> frontTab() const;
+    std::shared_ptr<ProjectTab> frontTab() const;
 
     /// Replaces how folders are opened in the file manager.
     void setUrlOpener(UrlOpener opener);
@@ -67,7 +67,7 @@ public:
     void newLevel();
     /// Open panel for one project file.
     void openLevel();
-    void openRecent(const recentDocumentItem& item);
+    void openRecent(const RecentDocumentItem& item);
     void clearRecentDocuments();
     /// Saves the front tab to its file, or asks where when it has none or
     /// its file could not be read when it was opened.
@@ -165,7 +165,7 @@ private:
     WindowDirectory* m_windows;
     UrlOpener m_urlOpener;
     QStringList m_filesToOpen;
-    QPointer<projectTab> m_watched;
+    QPointer<ProjectTab> m_watched;
     PlayLevel* m_playLevel = nullptr;
     QUndoGroup m_undoGroup;
 };

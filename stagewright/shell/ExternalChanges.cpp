@@ -47,7 +47,7 @@ ExternalChanges::ExternalChanges(SceneSettings& settings, WorkspaceWatcher& watc
 
 void ExternalChanges::projectChanged(const tessaro::Uuid& tabId)
 {
-    const std::shared_ptr<projectTab> tab = m_settings.findTab(tabId);
+    const std::shared_ptr<ProjectTab> tab = m_settings.findTab(tabId);
     if (!tab || !tab->filePath())
         return;
     if (tab->isProjectDirty() && !m_dialogs.confirmReloadChangedProject(tab->name())) {

@@ -56,7 +56,7 @@ void FooterView::addStatusWidget(QWidget* widget)
 
 void FooterView::refresh()
 {
-    const std::shared_ptr<projectTab> tab = m_commands.frontTab();
+    const std::shared_ptr<ProjectTab> tab = m_commands.frontTab();
     m_level->setText(tr("Level: ") + (tab ? tab->name() : QString()));
     m_workspace->setText(tr("Workspace: ") + workingSpacePath());
 }

@@ -56,8 +56,8 @@ void LevelPopover::watchFrontTab()
         disconnect(m_tab, nullptr, this, nullptr);
     m_tab = m_settings.selectedProjectTab().get();
     if (m_tab) {
-        connect(m_tab, &projectTab::levelListDropdownValuesChanged, this, &LevelPopover::rebuild);
-        connect(m_tab, &projectTab::levelSelectedChanged, this, &LevelPopover::rebuild);
+        connect(m_tab, &ProjectTab::levelListDropdownValuesChanged, this, &LevelPopover::rebuild);
+        connect(m_tab, &ProjectTab::levelSelectedChanged, this, &LevelPopover::rebuild);
     }
     rebuild();
 }
@@ -74,8 +74,8 @@ void LevelPopover::rebuild()
     m_rows.clear();
     if (!m_tab)
         return;
-    const std::vector<levelPickerModel> entries = m_tab->levelListDropdownValues();
-    for (const levelPickerModel& entry : entries) {
+    const std::vector<LevelPickerModel> entries = m_tab->levelListDropdownValues();
+    for (const LevelPickerModel& entry : entries) {
         auto* line = new QWidget(m_list);
         line->setFixedWidth(380);
         auto* layout = new QHBoxLayout(line);

@@ -46,7 +46,7 @@ private:
 
     SceneSettings& m_settings;
     Commands& m_commands;
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     QPushButton* m_add = nullptr;
     QWidget* m_list = nullptr;
     QVBoxLayout* m_listLayout = nullptr;

@@ -23,7 +23,7 @@ constexpr QSize previewBox(60, 60);
 
 } // namespace
 
-LevelPropertiesTabView::LevelPropertiesTabView(projectTab& tab, SceneSettings& settings, const levelPropertiesTab& info,
+LevelPropertiesTabView::LevelPropertiesTabView(ProjectTab& tab, SceneSettings& settings, const LevelPropertiesTab& info,
                                                QWidget* parent)
     : QWidget(parent),
       m_tab(&tab),
@@ -34,7 +34,7 @@ LevelPropertiesTabView::LevelPropertiesTabView(projectTab& tab, SceneSettings& s
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(8);
 
-    const std::vector<levelPropertyRow> rows = levelPropertyRows(m_kind);
+    const std::vector<LevelPropertyRow> rows = levelPropertyRows(m_kind);
     if (!rows.empty()) {
         m_header = new SectionHeader(tr("Properties"), true, tr("Hide"), tr("Show"), false, this);
         layout->addWidget(m_header);
@@ -42,7 +42,7 @@ LevelPropertiesTabView::LevelPropertiesTabView(projectTab& tab, SceneSettings& s
         auto* form = new QFormLayout(m_rows);
         form->setContentsMargins(0, 0, 0, 0);
         form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        for (const levelPropertyRow& row : rows) {
+        for (const LevelPropertyRow& row : rows) {
             auto* label = new QLabel(tr(row.title), m_rows);
             QFont bold = label->font();
             bold.setBold(true);
@@ -63,10 +63,10 @@ LevelPropertiesTabView::LevelPropertiesTabView(projectTab& tab, SceneSettings& s
     readLevel();
 }
 
-QWidget* LevelPropertiesTabView::makeRow(const levelPropertyRow& row, const SceneSettings& settings)
+QWidget* LevelPropertiesTabView::makeRow(const LevelPropertyRow& row, const SceneSettings& settings)
 {
     switch (row.control) {
-    case levelPropertyControl::image: {
+    case LevelPropertyControl::image: {
         auto* box = new QWidget(m_rows);
         auto* line = new QHBoxLayout(box);
         line->setContentsMargins(0, 0, 0, 0);
@@ -74,8 +74,8 @@ QWidget* LevelPropertiesTabView::makeRow(const levelPropertyRow& row, const Scen
         m_preview->setFixedSize(previewBox);
         m_imagePicker = new CustomImagePickerView(box);
         m_imageChoices = levelImageChoices(m_kind, settings.imageList());
-        std::vector<imagePickerChoice> cells;
-        for (const levelImageChoice& choice : m_imageChoices)
+        std::vector<ImagePickerChoice> cells;
+        for (const LevelImageChoice& choice : m_imageChoices)
             cells.push_back({choice.name, choice.picturePath});
         m_imagePicker->setChoices(std::move(cells));
         line->addWidget(m_preview);
@@ -87,7 +87,7 @@ QWidget* LevelPropertiesTabView::makeRow(const levelPropertyRow& row, const Scen
         });
         return box;
     }
-    case levelPropertyControl::integer:
+    case LevelPropertyControl::integer:
         m_number = new LabelledIntStepper(QString(), QString(), row.lower, row.upper, 1, {}, m_rows);
         m_numberSelector = row.selector;
         connect(m_number, &LabelledIntStepper::valueChanged, this, [this](std::int64_t value) {
@@ -95,7 +95,7 @@ QWidget* LevelPropertiesTabView::makeRow(const levelPropertyRow& row, const Scen
             change(m_numberSelector, value);
         });
         return m_number;
-    case levelPropertyControl::point:
+    case LevelPropertyControl::point:
         m_repeatDistance = new LabelledPointStepper(
             QString(), QString(), 1, {double(row.lower), std::numeric_limits<double>::max()}, false, {}, m_rows);
         connect(m_repeatDistance, &LabelledPointStepper::valueChanged, this, [this](tessaro::PointValue value) {
@@ -143,11 +143,11 @@ void LevelPropertiesTabView::showEvent(QShowEvent* event)
 void LevelPropertiesTabView::showImage(const QString& name)
 {
     const auto chosen = std::find_if(m_imageChoices.begin(), m_imageChoices.end(),
-                                     [&name](const levelImageChoice& choice) { return choice.name == name; });
+                                     [&name](const LevelImageChoice& choice) { return choice.name == name; });
     m_preview->setPath(chosen != m_imageChoices.end() ? chosen->picturePath : QString());
 }
 
-void LevelPropertiesTabView::change(int selector, levelPropertyValue value)
+void LevelPropertiesTabView::change(int selector, LevelPropertyValue value)
 {
     if (m_tab)
         updateLevelProperty(*m_tab, m_kind, selector, std::move(value));

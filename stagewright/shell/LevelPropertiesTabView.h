@@ -25,12 +25,12 @@ class SectionHeader;
 class LevelPropertiesTabView : public QWidget {
     Q_OBJECT
 public:
-    LevelPropertiesTabView(projectTab& tab, SceneSettings& settings, const levelPropertiesTab& info,
+    LevelPropertiesTabView(ProjectTab& tab, SceneSettings& settings, const LevelPropertiesTab& info,
                            QWidget* parent = nullptr);
 
     tessaro::sceneObjectType kind() const { return m_kind; }
     /// The tab's copy of the level's values, as shown.
-    const levelTabValues& values() const { return m_values; }
+    const LevelTabValues& values() const { return m_values; }
     /// Reads the shown level (the first level when none has the selected id).
     void readLevel();
 
@@ -48,20 +48,20 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    QWidget* makeRow(const levelPropertyRow& row, const SceneSettings& settings);
+    QWidget* makeRow(const LevelPropertyRow& row, const SceneSettings& settings);
     void showImage(const QString& name);
     /// The value of the tab's integer row.
     std::int64_t& numberValue();
-    void change(int selector, levelPropertyValue value);
+    void change(int selector, LevelPropertyValue value);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::sceneObjectType m_kind;
-    levelTabValues m_values;
+    LevelTabValues m_values;
     int m_numberSelector = -1;
     SectionHeader* m_header = nullptr;
     QWidget* m_rows = nullptr;
     CustomImagePickerView* m_imagePicker = nullptr;
-    std::vector<levelImageChoice> m_imageChoices;
+    std::vector<LevelImageChoice> m_imageChoices;
     ImagePreview* m_preview = nullptr;
     LabelledIntStepper* m_number = nullptr;
     LabelledPointStepper* m_repeatDistance = nullptr;

@@ -15,7 +15,7 @@
 
 namespace stagewright {
 
-levelPropertiesView::levelPropertiesView(projectTab& tab, SceneSettings& settings, QWidget* parent) : QDialog(parent)
+LevelPropertiesView::LevelPropertiesView(ProjectTab& tab, SceneSettings& settings, QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("levelPropertiesView"));
     setWindowTitle(tr("Properties"));
@@ -29,7 +29,7 @@ levelPropertiesView::levelPropertiesView(projectTab& tab, SceneSettings& setting
     strip->setSpacing(4);
     auto* group = new QButtonGroup(this);
     m_stack = new QStackedWidget(this);
-    for (const levelPropertiesTab& info : levelPropertiesTabs()) {
+    for (const LevelPropertiesTab& info : levelPropertiesTabs()) {
         auto* button = new QToolButton(this);
         button->setText(tr(info.title));
         button->setIcon(levelSheetIcon(info.icon));
@@ -57,20 +57,20 @@ levelPropertiesView::levelPropertiesView(projectTab& tab, SceneSettings& setting
     layout->addWidget(divider);
     layout->addWidget(m_stack, 1);
 
-    connect(group, &QButtonGroup::idClicked, this, &levelPropertiesView::setSelection);
+    connect(group, &QButtonGroup::idClicked, this, &LevelPropertiesView::setSelection);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
     setSelection(0);
 }
 
-levelPropertiesView* levelPropertiesView::present(projectTab& tab, SceneSettings& settings, QWidget* parent)
+LevelPropertiesView* LevelPropertiesView::present(ProjectTab& tab, SceneSettings& settings, QWidget* parent)
 {
-    auto* sheet = new levelPropertiesView(tab, settings, parent);
+    auto* sheet = new LevelPropertiesView(tab, settings, parent);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
     return sheet;
 }
 
-void levelPropertiesView::setSelection(int index)
+void LevelPropertiesView::setSelection(int index)
 {
     if (index < 0 || index >= int(m_buttons.size()))
         return;
@@ -78,7 +78,7 @@ void levelPropertiesView::setSelection(int index)
     m_stack->setCurrentIndex(index);
 }
 
-int levelPropertiesView::selection() const
+int LevelPropertiesView::selection() const
 {
     return m_stack->currentIndex();
 }

@@ -15,14 +15,14 @@ namespace stagewright {
 
 class LevelPropertiesTabView;
 class SceneSettings;
-class projectTab;
+class ProjectTab;
 
-class levelPropertiesView : public QDialog {
+class LevelPropertiesView : public QDialog {
     Q_OBJECT
 public:
-    levelPropertiesView(projectTab& tab, SceneSettings& settings, QWidget* parent = nullptr);
+    LevelPropertiesView(ProjectTab& tab, SceneSettings& settings, QWidget* parent = nullptr);
     /// Opens the sheet over `parent`; it deletes itself when closed.
-    static levelPropertiesView* present(projectTab& tab, SceneSettings& settings, QWidget* parent);
+    static LevelPropertiesView* present(ProjectTab& tab, SceneSettings& settings, QWidget* parent);
 
     /// Shows the tab at `index` (0 "Background" to 6 "Phase end").
     void setSelection(int index);

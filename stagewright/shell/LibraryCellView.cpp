@@ -37,7 +37,7 @@ QString flagLine(const char* name, bool value)
 
 LibraryCellModel::LibraryCellModel(QObject* parent) : QAbstractListModel(parent) {}
 
-void LibraryCellModel::setCells(std::vector<libraryCell> cells)
+void LibraryCellModel::setCells(std::vector<LibraryCell> cells)
 {
     beginResetModel();
     m_cells = std::move(cells);
@@ -58,7 +58,7 @@ void LibraryCellModel::setFilter(const QString& searchText)
     endResetModel();
 }
 
-const libraryCell& LibraryCellModel::cell(const QModelIndex& index) const
+const LibraryCell& LibraryCellModel::cell(const QModelIndex& index) const
 {
     return m_cells[m_shown[std::size_t(index.row())]];
 }
@@ -133,7 +133,7 @@ void LibraryCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     const auto* model = qobject_cast<const LibraryCellModel*>(index.model());
     if (!model)
         return;
-    const libraryCell& cell = model->cell(index);
+    const LibraryCell& cell = model->cell(index);
     const QPalette& palette = option.palette;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);

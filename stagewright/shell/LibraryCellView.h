@@ -23,11 +23,11 @@ public:
     explicit LibraryCellModel(QObject* parent = nullptr);
 
     /// Shows these cells, through the filter in force.
-    void setCells(std::vector<libraryCell> cells);
+    void setCells(std::vector<LibraryCell> cells);
     /// Shows the cells whose element name contains `searchText`.
     void setFilter(const QString& searchText);
     /// The cell of a row.
-    const libraryCell& cell(const QModelIndex& index) const;
+    const LibraryCell& cell(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     /// The title as text and help text, and the picture as decoration: a
@@ -41,7 +41,7 @@ public:
 private:
     QImage picture(std::size_t cellIndex) const;
 
-    std::vector<libraryCell> m_cells;
+    std::vector<LibraryCell> m_cells;
     std::vector<std::size_t> m_shown;
     QString m_filter;
     // Pictures are asked for when a cell is first drawn.

@@ -238,7 +238,7 @@ QAction* MainWindow::action(const QString& title) const
 void MainWindow::rebuildRecentMenu()
 {
     m_recentMenu->clear();
-    for (const recentDocumentItem& item : m_settings.recentDocumentItemsList()) {
+    for (const RecentDocumentItem& item : m_settings.recentDocumentItemsList()) {
         QAction* entry = m_recentMenu->addAction(item.name);
         entry->setToolTip(item.path());
         entry->setStatusTip(item.path());

@@ -41,13 +41,13 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
     m_sceneSize->setToolTip(tr("Scene size"));
     m_sceneSize->setAccessibleName(tr("Scene size"));
     connect(m_sceneSize, &QToolButton::clicked, this, [this] {
-        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
-            sceneSizeSelectionView::present(*tab, window());
+        if (const std::shared_ptr<ProjectTab> tab = m_commands.frontTab())
+            SceneSizeSelectionView::present(*tab, window());
     });
     m_properties = addButton(QStringLiteral("propertiesButton"), tr("Properties"), shellIcon(Symbol::properties));
     connect(m_properties, &QToolButton::clicked, this, [this] {
-        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
-            levelPropertiesView::present(*tab, m_settings, window());
+        if (const std::shared_ptr<ProjectTab> tab = m_commands.frontTab())
+            LevelPropertiesView::present(*tab, m_settings, window());
     });
     m_library = addButton(QStringLiteral("libraryButton"), tr("Library"), shellIcon(Symbol::library));
     m_library->setToolTip(tr("Object Library"));
@@ -81,8 +81,8 @@ NavigationToolbar::NavigationToolbar(SceneSettings& settings, Commands& commands
     addSeparator();
     m_statistics = addButton(QStringLiteral("statisticsButton"), tr("Statistics"), shellIcon(Symbol::statistics));
     connect(m_statistics, &QToolButton::clicked, this, [this] {
-        if (const std::shared_ptr<projectTab> tab = m_commands.frontTab())
-            statisticsView::present(*tab, window());
+        if (const std::shared_ptr<ProjectTab> tab = m_commands.frontTab())
+            StatisticsView::present(*tab, window());
     });
 
     connect(&m_commands, &Commands::stateChanged, this, &NavigationToolbar::refresh);
@@ -114,7 +114,7 @@ void NavigationToolbar::setLibraryOpen(bool open)
 
 void NavigationToolbar::refresh()
 {
-    const std::shared_ptr<projectTab> tab = m_commands.frontTab();
+    const std::shared_ptr<ProjectTab> tab = m_commands.frontTab();
     const bool hasTab = tab != nullptr;
     m_scenes->setEnabled(hasTab);
     m_nodeList->setEnabled(hasTab);

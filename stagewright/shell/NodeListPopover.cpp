@@ -72,7 +72,7 @@ void NodeListPopover::watchFrontTab()
         disconnect(m_tab, nullptr, this, nullptr);
     m_tab = m_settings.selectedProjectTab().get();
     if (m_tab)
-        connect(m_tab, &projectTab::scenePositionChanged, this, &NodeListPopover::showScenePosition);
+        connect(m_tab, &ProjectTab::scenePositionChanged, this, &NodeListPopover::showScenePosition);
     showScenePosition();
     if (isVisible())
         rebuild();
@@ -88,10 +88,10 @@ void NodeListPopover::rebuild()
     m_picker->clear();
     if (!m_tab)
         return;
-    const sceneEditorPtr scene = sceneEditorOf(m_tab->currentScene());
-    const pickerContent content = getPickerContent(pickerType::NodeList, *m_tab, scene.get(), &m_settings);
+    const SceneEditorPtr scene = sceneEditorOf(m_tab->currentScene());
+    const PickerContent content = getPickerContent(PickerType::NodeList, *m_tab, scene.get(), &m_settings);
     auto* model = qobject_cast<QStandardItemModel*>(m_picker->model());
-    for (const pickerSection& section : content.sections) {
+    for (const PickerSection& section : content.sections) {
         if (!section.title.isEmpty()) {
             // A section's title stands above its entries and cannot be chosen.
             m_picker->addItem(section.title);
@@ -102,7 +102,7 @@ void NodeListPopover::rebuild()
                 header->setFont(bold);
             }
         }
-        for (const pickerItem& item : section.items)
+        for (const PickerItem& item : section.items)
             m_picker->addItem(item.text, item.tag);
     }
     const QString chosen = m_settings.nodeListItemSelected();

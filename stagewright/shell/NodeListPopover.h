@@ -36,7 +36,7 @@ private:
 
     SceneSettings& m_settings;
     Commands& m_commands;
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     QComboBox* m_picker = nullptr;
     LabelledPointStepper* m_position = nullptr;
 };

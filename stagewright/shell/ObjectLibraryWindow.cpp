@@ -111,7 +111,7 @@ ObjectLibraryWindow::ObjectLibraryWindow(SceneSettings& settings, QWidget* paren
     connect(m_filter, &QLineEdit::textChanged, m_model, &LibraryCellModel::setFilter);
     connect(m_pin, &QToolButton::clicked, this, &ObjectLibraryWindow::togglePin);
     connect(m_cells, &QListView::clicked, this, [this](const QModelIndex& index) {
-        const libraryCell& cell = m_model->cell(index);
+        const LibraryCell& cell = m_model->cell(index);
         if (cell.elementName)
             addLibraryElement(m_settings.selectedProjectTab().get(), cell.valType, *cell.elementName);
     });

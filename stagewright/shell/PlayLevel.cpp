@@ -168,7 +168,7 @@ void PlayLevel::sendEdits()
         tessaro::diagnostic("Play Level: the edits could not be written to " + m_projectFile.toStdString());
 }
 
-bool PlayLevel::play(projectTab* tab, const QString& workspace)
+bool PlayLevel::play(ProjectTab* tab, const QString& workspace)
 {
     if (!tab) {
         fail(tr("There is no level open."));

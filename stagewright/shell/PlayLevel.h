@@ -28,7 +28,7 @@ class QTemporaryDir;
 namespace stagewright {
 
 class ShellDialogs;
-class projectTab;
+class ProjectTab;
 
 /// The icon of the command: the theme's "play", else a drawn triangle.
 QIcon playLevelIcon();
@@ -57,7 +57,7 @@ public:
     /// tab's levels first, so unsaved edits are played too. While the game
     /// runs, the tab's edits follow it. False, with a message to the user,
     /// when there is nothing to play or the game cannot start.
-    bool play(projectTab* tab, const QString& workspace);
+    bool play(ProjectTab* tab, const QString& workspace);
     /// Writes `levels` to a new temporary project named after `projectName`
     /// and starts the game on level `levelNumber` (from 1) of it with the
     /// catalogues and images of `workspace`. A game still running on the
@@ -98,7 +98,7 @@ private:
     QString m_lastLine; // the last line the game wrote
     QString m_projectName;
     int m_levelNumber = 0;
-    QPointer<projectTab> m_tab; // whose edits the running game follows
+    QPointer<ProjectTab> m_tab; // whose edits the running game follows
     QMetaObject::Connection m_edits;
     QTimer m_editsSettle;
 };

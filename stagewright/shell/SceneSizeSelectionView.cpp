@@ -33,7 +33,7 @@ void selectData(QComboBox* box, int value)
 
 } // namespace
 
-sceneSizeSelectionView::sceneSizeSelectionView(projectTab& tab, QWidget* parent) : QDialog(parent), m_tab(&tab)
+SceneSizeSelectionView::SceneSizeSelectionView(ProjectTab& tab, QWidget* parent) : QDialog(parent), m_tab(&tab)
 {
     setObjectName(QStringLiteral("sceneSizeSelectionView"));
     setWindowTitle(tr("Scene size"));
@@ -101,21 +101,21 @@ sceneSizeSelectionView::sceneSizeSelectionView(projectTab& tab, QWidget* parent)
         if (m_tab)
             setSceneAnchorPoint(*m_tab, anchor);
     });
-    for (auto signal : {&projectTab::selectedSceneOrientationChanged, &projectTab::selectedScaleModeChanged,
-                        &projectTab::selectedSceneSizeChanged, &projectTab::selectedAnchorPointChanged})
-        connect(&tab, signal, this, &sceneSizeSelectionView::showTabValues);
+    for (auto signal : {&ProjectTab::selectedSceneOrientationChanged, &ProjectTab::selectedScaleModeChanged,
+                        &ProjectTab::selectedSceneSizeChanged, &ProjectTab::selectedAnchorPointChanged})
+        connect(&tab, signal, this, &SceneSizeSelectionView::showTabValues);
     showTabValues();
 }
 
-sceneSizeSelectionView* sceneSizeSelectionView::present(projectTab& tab, QWidget* parent)
+SceneSizeSelectionView* SceneSizeSelectionView::present(ProjectTab& tab, QWidget* parent)
 {
-    auto* sheet = new sceneSizeSelectionView(tab, parent);
+    auto* sheet = new SceneSizeSelectionView(tab, parent);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
     return sheet;
 }
 
-void sceneSizeSelectionView::showTabValues()
+void SceneSizeSelectionView::showTabValues()
 {
     if (!m_tab)
         return;
@@ -127,12 +127,12 @@ void sceneSizeSelectionView::showTabValues()
     m_anchor->setValue(m_tab->selectedAnchorPoint());
 }
 
-void sceneSizeSelectionView::fillPredefinedSizes()
+void SceneSizeSelectionView::fillPredefinedSizes()
 {
     // The items name the sizes in the orientation shown.
     m_predefinedOrientation = m_tab->selectedSceneOrientation();
     m_predefined->clear();
-    for (const predefinedSizeItem& item : predefinedSizeItems(m_predefinedOrientation))
+    for (const PredefinedSizeItem& item : predefinedSizeItems(m_predefinedOrientation))
         m_predefined->addItem(item.title, int(item.device));
     selectData(m_predefined, int(m_selectedDevice));
 }

@@ -15,12 +15,12 @@ namespace stagewright {
 class LabelledPointStepper;
 class LabelledSizeStepper;
 
-class sceneSizeSelectionView : public QDialog {
+class SceneSizeSelectionView : public QDialog {
     Q_OBJECT
 public:
-    explicit sceneSizeSelectionView(projectTab& tab, QWidget* parent = nullptr);
+    explicit SceneSizeSelectionView(ProjectTab& tab, QWidget* parent = nullptr);
     /// Opens the sheet over `parent`; it deletes itself when closed.
-    static sceneSizeSelectionView* present(projectTab& tab, QWidget* parent);
+    static SceneSizeSelectionView* present(ProjectTab& tab, QWidget* parent);
 
     QComboBox* orientationPicker() const { return m_orientation; }
     QComboBox* scaleModePicker() const { return m_scaleMode; }
@@ -32,7 +32,7 @@ private:
     void showTabValues();
     void fillPredefinedSizes();
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     QComboBox* m_orientation = nullptr;
     QComboBox* m_scaleMode = nullptr;
     QComboBox* m_predefined = nullptr;

@@ -27,7 +27,7 @@ QToolButton* symbolButton(Symbol symbol, const QString& tip, QWidget* parent)
 
 } // namespace
 
-securityPermissionsView::securityPermissionsView(AppPreferences& preferences, QWidget* parent)
+SecurityPermissionsView::SecurityPermissionsView(AppPreferences& preferences, QWidget* parent)
     : QWidget(parent),
       m_preferences(preferences)
 {
@@ -55,11 +55,11 @@ securityPermissionsView::securityPermissionsView(AppPreferences& preferences, QW
 
     // A cancelled folder panel grants nothing and says nothing.
     connect(m_add, &QToolButton::clicked, &preferences, [&preferences] { preferences.grantFolder(); });
-    connect(&preferences, &AppPreferences::grantedFoldersChanged, this, &securityPermissionsView::rebuild);
+    connect(&preferences, &AppPreferences::grantedFoldersChanged, this, &SecurityPermissionsView::rebuild);
     rebuild();
 }
 
-QToolButton* securityPermissionsView::removeButton(const QString& folder) const
+QToolButton* SecurityPermissionsView::removeButton(const QString& folder) const
 {
     for (QToolButton* button : findChildren<QToolButton*>())
         if (button->property(folderProperty).toString() == folder)
@@ -67,7 +67,7 @@ QToolButton* securityPermissionsView::removeButton(const QString& folder) const
     return nullptr;
 }
 
-void securityPermissionsView::rebuild()
+void SecurityPermissionsView::rebuild()
 {
     while (m_rows->count() > 1) {
         QLayoutItem* item = m_rows->takeAt(0);

@@ -12,10 +12,10 @@ namespace stagewright {
 
 class AppPreferences;
 
-class securityPermissionsView : public QWidget {
+class SecurityPermissionsView : public QWidget {
     Q_OBJECT
 public:
-    explicit securityPermissionsView(AppPreferences& preferences, QWidget* parent = nullptr);
+    explicit SecurityPermissionsView(AppPreferences& preferences, QWidget* parent = nullptr);
 
     QToolButton* addButton() const { return m_add; }
     /// The withdraw button of the row of `folder`, or null.

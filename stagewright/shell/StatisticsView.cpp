@@ -30,7 +30,7 @@ QLabel* number(long long value, QWidget* parent)
 
 } // namespace
 
-statisticsView::statisticsView(const projectTab& tab, QWidget* parent) : QDialog(parent)
+StatisticsView::StatisticsView(const ProjectTab& tab, QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("statisticsView"));
     setWindowTitle(tr("Statistics"));
@@ -50,7 +50,7 @@ statisticsView::statisticsView(const projectTab& tab, QWidget* parent) : QDialog
         auto* group = new QGroupBox(allLevels ? tr("All Scenes") : tr("Currently Selected Scene"), this);
         auto* rows = new QFormLayout(group);
         rows->setLabelAlignment(Qt::AlignLeft);
-        for (const statisticsRow& row : statisticsRows()) {
+        for (const StatisticsRow& row : statisticsRows()) {
             QLabel* count = number(countElements(tab, row.selector, allLevels), group);
             count->setObjectName(countName(allLevels, QString::fromUtf8(row.title)));
             rows->addRow(tr(row.title), count);
@@ -67,21 +67,21 @@ statisticsView::statisticsView(const projectTab& tab, QWidget* parent) : QDialog
     layout->addWidget(buttons);
 }
 
-statisticsView* statisticsView::present(projectTab& tab, QWidget* parent)
+StatisticsView* StatisticsView::present(ProjectTab& tab, QWidget* parent)
 {
     writeBackShownLevel(tab);
-    auto* sheet = new statisticsView(tab, parent);
+    auto* sheet = new StatisticsView(tab, parent);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
     return sheet;
 }
 
-QString statisticsView::scenesText() const
+QString StatisticsView::scenesText() const
 {
     return m_scenes->text();
 }
 
-QString statisticsView::countText(bool allLevels, const QString& row) const
+QString StatisticsView::countText(bool allLevels, const QString& row) const
 {
     const auto* label = findChild<QLabel*>(countName(allLevels, row));
     return label ? label->text() : QString();

@@ -9,15 +9,15 @@ class QLabel;
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
-class statisticsView : public QDialog {
+class StatisticsView : public QDialog {
     Q_OBJECT
 public:
-    explicit statisticsView(const projectTab& tab, QWidget* parent = nullptr);
+    explicit StatisticsView(const ProjectTab& tab, QWidget* parent = nullptr);
     /// Opens the sheet over `parent` with the shown level's scene written
     /// back first; it deletes itself when closed.
-    static statisticsView* present(projectTab& tab, QWidget* parent);
+    static StatisticsView* present(ProjectTab& tab, QWidget* parent);
 
     /// The number shown in a row: "Scenes in Level", or a row of the group
     /// of the shown scene (`allLevels` false) or of all scenes.

@@ -22,7 +22,7 @@ constexpr int stripHeight = 30;
 
 // ---- One tab -------------------------------------------------------------------
 
-TabButton::TabButton(projectTab& tab, Commands& commands, QWidget* parent)
+TabButton::TabButton(ProjectTab& tab, Commands& commands, QWidget* parent)
     : QFrame(parent),
       m_tab(&tab),
       m_id(tab.id()),
@@ -49,12 +49,12 @@ TabButton::TabButton(projectTab& tab, Commands& commands, QWidget* parent)
     layout->addWidget(m_close);
 
     connect(m_close, &QToolButton::clicked, this, [this] { m_commands.closeTab(m_id); });
-    for (auto signal : {&projectTab::nameChanged, &projectTab::filePathChanged, &projectTab::isProjectDirtyChanged})
+    for (auto signal : {&ProjectTab::nameChanged, &ProjectTab::filePathChanged, &ProjectTab::isProjectDirtyChanged})
         connect(&tab, signal, this, &TabButton::refresh);
     refresh();
 }
 
-QString TabButton::helpText(const projectTab& tab)
+QString TabButton::helpText(const ProjectTab& tab)
 {
     return tab.filePath() ? *tab.filePath() : tr("Not saved");
 }

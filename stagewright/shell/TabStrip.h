@@ -28,16 +28,16 @@ class SceneSettings;
 class TabButton : public QFrame {
     Q_OBJECT
 public:
-    TabButton(projectTab& tab, Commands& commands, QWidget* parent = nullptr);
+    TabButton(ProjectTab& tab, Commands& commands, QWidget* parent = nullptr);
 
-    projectTab* tab() const { return m_tab; }
+    ProjectTab* tab() const { return m_tab; }
     const tessaro::Uuid& tabId() const { return m_id; }
     QToolButton* closeButton() const { return m_close; }
     QLabel* titleLabel() const { return m_title; }
     void setSelected(bool selected);
     bool isSelected() const { return m_selected; }
     /// "Not saved", or the path of the tab's file.
-    static QString helpText(const projectTab& tab);
+    static QString helpText(const ProjectTab& tab);
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -46,7 +46,7 @@ protected:
 private:
     void refresh();
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_id;
     Commands& m_commands;
     QLabel* m_title = nullptr;

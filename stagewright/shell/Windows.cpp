@@ -38,7 +38,7 @@ QWidget* WindowManager::make(const QString& id)
     if (id == WindowId::objectLibrary)
         window = new ObjectLibraryWindow(m_settings);
     else if (id == WindowId::settings)
-        window = new appSettingsView(m_preferences);
+        window = new AppSettingsView(m_preferences);
     else if (id == WindowId::about)
         window = new AboutWindow(&m_preferences);
     else if (id == WindowId::help)

@@ -133,7 +133,7 @@ const tessaro::BaseConfig& AppPreferences::workspaceDefaults() const
     return config().base;
 }
 
-void AppPreferences::store(settingsNames name, const QString& value)
+void AppPreferences::store(SettingsNames name, const QString& value)
 {
     // A store that cannot be written has said why; the value holds for the run.
     m_settings.updateSetting(name, value);
@@ -144,13 +144,13 @@ void AppPreferences::setDefaultSceneSize(tessaro::SizeValue size)
 {
     config().base.defaultSceneSize = size;
     m_settings.setDeviceSize(tessaro::deviceName::defaultDevice, size);
-    store(settingsNames::defaultSceneSize, QString::fromStdString(tessaro::textFromSize(size)));
+    store(SettingsNames::defaultSceneSize, QString::fromStdString(tessaro::textFromSize(size)));
 }
 
 void AppPreferences::setDefaultSceneOrientation(tessaro::sceneOrientationType orientation)
 {
     config().base.defaultSceneOrientation = orientation;
-    store(settingsNames::defaultSceneOrientation, caseString(orientation));
+    store(SettingsNames::defaultSceneOrientation, caseString(orientation));
 }
 
 void AppPreferences::setDefaultScaleMode(const QString& mode)
@@ -159,7 +159,7 @@ void AppPreferences::setDefaultScaleMode(const QString& mode)
     if (scaleModeText(sceneScaleModeFromText(text)) != text)
         return;
     config().base.defaultScaleMode = text;
-    store(settingsNames::defaultScaleMode, mode);
+    store(SettingsNames::defaultScaleMode, mode);
 }
 
 void AppPreferences::setDefaultAnchorPoint(tessaro::PointValue anchor)
@@ -167,25 +167,25 @@ void AppPreferences::setDefaultAnchorPoint(tessaro::PointValue anchor)
     anchor.x = std::clamp(anchor.x, 0.0, 1.0);
     anchor.y = std::clamp(anchor.y, 0.0, 1.0);
     config().base.defaultAnchorPoint = anchor;
-    store(settingsNames::defaultAnchorPoint, QString::fromStdString(tessaro::textFromPoint(anchor)));
+    store(SettingsNames::defaultAnchorPoint, QString::fromStdString(tessaro::textFromPoint(anchor)));
 }
 
 void AppPreferences::setDefaultImageScale(tessaro::imageScaling scale)
 {
     config().base.defaultImageScale = scale;
-    store(settingsNames::defaultImageScale, caseString(scale));
+    store(SettingsNames::defaultImageScale, caseString(scale));
 }
 
 void AppPreferences::setDefaultImageType(tessaro::imageType type)
 {
     config().base.defaultImageType = type;
-    store(settingsNames::defaultImageType, caseString(type));
+    store(SettingsNames::defaultImageType, caseString(type));
 }
 
 void AppPreferences::setDefaultSoundType(tessaro::soundType type)
 {
     config().base.defaultSoundType = type;
-    store(settingsNames::defaultSoundType, caseString(type));
+    store(SettingsNames::defaultSoundType, caseString(type));
 }
 
 const std::vector<tessaro::DebugOption>& AppPreferences::debugOptions() const
@@ -203,7 +203,7 @@ void AppPreferences::toggleDebugOption(tessaro::DebugOption option)
         options.erase(found);
     else
         options.push_back(option);
-    m_settings.updateSetting(settingsNames::debugOptions, debugOptionsText(options));
+    m_settings.updateSetting(SettingsNames::debugOptions, debugOptionsText(options));
     showDebugOptionsInViews();
     emit debugOptionsChanged();
 }

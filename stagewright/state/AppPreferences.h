@@ -111,7 +111,7 @@ signals:
 
 private:
     /// Writes one workspace default into the store.
-    void store(settingsNames name, const QString& value);
+    void store(SettingsNames name, const QString& value);
     /// Shows the chosen options on the scene of every tab that has one.
     void showDebugOptionsInViews();
     /// Another workspace is in use: its defaults and options are shown and drawn.

@@ -20,7 +20,7 @@ QString keyOf(const tessaro::Uuid& id)
 
 } // namespace
 
-RecoverySnapshot recoverySnapshot(projectTab& tab)
+RecoverySnapshot recoverySnapshot(ProjectTab& tab)
 {
     // What a save would write: the shown level comes back from its scene.
     if (const auto& scene = tab.currentScene())
@@ -83,7 +83,7 @@ void Autosave::followTabs()
             forget(key);
 }
 
-void Autosave::watch(projectTab& tab)
+void Autosave::watch(ProjectTab& tab)
 {
     const tessaro::Uuid id = tab.id();
     Watch& watched = m_watches[keyOf(id)];
@@ -91,7 +91,7 @@ void Autosave::watch(projectTab& tab)
     watched.tab = &tab;
     watched.changedSinceCopy = tab.isProjectDirty();
     connect(&tab.undoStack(), &QUndoStack::indexChanged, this, [this, id] { tabEdited(id); });
-    connect(&tab, &projectTab::isProjectDirtyChanged, this, [this, id] { dirtyChanged(id); });
+    connect(&tab, &ProjectTab::isProjectDirtyChanged, this, [this, id] { dirtyChanged(id); });
 }
 
 void Autosave::forget(const QString& key)
@@ -152,7 +152,7 @@ void Autosave::saveChangedTabs()
             saveTab(*watched.tab);
 }
 
-void Autosave::saveTab(projectTab& tab)
+void Autosave::saveTab(ProjectTab& tab)
 {
     const auto found = m_watches.find(keyOf(tab.id()));
     if (m_finished || found == m_watches.end() || !tab.isProjectDirty())

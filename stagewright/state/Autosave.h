@@ -25,11 +25,11 @@
 namespace stagewright {
 
 class SceneSettings;
-class projectTab;
+class ProjectTab;
 
 /// The tab's project as a save would write it, with what restoring it needs.
 /// Writes the shown level back from its scene.
-RecoverySnapshot recoverySnapshot(projectTab& tab);
+RecoverySnapshot recoverySnapshot(ProjectTab& tab);
 
 class Autosave : public QObject {
     Q_OBJECT
@@ -50,7 +50,7 @@ public:
     void saveChangedTabs();
     /// Copies one project now: its levels, with the shown one written back
     /// from the scene. A clean project has nothing to recover and is not copied.
-    void saveTab(projectTab& tab);
+    void saveTab(ProjectTab& tab);
     /// Waits until every copy and removal asked for is on disk.
     void waitForWrites();
     /// The end of a clean run: waits for the files, then removes this run's
@@ -67,7 +67,7 @@ signals:
 private:
     struct Watch {
         tessaro::Uuid id;
-        QPointer<projectTab> tab;
+        QPointer<ProjectTab> tab;
         int editsSinceCopy = 0;
         bool changedSinceCopy = false;
         /// A copy was asked for and has not been removed since.
@@ -77,7 +77,7 @@ private:
     };
 
     void followTabs();
-    void watch(projectTab& tab);
+    void watch(ProjectTab& tab);
     void tabEdited(const tessaro::Uuid& tabId);
     void dirtyChanged(const tessaro::Uuid& tabId);
     void forget(const QString& key);

@@ -47,7 +47,7 @@ tessaro::configType catalogueTypeFor(tessaro::sceneObjectType kind)
     }
 }
 
-tessaro::configType catalogueTypeOf(const defaultViewRecord& record)
+tessaro::configType catalogueTypeOf(const DefaultViewRecord& record)
 {
     if (std::holds_alternative<tessaro::Obstacle>(record))
         return tessaro::configType::obstacles;
@@ -56,12 +56,12 @@ tessaro::configType catalogueTypeOf(const defaultViewRecord& record)
     return tessaro::configType::objects;
 }
 
-std::string catalogueRecordName(const defaultViewRecord& record)
+std::string catalogueRecordName(const DefaultViewRecord& record)
 {
     return std::visit([](const auto& r) { return r.elementName.value_or(std::string()); }, record);
 }
 
-std::optional<defaultViewRecord> findCatalogueRecord(tessaro::configType type, const std::string& elementName)
+std::optional<DefaultViewRecord> findCatalogueRecord(tessaro::configType type, const std::string& elementName)
 {
     switch (type) {
     case tessaro::configType::obstacles:
@@ -80,13 +80,13 @@ std::optional<defaultViewRecord> findCatalogueRecord(tessaro::configType type, c
     return std::nullopt;
 }
 
-std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName)
+std::optional<DefaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName)
 {
     return findCatalogueRecord(catalogueTypeFor(kind), elementName);
 }
 
-CatalogueRecordCommand::CatalogueRecordCommand(CatalogueDocument& document, defaultViewRecord before,
-                                               defaultViewRecord after, const QString& text)
+CatalogueRecordCommand::CatalogueRecordCommand(CatalogueDocument& document, DefaultViewRecord before,
+                                               DefaultViewRecord after, const QString& text)
     : m_document(document),
       m_workspace(document.workspace()),
       m_elementName(catalogueRecordName(before)),
@@ -106,7 +106,7 @@ void CatalogueRecordCommand::undo()
     put(m_before);
 }
 
-void CatalogueRecordCommand::put(const defaultViewRecord& record)
+void CatalogueRecordCommand::put(const DefaultViewRecord& record)
 {
     if (m_document.workspace() != m_workspace)
         return;

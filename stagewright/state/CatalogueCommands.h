@@ -20,13 +20,13 @@ class CatalogueDocument;
 /// characters, or the generic objects for every other kind.
 tessaro::configType catalogueTypeFor(tessaro::sceneObjectType kind);
 /// The catalogue a template belongs to, by its kind of record.
-tessaro::configType catalogueTypeOf(const defaultViewRecord& record);
+tessaro::configType catalogueTypeOf(const DefaultViewRecord& record);
 /// The element name a template is found by.
-std::string catalogueRecordName(const defaultViewRecord& record);
+std::string catalogueRecordName(const DefaultViewRecord& record);
 /// A copy of the template named `elementName` in the catalogue of `type`,
 /// or in the catalogue of elements of `kind`.
-std::optional<defaultViewRecord> findCatalogueRecord(tessaro::configType type, const std::string& elementName);
-std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName);
+std::optional<DefaultViewRecord> findCatalogueRecord(tessaro::configType type, const std::string& elementName);
+std::optional<DefaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType kind, const std::string& elementName);
 
 /// One template replaced by an edited copy. Its target is the catalogue and
 /// the element name, by which it finds the template each time; a template
@@ -35,19 +35,19 @@ std::optional<defaultViewRecord> findCatalogueRecord(tessaro::sceneObjectType ki
 /// workspace's files.
 class CatalogueRecordCommand : public QUndoCommand {
 public:
-    CatalogueRecordCommand(CatalogueDocument& document, defaultViewRecord before, defaultViewRecord after,
+    CatalogueRecordCommand(CatalogueDocument& document, DefaultViewRecord before, DefaultViewRecord after,
                            const QString& text);
     void redo() override;
     void undo() override;
 
 private:
-    void put(const defaultViewRecord& record);
+    void put(const DefaultViewRecord& record);
 
     CatalogueDocument& m_document;
     QString m_workspace;
     std::string m_elementName;
-    defaultViewRecord m_before;
-    defaultViewRecord m_after;
+    DefaultViewRecord m_before;
+    DefaultViewRecord m_after;
 };
 
 } // namespace stagewright

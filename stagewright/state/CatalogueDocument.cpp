@@ -23,9 +23,9 @@ void CatalogueDocument::load(const QString& workspace)
     m_files.load(workspace);
 }
 
-bool CatalogueDocument::replaceRecord(const defaultViewRecord& after, const QString& text)
+bool CatalogueDocument::replaceRecord(const DefaultViewRecord& after, const QString& text)
 {
-    const std::optional<defaultViewRecord> before =
+    const std::optional<DefaultViewRecord> before =
         findCatalogueRecord(catalogueTypeOf(after), catalogueRecordName(after));
     if (!before)
         return false;

@@ -35,7 +35,7 @@ public:
     /// `after` as one step named `text`, which writes the catalogue. False
     /// when there is no such template; a replacement that changes nothing
     /// is no step.
-    bool replaceRecord(const defaultViewRecord& after, const QString& text);
+    bool replaceRecord(const DefaultViewRecord& after, const QString& text);
 
     /// The catalogues' history, one step per edit of a template.
     QUndoStack& history() { return m_history; }

@@ -198,15 +198,15 @@ void DBHelper::addRecentDocument(const QString& folderPath, const QString& name)
                            "(SELECT Id FROM Documents ORDER BY createdDate DESC, Id DESC LIMIT 10);"));
 }
 
-std::vector<recentDocumentItem> DBHelper::recentDocuments()
+std::vector<RecentDocumentItem> DBHelper::recentDocuments()
 {
-    std::vector<recentDocumentItem> items;
+    std::vector<RecentDocumentItem> items;
     Statement statement(dbConnection,
                         QStringLiteral("SELECT folderPath, name FROM Documents ORDER BY createdDate DESC, Id DESC;"));
     if (!statement.prepared())
         return items;
     while (statement.step() == SQLITE_ROW) {
-        recentDocumentItem item;
+        RecentDocumentItem item;
         item.folderPath = statement.text(0);
         item.name = statement.text(1);
         items.push_back(std::move(item));
@@ -219,7 +219,7 @@ bool DBHelper::clearRecentDocuments()
     return execute(QStringLiteral("DELETE FROM Documents;"));
 }
 
-bool DBHelper::updateSetting(settingsNames name, const QString& value)
+bool DBHelper::updateSetting(SettingsNames name, const QString& value)
 {
     const QString column = QString::fromLatin1(tessaro::caseText(name));
     return execute(QStringLiteral("UPDATE Settings SET ") + column + QStringLiteral(" = ? ;"), {value});
@@ -299,14 +299,14 @@ void createWorkspaceStore(const QString& workspace)
     }
 }
 
-std::vector<recentDocumentItem> recordRecentDocument(const QString& workspace, const QString& folderPath,
+std::vector<RecentDocumentItem> recordRecentDocument(const QString& workspace, const QString& folderPath,
                                                      const QString& name)
 {
     DBHelper db;
     if (!db.open(true, workspace, QString::fromLatin1(storeFileName)))
         return {};
     db.addRecentDocument(folderPath, name);
-    std::vector<recentDocumentItem> items = db.recentDocuments();
+    std::vector<RecentDocumentItem> items = db.recentDocuments();
     db.close();
     return items;
 }
@@ -321,7 +321,7 @@ bool clearRecentDocumentStore(const QString& workspace)
     return ok;
 }
 
-bool updateStoredSetting(const QString& workspace, settingsNames name, const QString& value)
+bool updateStoredSetting(const QString& workspace, SettingsNames name, const QString& value)
 {
     DBHelper db;
     if (!db.open(false, workspace, QString::fromLatin1(storeFileName)))

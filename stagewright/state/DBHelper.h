@@ -24,12 +24,12 @@ namespace stagewright {
     X(defaultSceneOrientation) X(defaultScaleMode) X(defaultAnchorPoint) X(debugOptions)
 // clang-format on
 /// The columns of the table Settings; a case's text is its column name.
-enum class settingsNames { STAGEWRIGHT_SETTINGS_NAMES(TESSARO_ENUM_CASE) };
+enum class SettingsNames { STAGEWRIGHT_SETTINGS_NAMES(TESSARO_ENUM_CASE) };
 
 } // namespace stagewright
 
 template <>
-struct tessaro::EnumCases<stagewright::settingsNames> {
+struct tessaro::EnumCases<stagewright::SettingsNames> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_SETTINGS_NAMES(TESSARO_ENUM_TEXT)};
 };
 
@@ -71,10 +71,10 @@ public:
     void addRecentDocument(const QString& folderPath, const QString& name);
     bool recentDocumentExists(const QString& folderPath, const QString& name);
     /// Newest first.
-    std::vector<recentDocumentItem> recentDocuments();
+    std::vector<RecentDocumentItem> recentDocuments();
     bool clearRecentDocuments();
 
-    bool updateSetting(settingsNames name, const QString& value);
+    bool updateSetting(SettingsNames name, const QString& value);
     /// The stored settings over the first-run values; a value that names no
     /// case keeps the first-run value.
     tessaro::appConfig settings();
@@ -85,7 +85,7 @@ public:
 
 /// What the store gives when a workspace becomes current.
 struct StoreSnapshot {
-    std::vector<recentDocumentItem> recentDocuments;
+    std::vector<RecentDocumentItem> recentDocuments;
     tessaro::appConfig settings;
 };
 
@@ -93,10 +93,10 @@ struct StoreSnapshot {
 // in "/". They are called with access to the workspace already granted.
 StoreSnapshot readWorkspaceStore(const QString& workspace);
 void createWorkspaceStore(const QString& workspace);
-std::vector<recentDocumentItem> recordRecentDocument(const QString& workspace, const QString& folderPath,
+std::vector<RecentDocumentItem> recordRecentDocument(const QString& workspace, const QString& folderPath,
                                                      const QString& name);
 bool clearRecentDocumentStore(const QString& workspace);
-bool updateStoredSetting(const QString& workspace, settingsNames name, const QString& value);
+bool updateStoredSetting(const QString& workspace, SettingsNames name, const QString& value);
 tessaro::appConfig resetStoredSettings(const QString& workspace);
 
 } // namespace stagewright

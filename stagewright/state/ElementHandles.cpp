@@ -3,14 +3,14 @@
 namespace stagewright {
 
 void ElementHandles::remember(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind,
-                              std::vector<elementHandle> order)
+                              std::vector<ElementHandle> order)
 {
     m_orders[{levelId, kind}] = std::move(order);
 }
 
-elementHandle ElementHandles::handleAt(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, std::size_t index)
+ElementHandle ElementHandles::handleAt(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, std::size_t index)
 {
-    std::vector<elementHandle>& order = m_orders[{levelId, kind}];
+    std::vector<ElementHandle>& order = m_orders[{levelId, kind}];
     while (order.size() <= index)
         order.push_back(issue());
     return order[index];

@@ -19,17 +19,17 @@ namespace stagewright {
 class ElementHandles {
 public:
     /// A handle no element has had.
-    elementHandle issue() { return ++m_last; }
+    ElementHandle issue() { return ++m_last; }
     /// The handles of a level's items of one kind, in the order the level
     /// stores them.
-    void remember(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, std::vector<elementHandle> order);
+    void remember(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, std::vector<ElementHandle> order);
     /// The handle of the item at `index` of that kind in the level: the one
     /// remembered for it, or a new one.
-    elementHandle handleAt(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, std::size_t index);
+    ElementHandle handleAt(const tessaro::Uuid& levelId, tessaro::sceneObjectType kind, std::size_t index);
 
 private:
-    elementHandle m_last = 0;
-    std::map<std::pair<tessaro::Uuid, tessaro::sceneObjectType>, std::vector<elementHandle>> m_orders;
+    ElementHandle m_last = 0;
+    std::map<std::pair<tessaro::Uuid, tessaro::sceneObjectType>, std::vector<ElementHandle>> m_orders;
 };
 
 } // namespace stagewright

@@ -5,7 +5,7 @@
 
 namespace stagewright {
 
-TESSARO_DEFINE_RECORD_MEMBERS(elementData)
+TESSARO_DEFINE_RECORD_MEMBERS(ElementData)
 
 TESSARO_DEFINE_RECORD_MEMBERS(ElementRecords)
 

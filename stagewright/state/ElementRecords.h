@@ -28,29 +28,29 @@ class Texture;
 namespace stagewright {
 
 /// An item of a level as it was read, for what the scene keeps but does not own.
-using levelItemRecord = std::variant<tessaro::ObstacleLevelItem, tessaro::CharacterLevelItem,
+using LevelItemRecord = std::variant<tessaro::ObstacleLevelItem, tessaro::CharacterLevelItem,
                                      tessaro::CheckPointLocation, tessaro::Coin, tessaro::Shield, tessaro::Artifact>;
 
 /// The collision masks and flags of an element's body.
-struct elementBodyMasks {
+struct ElementBodyMasks {
     std::uint32_t category = 0;
     std::uint32_t contact = 0;
     std::uint32_t collision = 0;
     bool affectedByGravity = false;
     bool isDynamic = false;
-    bool operator==(const elementBodyMasks&) const = default;
+    bool operator==(const ElementBodyMasks&) const = default;
 };
 
 /// The identity of an element for the editing session. Node names are new at
 /// every load; a handle stays with its element from level to level and back.
-using elementHandle = std::uint64_t;
+using ElementHandle = std::uint64_t;
 
 /// What an element of a level holds besides its picture: the catalogue
 /// record it shows, its override records, device entries and sounds. The
 /// canvas node carries these fields, and a save stores them.
-struct elementData {
+struct ElementData {
     /// The catalogue record: an Obstacle, a Character or a GenericObject.
-    std::shared_ptr<const defaultViewRecord> defaultViewProperties;
+    std::shared_ptr<const DefaultViewRecord> defaultViewProperties;
     std::optional<tessaro::Obstacle> obstacleOverrides;
     std::optional<tessaro::GroundSection> groundSection;
     /// The element's own device entries; they go back into its record on save.
@@ -78,17 +78,17 @@ struct elementData {
     /// The level item as read, for the fields a save keeps that no other field
     /// holds (a coin's image, a character item's type text, ...). Absent for
     /// elements made by the picker.
-    std::shared_ptr<const levelItemRecord> loadedItem;
+    std::shared_ptr<const LevelItemRecord> loadedItem;
     /// The element cannot be shown (its catalogue entry is missing): its node
     /// is hidden, has no picture, and a save writes `loadedItem` back as read.
     bool keptOnly = false;
 
     // Made, copied and compared out of line, so that the records inside are
     // compiled once.
-    TESSARO_RECORD_MEMBERS(elementData);
+    TESSARO_RECORD_MEMBERS(ElementData);
 };
 
-struct ElementRecords : elementData {
+struct ElementRecords : ElementData {
     tessaro::sceneObjectType kind = tessaro::sceneObjectType::none;
 
     // What the node shows.
@@ -101,7 +101,7 @@ struct ElementRecords : elementData {
     bool hidden = false;
     bool userInteractionEnabled = false;
     /// The body's masks, absent for an element without a body.
-    std::optional<elementBodyMasks> body;
+    std::optional<ElementBodyMasks> body;
     /// The element has a size handle.
     bool hasSizeHandle = false;
 

@@ -27,7 +27,7 @@ tessaro::Level freshLevel()
 
 // ---- Add ------------------------------------------------------------------------------
 
-AddLevelCommand::AddLevelCommand(projectTab& tab) : m_tab(&tab), m_level(freshLevel())
+AddLevelCommand::AddLevelCommand(ProjectTab& tab) : m_tab(&tab), m_level(freshLevel())
 {
     setText(commandText("Add Level"));
 }
@@ -55,7 +55,7 @@ void AddLevelCommand::undo()
 
 // ---- Move -----------------------------------------------------------------------------
 
-MoveLevelCommand::MoveLevelCommand(projectTab& tab, const tessaro::Uuid& levelId, int direction)
+MoveLevelCommand::MoveLevelCommand(ProjectTab& tab, const tessaro::Uuid& levelId, int direction)
     : m_tab(&tab),
       m_levelId(levelId),
       m_direction(direction)
@@ -89,7 +89,7 @@ void MoveLevelCommand::undo()
 
 // ---- Delete ---------------------------------------------------------------------------
 
-DeleteLevelCommand::DeleteLevelCommand(projectTab& tab, const tessaro::Uuid& levelId)
+DeleteLevelCommand::DeleteLevelCommand(ProjectTab& tab, const tessaro::Uuid& levelId)
     : m_tab(&tab),
       m_levelId(levelId),
       m_selectedBefore(tab.levelSelected())
@@ -146,7 +146,7 @@ void DeleteLevelCommand::undo()
 
 // ---- Replace --------------------------------------------------------------------------
 
-ReplaceLevelsCommand::ReplaceLevelsCommand(projectTab& tab, std::vector<tessaro::Level> levels,
+ReplaceLevelsCommand::ReplaceLevelsCommand(ProjectTab& tab, std::vector<tessaro::Level> levels,
                                            std::optional<tessaro::Uuid> shown)
     : m_tab(&tab),
       m_shownBefore(tab.levelSelected()),

@@ -15,42 +15,42 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 class AddLevelCommand : public HistoryStep {
 public:
-    explicit AddLevelCommand(projectTab& tab);
+    explicit AddLevelCommand(ProjectTab& tab);
     void redoStep() override;
     void undo() override;
 
 private:
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Level m_level;
 };
 
 class MoveLevelCommand : public HistoryStep {
 public:
     /// Moves the level one place back (-1) or on (+1).
-    MoveLevelCommand(projectTab& tab, const tessaro::Uuid& levelId, int direction);
+    MoveLevelCommand(ProjectTab& tab, const tessaro::Uuid& levelId, int direction);
     void redoStep() override;
     void undo() override;
 
 private:
     void step(int direction);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
     int m_direction;
 };
 
 class DeleteLevelCommand : public HistoryStep {
 public:
-    DeleteLevelCommand(projectTab& tab, const tessaro::Uuid& levelId);
+    DeleteLevelCommand(ProjectTab& tab, const tessaro::Uuid& levelId);
     void redoStep() override;
     void undo() override;
 
 private:
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     tessaro::Uuid m_levelId;
     tessaro::Uuid m_selectedBefore;
     /// The levels taken out, with their places, first place first.
@@ -64,14 +64,14 @@ private:
 /// file), the level that was shown shown again where it is still there.
 class ReplaceLevelsCommand : public HistoryStep {
 public:
-    ReplaceLevelsCommand(projectTab& tab, std::vector<tessaro::Level> levels, std::optional<tessaro::Uuid> shown);
+    ReplaceLevelsCommand(ProjectTab& tab, std::vector<tessaro::Level> levels, std::optional<tessaro::Uuid> shown);
     void redoStep() override;
     void undo() override;
 
 private:
     void show(const std::vector<tessaro::Level>& levels, const tessaro::Uuid& shown);
 
-    QPointer<projectTab> m_tab;
+    QPointer<ProjectTab> m_tab;
     std::vector<tessaro::Level> m_before;
     tessaro::Uuid m_shownBefore;
     std::vector<tessaro::Level> m_after;

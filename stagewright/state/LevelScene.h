@@ -20,7 +20,7 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 class SceneHost;
 
 /// A colour as red, green, blue and alpha from 0 to 255.
@@ -96,6 +96,6 @@ public:
 
 /// Builds the scene of a tab. The tab passed is the one whose levels the scene
 /// edits; the scene may keep a reference to it for as long as it lives.
-using SceneFactory = std::function<std::shared_ptr<LevelScene>(projectTab& tab, const SceneSetup& setup)>;
+using SceneFactory = std::function<std::shared_ptr<LevelScene>(ProjectTab& tab, const SceneSetup& setup)>;
 
 } // namespace stagewright

@@ -52,13 +52,13 @@ std::int64_t countElements(const tessaro::Level& level, int selector)
     }
 }
 
-void writeBackShownLevel(projectTab& tab)
+void writeBackShownLevel(ProjectTab& tab)
 {
     if (const auto& scene = tab.currentScene())
         scene->writeBack(tab.levelSelected());
 }
 
-std::int64_t countElements(const projectTab& tab, int selector, bool allLevels)
+std::int64_t countElements(const ProjectTab& tab, int selector, bool allLevels)
 {
     std::int64_t count = 0;
     for (const tessaro::Level& level : tab.levelConfig())
@@ -67,9 +67,9 @@ std::int64_t countElements(const projectTab& tab, int selector, bool allLevels)
     return count;
 }
 
-const std::vector<statisticsRow>& statisticsRows()
+const std::vector<StatisticsRow>& statisticsRows()
 {
-    static const std::vector<statisticsRow> rows{
+    static const std::vector<StatisticsRow> rows{
         {"Obstacles", elementCount::obstacles}, {"Coins", elementCount::coins},
         {"Artifacts", elementCount::artifacts}, {"Checkpoints", elementCount::checkpoints},
         {"Enemies", elementCount::enemies},     {"Friendlies", elementCount::friendlies},

@@ -11,7 +11,7 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// What `countElements` counts; the numbers are the selectors the sheet uses.
 namespace elementCount {
@@ -29,17 +29,17 @@ inline constexpr int checkpoints = 8;
 /// The number of elements `selector` names in one level; 0 for an unknown selector.
 std::int64_t countElements(const tessaro::Level& level, int selector);
 /// Stores the shown level's scene into its record, as a save does first.
-void writeBackShownLevel(projectTab& tab);
+void writeBackShownLevel(ProjectTab& tab);
 /// The sum over the tab's levels, or over its selected level alone when
 /// `allLevels` is false (0 when no level has the selected id).
-std::int64_t countElements(const projectTab& tab, int selector, bool allLevels);
+std::int64_t countElements(const ProjectTab& tab, int selector, bool allLevels);
 
 /// One row of a group of the statistics sheet.
-struct statisticsRow {
+struct StatisticsRow {
     const char* title;
     int selector;
 };
 /// "Obstacles", "Coins", "Artifacts", "Checkpoints", "Enemies", "Friendlies".
-const std::vector<statisticsRow>& statisticsRows();
+const std::vector<StatisticsRow>& statisticsRows();
 
 } // namespace stagewright

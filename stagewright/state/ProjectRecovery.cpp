@@ -11,10 +11,10 @@
 
 namespace stagewright {
 
-std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const RecoveryEntry& entry,
+std::shared_ptr<ProjectTab> restoreProject(SceneSettings& settings, const RecoveryEntry& entry,
                                            std::vector<tessaro::Level> levels, const ReplaceQuestion& mayReplace)
 {
-    if (const std::shared_ptr<projectTab> open =
+    if (const std::shared_ptr<ProjectTab> open =
             entry.originalPath ? tabOfFile(settings.projectTabs(), *entry.originalPath) : nullptr) {
         if (open->isProjectDirty() && !(mayReplace && mayReplace(entry)))
             return nullptr;
@@ -27,10 +27,10 @@ std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const Recove
     const auto& tabs = settings.projectTabs();
     const bool replacesStartTab = tabs.size() == 1 && tabs.front()->name().startsWith(QStringLiteral("Untitled ")) &&
         !tabs.front()->isProjectDirty();
-    const std::shared_ptr<projectTab> startTab = replacesStartTab ? tabs.front() : nullptr;
+    const std::shared_ptr<ProjectTab> startTab = replacesStartTab ? tabs.front() : nullptr;
 
     settings.newProject();
-    const std::shared_ptr<projectTab> tab = settings.selectedProjectTab();
+    const std::shared_ptr<ProjectTab> tab = settings.selectedProjectTab();
     tab->setName(entry.name);
     tab->setLevelConfig(std::move(levels));
     tab->refreshLevelList();
@@ -50,11 +50,11 @@ std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const Recove
     return tab;
 }
 
-std::vector<std::shared_ptr<projectTab>> recoverProjects(SceneSettings& settings, RecoveryStore& store,
+std::vector<std::shared_ptr<ProjectTab>> recoverProjects(SceneSettings& settings, RecoveryStore& store,
                                                          Autosave& autosave, const std::vector<RecoveryEntry>& entries,
                                                          const ReplaceQuestion& mayReplace)
 {
-    std::vector<std::shared_ptr<projectTab>> opened;
+    std::vector<std::shared_ptr<ProjectTab>> opened;
     std::vector<const RecoveryEntry*> done;
     for (const RecoveryEntry& entry : entries) {
         std::optional<std::vector<tessaro::Level>> levels = RecoveryStore::readLevels(entry);
@@ -62,7 +62,7 @@ std::vector<std::shared_ptr<projectTab>> recoverProjects(SceneSettings& settings
             diagnosticLine(QStringLiteral("Failed to recover: ") + entry.levelsFile);
             continue;
         }
-        const std::shared_ptr<projectTab> tab = restoreProject(settings, entry, std::move(*levels), mayReplace);
+        const std::shared_ptr<ProjectTab> tab = restoreProject(settings, entry, std::move(*levels), mayReplace);
         if (!tab) {
             diagnosticLine(QStringLiteral("Kept for later: ") + entry.name);
             continue;

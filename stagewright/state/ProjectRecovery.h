@@ -12,7 +12,7 @@ namespace stagewright {
 
 class Autosave;
 class SceneSettings;
-class projectTab;
+class ProjectTab;
 
 /// Whether the recovered copy of a project may replace the unsaved changes of
 /// the tab that has its file open.
@@ -27,14 +27,14 @@ using ReplaceQuestion = std::function<bool(const RecoveryEntry& entry)>;
 /// the recovered levels as one step of its history and is shown. A tab with
 /// unsaved changes of its own does so only when `mayReplace` agrees; null
 /// when it does not.
-std::shared_ptr<projectTab> restoreProject(SceneSettings& settings, const RecoveryEntry& entry,
+std::shared_ptr<ProjectTab> restoreProject(SceneSettings& settings, const RecoveryEntry& entry,
                                            std::vector<tessaro::Level> levels, const ReplaceQuestion& mayReplace);
 
 /// Opens each found project in a tab, copies it into this run's store at
 /// once, and only then removes what the other run left, so that no moment
 /// is without a copy. A project whose levels cannot be read, or whose open
 /// tab keeps its own changes, stays in the store. Returns the tabs opened.
-std::vector<std::shared_ptr<projectTab>> recoverProjects(SceneSettings& settings, RecoveryStore& store,
+std::vector<std::shared_ptr<ProjectTab>> recoverProjects(SceneSettings& settings, RecoveryStore& store,
                                                          Autosave& autosave, const std::vector<RecoveryEntry>& entries,
                                                          const ReplaceQuestion& mayReplace);
 

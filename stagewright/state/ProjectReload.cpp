@@ -8,7 +8,7 @@
 
 namespace stagewright {
 
-bool reloadProjectFromDisk(PermissionManager& gate, projectTab& tab)
+bool reloadProjectFromDisk(PermissionManager& gate, ProjectTab& tab)
 {
     if (!tab.filePath())
         return false;

@@ -4,11 +4,11 @@
 namespace stagewright {
 
 class PermissionManager;
-class projectTab;
+class ProjectTab;
 
 /// Shows the levels of the tab's file in the tab, in place of what the tab
 /// holds. False, with a diagnostic line, when the file cannot be read as a
 /// project now (gone, or caught half written): the tab then stays as it is.
-bool reloadProjectFromDisk(PermissionManager& gate, projectTab& tab);
+bool reloadProjectFromDisk(PermissionManager& gate, ProjectTab& tab);
 
 } // namespace stagewright

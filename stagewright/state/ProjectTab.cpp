@@ -23,19 +23,19 @@ SceneSetup sceneSetupFromConfig()
     return setup;
 }
 
-projectTab::projectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner)
+ProjectTab::ProjectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner)
     : m_owner(owner),
       m_id(id),
       m_name(name)
 {
-    connect(&m_document, &LevelDocument::levelsChanged, this, &projectTab::levelConfigChanged);
-    connect(&m_document, &LevelDocument::levelChanged, this, &projectTab::levelConfigChanged);
+    connect(&m_document, &LevelDocument::levelsChanged, this, &ProjectTab::levelConfigChanged);
+    connect(&m_document, &LevelDocument::levelChanged, this, &ProjectTab::levelConfigChanged);
     takeSceneValuesFromConfig();
     m_currentScene = makeScene();
-    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &projectTab::refreshDirty);
+    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &ProjectTab::refreshDirty);
 }
 
-projectTab::~projectTab()
+ProjectTab::~ProjectTab()
 {
     if (m_currentScene) {
         if (SceneHost* host = m_currentScene->host())
@@ -43,14 +43,14 @@ projectTab::~projectTab()
     }
 }
 
-std::shared_ptr<LevelScene> projectTab::makeScene()
+std::shared_ptr<LevelScene> ProjectTab::makeScene()
 {
     if (!m_owner || !m_owner->sceneFactory())
         return nullptr;
     return m_owner->sceneFactory()(*this, sceneSetupFromConfig());
 }
 
-void projectTab::takeSceneValuesFromConfig()
+void ProjectTab::takeSceneValuesFromConfig()
 {
     const SceneSetup setup = sceneSetupFromConfig();
     setSelectedAnchorPoint(setup.anchorPoint);
@@ -59,7 +59,7 @@ void projectTab::takeSceneValuesFromConfig()
     setSelectedSceneSize(setup.size);
 }
 
-void projectTab::setName(const QString& name)
+void ProjectTab::setName(const QString& name)
 {
     if (name == m_name)
         return;
@@ -67,7 +67,7 @@ void projectTab::setName(const QString& name)
     emit nameChanged();
 }
 
-void projectTab::setFilePath(const std::optional<QString>& path)
+void ProjectTab::setFilePath(const std::optional<QString>& path)
 {
     if (path == m_filePath)
         return;
@@ -75,12 +75,12 @@ void projectTab::setFilePath(const std::optional<QString>& path)
     emit filePathChanged();
 }
 
-void projectTab::setLevelConfig(std::vector<tessaro::Level> levels)
+void ProjectTab::setLevelConfig(std::vector<tessaro::Level> levels)
 {
     m_document.replaceLevels(std::move(levels));
 }
 
-void projectTab::setLevelSelected(const tessaro::Uuid& id)
+void ProjectTab::setLevelSelected(const tessaro::Uuid& id)
 {
     if (id == m_levelSelected)
         return;
@@ -88,31 +88,31 @@ void projectTab::setLevelSelected(const tessaro::Uuid& id)
     emit levelSelectedChanged();
 }
 
-void projectTab::setSelectedObject(selectedObjectModel model)
+void ProjectTab::setSelectedObject(SelectedObjectModel model)
 {
     m_selectedObject = std::move(model);
     emit selectedObjectChanged();
 }
 
-void projectTab::setSelectedDeviceObject(selectedDeviceModel model)
+void ProjectTab::setSelectedDeviceObject(SelectedDeviceModel model)
 {
     m_selectedDeviceObject = std::move(model);
     emit selectedDeviceObjectChanged();
 }
 
-void projectTab::setSelectedAnimationObject(selectedAnimationModel model)
+void ProjectTab::setSelectedAnimationObject(SelectedAnimationModel model)
 {
     m_selectedAnimationObject = std::move(model);
     emit selectedAnimationObjectChanged();
 }
 
-void projectTab::setSelectedLevelExtendedProperties(selectedLevelExtendedPropertiesModel model)
+void ProjectTab::setSelectedLevelExtendedProperties(SelectedLevelExtendedPropertiesModel model)
 {
     m_selectedLevelExtendedProperties = std::move(model);
     emit selectedLevelExtendedPropertiesChanged();
 }
 
-void projectTab::setSelectedSceneSize(tessaro::SizeValue size)
+void ProjectTab::setSelectedSceneSize(tessaro::SizeValue size)
 {
     if (size == m_selectedSceneSize)
         return;
@@ -120,7 +120,7 @@ void projectTab::setSelectedSceneSize(tessaro::SizeValue size)
     emit selectedSceneSizeChanged();
 }
 
-void projectTab::setSelectedScaleMode(sceneScaleMode mode)
+void ProjectTab::setSelectedScaleMode(sceneScaleMode mode)
 {
     if (mode == m_selectedScaleMode)
         return;
@@ -128,7 +128,7 @@ void projectTab::setSelectedScaleMode(sceneScaleMode mode)
     emit selectedScaleModeChanged();
 }
 
-void projectTab::setSelectedSceneOrientation(tessaro::sceneOrientationType orientation)
+void ProjectTab::setSelectedSceneOrientation(tessaro::sceneOrientationType orientation)
 {
     if (orientation == m_selectedSceneOrientation)
         return;
@@ -136,7 +136,7 @@ void projectTab::setSelectedSceneOrientation(tessaro::sceneOrientationType orien
     emit selectedSceneOrientationChanged();
 }
 
-void projectTab::setSelectedAnchorPoint(tessaro::PointValue anchor)
+void ProjectTab::setSelectedAnchorPoint(tessaro::PointValue anchor)
 {
     if (anchor == m_selectedAnchorPoint)
         return;
@@ -144,7 +144,7 @@ void projectTab::setSelectedAnchorPoint(tessaro::PointValue anchor)
     emit selectedAnchorPointChanged();
 }
 
-void projectTab::setCurrentScene(std::shared_ptr<LevelScene> scene)
+void ProjectTab::setCurrentScene(std::shared_ptr<LevelScene> scene)
 {
     if (scene == m_currentScene)
         return;
@@ -152,7 +152,7 @@ void projectTab::setCurrentScene(std::shared_ptr<LevelScene> scene)
     emit currentSceneChanged();
 }
 
-void projectTab::setScenePosition(tessaro::PointValue position)
+void ProjectTab::setScenePosition(tessaro::PointValue position)
 {
     if (position == m_scenePosition)
         return;
@@ -160,7 +160,7 @@ void projectTab::setScenePosition(tessaro::PointValue position)
     emit scenePositionChanged();
 }
 
-void projectTab::setProjectDirty(bool dirty)
+void ProjectTab::setProjectDirty(bool dirty)
 {
     m_changedOutsideHistory = dirty;
     if (!dirty)
@@ -168,7 +168,7 @@ void projectTab::setProjectDirty(bool dirty)
     refreshDirty();
 }
 
-void projectTab::refreshDirty()
+void ProjectTab::refreshDirty()
 {
     if (isProjectDirty() == m_isProjectDirty)
         return;
@@ -176,7 +176,7 @@ void projectTab::refreshDirty()
     emit isProjectDirtyChanged();
 }
 
-void projectTab::setBackgroundElementsHidden(bool hidden)
+void ProjectTab::setBackgroundElementsHidden(bool hidden)
 {
     if (hidden == m_backgroundElementsHidden)
         return;
@@ -184,7 +184,7 @@ void projectTab::setBackgroundElementsHidden(bool hidden)
     emit backgroundElementsHiddenChanged();
 }
 
-void projectTab::setElementPhase(selectionPhase phase)
+void ProjectTab::setElementPhase(SelectionPhase phase)
 {
     if (phase == m_elementPhase)
         return;
@@ -192,7 +192,7 @@ void projectTab::setElementPhase(selectionPhase phase)
     emit elementPhaseChanged();
 }
 
-void projectTab::setScaledValue(const QString& value)
+void ProjectTab::setScaledValue(const QString& value)
 {
     if (value == m_scaledValue)
         return;
@@ -200,7 +200,7 @@ void projectTab::setScaledValue(const QString& value)
     emit scaledValueChanged();
 }
 
-void projectTab::resetSelectionModels()
+void ProjectTab::resetSelectionModels()
 {
     setSelectedObject({});
     setSelectedDeviceObject({});
@@ -208,10 +208,10 @@ void projectTab::resetSelectionModels()
     setSelectedLevelExtendedProperties({});
 }
 
-void projectTab::switchLevel(const tessaro::Uuid& id)
+void ProjectTab::switchLevel(const tessaro::Uuid& id)
 {
     resetSelectionModels();
-    setElementPhase(selectionPhase::NotSelected);
+    setElementPhase(SelectionPhase::NotSelected);
 
     const std::shared_ptr<LevelScene> old = m_currentScene;
     SceneHost* host = old ? old->host() : nullptr;
@@ -222,7 +222,7 @@ void projectTab::switchLevel(const tessaro::Uuid& id)
     presentLevel(id, host);
 }
 
-bool projectTab::showLevel(const tessaro::Uuid& id)
+bool ProjectTab::showLevel(const tessaro::Uuid& id)
 {
     if (m_levelSelected == id)
         return true;
@@ -232,10 +232,10 @@ bool projectTab::showLevel(const tessaro::Uuid& id)
     return true;
 }
 
-void projectTab::replaceLevels(std::vector<tessaro::Level> levels)
+void ProjectTab::replaceLevels(std::vector<tessaro::Level> levels)
 {
     resetSelectionModels();
-    setElementPhase(selectionPhase::NotSelected);
+    setElementPhase(SelectionPhase::NotSelected);
 
     // The canvas's copy of the old level goes without being written back,
     // and the history speaks of records that are no longer there.
@@ -254,7 +254,7 @@ void projectTab::replaceLevels(std::vector<tessaro::Level> levels)
     setProjectDirty(false);
 }
 
-void projectTab::presentLevel(const tessaro::Uuid& id, SceneHost* host)
+void ProjectTab::presentLevel(const tessaro::Uuid& id, SceneHost* host)
 {
     setLevelSelected(id);
     setCurrentScene(nullptr);
@@ -280,17 +280,17 @@ void projectTab::presentLevel(const tessaro::Uuid& id, SceneHost* host)
     scene->updateOverlays();
 }
 
-void projectTab::deleteLevel(const tessaro::Uuid& id)
+void ProjectTab::deleteLevel(const tessaro::Uuid& id)
 {
     pushStep(m_undoStack, new DeleteLevelCommand(*this, id));
 }
 
-void projectTab::addLevel()
+void ProjectTab::addLevel()
 {
     pushStep(m_undoStack, new AddLevelCommand(*this));
 }
 
-bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
+bool ProjectTab::moveLevel(const tessaro::Uuid& id, int direction)
 {
     const std::optional<std::size_t> index = levelIndex(id);
     if (!index)
@@ -302,7 +302,7 @@ bool projectTab::moveLevel(const tessaro::Uuid& id, int direction)
     return true;
 }
 
-void projectTab::refreshLevelList()
+void ProjectTab::refreshLevelList()
 {
     m_levelListDropdownValues.clear();
     m_levelListDropdownValues.reserve(levelConfig().size());
@@ -313,7 +313,7 @@ void projectTab::refreshLevelList()
     emit levelListDropdownValuesChanged();
 }
 
-void projectTab::dropScene()
+void ProjectTab::dropScene()
 {
     if (!m_currentScene)
         return;
@@ -324,7 +324,7 @@ void projectTab::dropScene()
     scene->releaseContent();
 }
 
-void projectTab::reset()
+void ProjectTab::reset()
 {
     takeSceneValuesFromConfig();
     dropScene();
@@ -332,7 +332,7 @@ void projectTab::reset()
     emit levelListDropdownValuesChanged();
     m_document.replaceLevels({});
     resetSelectionModels();
-    setElementPhase(selectionPhase::None);
+    setElementPhase(SelectionPhase::None);
 }
 
 } // namespace stagewright

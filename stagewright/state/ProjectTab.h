@@ -27,13 +27,13 @@ namespace stagewright {
 class ElementHandles;
 class SceneSettings;
 
-class projectTab : public QObject {
+class ProjectTab : public QObject {
     Q_OBJECT
 public:
     /// A tab of `owner`, whose scene factory builds the tab's scenes. Without
     /// an owner, or while no factory is installed, the tab has no scene.
-    projectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner = nullptr);
-    ~projectTab() override;
+    ProjectTab(const tessaro::Uuid& id, const QString& name, SceneSettings* owner = nullptr);
+    ~ProjectTab() override;
 
     const tessaro::Uuid& id() const { return m_id; }
 
@@ -63,30 +63,30 @@ public:
 
     // The selection models. The mutable accessors are for the controls that
     // edit one field; they call the matching notify function afterwards.
-    const selectedObjectModel& selectedObject() const { return m_selectedObject; }
-    selectedObjectModel& selectedObject() { return m_selectedObject; }
-    void setSelectedObject(selectedObjectModel model);
+    const SelectedObjectModel& selectedObject() const { return m_selectedObject; }
+    SelectedObjectModel& selectedObject() { return m_selectedObject; }
+    void setSelectedObject(SelectedObjectModel model);
     void notifySelectedObjectChanged() { emit selectedObjectChanged(); }
 
-    const selectedDeviceModel& selectedDeviceObject() const { return m_selectedDeviceObject; }
-    selectedDeviceModel& selectedDeviceObject() { return m_selectedDeviceObject; }
-    void setSelectedDeviceObject(selectedDeviceModel model);
+    const SelectedDeviceModel& selectedDeviceObject() const { return m_selectedDeviceObject; }
+    SelectedDeviceModel& selectedDeviceObject() { return m_selectedDeviceObject; }
+    void setSelectedDeviceObject(SelectedDeviceModel model);
     void notifySelectedDeviceObjectChanged() { emit selectedDeviceObjectChanged(); }
 
-    const selectedAnimationModel& selectedAnimationObject() const { return m_selectedAnimationObject; }
-    selectedAnimationModel& selectedAnimationObject() { return m_selectedAnimationObject; }
-    void setSelectedAnimationObject(selectedAnimationModel model);
+    const SelectedAnimationModel& selectedAnimationObject() const { return m_selectedAnimationObject; }
+    SelectedAnimationModel& selectedAnimationObject() { return m_selectedAnimationObject; }
+    void setSelectedAnimationObject(SelectedAnimationModel model);
     void notifySelectedAnimationObjectChanged() { emit selectedAnimationObjectChanged(); }
 
-    const selectedLevelExtendedPropertiesModel& selectedLevelExtendedProperties() const
+    const SelectedLevelExtendedPropertiesModel& selectedLevelExtendedProperties() const
     {
         return m_selectedLevelExtendedProperties;
     }
-    selectedLevelExtendedPropertiesModel& selectedLevelExtendedProperties()
+    SelectedLevelExtendedPropertiesModel& selectedLevelExtendedProperties()
     {
         return m_selectedLevelExtendedProperties;
     }
-    void setSelectedLevelExtendedProperties(selectedLevelExtendedPropertiesModel model);
+    void setSelectedLevelExtendedProperties(SelectedLevelExtendedPropertiesModel model);
 
     tessaro::SizeValue selectedSceneSize() const { return m_selectedSceneSize; }
     void setSelectedSceneSize(tessaro::SizeValue size);
@@ -101,7 +101,7 @@ public:
     const std::shared_ptr<LevelScene>& currentScene() const { return m_currentScene; }
     void setCurrentScene(std::shared_ptr<LevelScene> scene);
 
-    const std::vector<levelPickerModel>& levelListDropdownValues() const { return m_levelListDropdownValues; }
+    const std::vector<LevelPickerModel>& levelListDropdownValues() const { return m_levelListDropdownValues; }
 
     tessaro::PointValue scenePosition() const { return m_scenePosition; }
     void setScenePosition(tessaro::PointValue position);
@@ -122,8 +122,8 @@ public:
     bool backgroundElementsHidden() const { return m_backgroundElementsHidden; }
     void setBackgroundElementsHidden(bool hidden);
 
-    selectionPhase elementPhase() const { return m_elementPhase; }
-    void setElementPhase(selectionPhase phase);
+    SelectionPhase elementPhase() const { return m_elementPhase; }
+    void setElementPhase(SelectionPhase phase);
 
     /// The zoom shown in the toolbar, as text ("1.00").
     const QString& scaledValue() const { return m_scaledValue; }
@@ -202,22 +202,22 @@ private:
     std::optional<QString> m_unreadableFile;
     LevelDocument m_document;
     tessaro::Uuid m_levelSelected = tessaro::Uuid::create();
-    selectedObjectModel m_selectedObject;
-    selectedDeviceModel m_selectedDeviceObject;
-    selectedAnimationModel m_selectedAnimationObject;
-    selectedLevelExtendedPropertiesModel m_selectedLevelExtendedProperties;
+    SelectedObjectModel m_selectedObject;
+    SelectedDeviceModel m_selectedDeviceObject;
+    SelectedAnimationModel m_selectedAnimationObject;
+    SelectedLevelExtendedPropertiesModel m_selectedLevelExtendedProperties;
     tessaro::SizeValue m_selectedSceneSize;
     sceneScaleMode m_selectedScaleMode = sceneScaleMode::aspectFill;
     tessaro::sceneOrientationType m_selectedSceneOrientation = tessaro::sceneOrientationType::landscape;
     tessaro::PointValue m_selectedAnchorPoint;
     std::shared_ptr<LevelScene> m_currentScene;
-    std::vector<levelPickerModel> m_levelListDropdownValues;
+    std::vector<LevelPickerModel> m_levelListDropdownValues;
     tessaro::PointValue m_scenePosition;
     QUndoStack m_undoStack;
     bool m_changedOutsideHistory = false;
     bool m_isProjectDirty = false; // as last announced
     bool m_backgroundElementsHidden = false;
-    selectionPhase m_elementPhase = selectionPhase::NotSelected;
+    SelectionPhase m_elementPhase = SelectionPhase::NotSelected;
     QString m_scaledValue = QStringLiteral("1.00");
 };
 

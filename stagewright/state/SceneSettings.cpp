@@ -107,7 +107,7 @@ void SceneSettings::start()
 
     m_isDark = defaults.value(QStringLiteral("isDark"), false).toBool();
 
-    auto tab = std::make_shared<projectTab>(tessaro::Uuid::create(), initializationName, this);
+    auto tab = std::make_shared<ProjectTab>(tessaro::Uuid::create(), initializationName, this);
     m_projectTabs.push_back(tab);
     m_selectedProjectTab = m_projectTabs.front();
     m_tabSelected = m_selectedProjectTab ? m_selectedProjectTab->id() : tessaro::Uuid::create();
@@ -124,7 +124,7 @@ void SceneSettings::setFileRevealer(FileRevealer revealer)
     m_revealer = revealer ? std::move(revealer) : FileRevealer(revealInFileManager);
 }
 
-std::shared_ptr<projectTab> SceneSettings::findTab(const tessaro::Uuid& id) const
+std::shared_ptr<ProjectTab> SceneSettings::findTab(const tessaro::Uuid& id) const
 {
     for (const auto& tab : m_projectTabs)
         if (tab->id() == id)
@@ -134,7 +134,7 @@ std::shared_ptr<projectTab> SceneSettings::findTab(const tessaro::Uuid& id) cons
 
 // ---- Fields -------------------------------------------------------------------
 
-void SceneSettings::setSelectedProjectTab(std::shared_ptr<projectTab> tab)
+void SceneSettings::setSelectedProjectTab(std::shared_ptr<ProjectTab> tab)
 {
     if (tab == m_selectedProjectTab)
         return;
@@ -165,13 +165,13 @@ void SceneSettings::setFirstTimeViewDisplayed(bool shown)
     userDefaults().setValue(QStringLiteral("firstTimeViewDisplayed"), shown);
 }
 
-void SceneSettings::setRecentDocuments(std::vector<recentDocumentItem> items)
+void SceneSettings::setRecentDocuments(std::vector<RecentDocumentItem> items)
 {
     m_recentDocumentItemsList = std::move(items);
     emit recentDocumentItemsListChanged();
 }
 
-void SceneSettings::setSceneSizesList(std::vector<sceneSizes> sizes)
+void SceneSettings::setSceneSizesList(std::vector<SceneSizes> sizes)
 {
     m_sceneSizesList = std::move(sizes);
     emit sceneSizesListChanged();
@@ -215,7 +215,7 @@ void SceneSettings::setTabSelected(const tessaro::Uuid& id)
     emit tabSelectedChanged();
 }
 
-void SceneSettings::setGroundOrderItems(std::vector<groundOrderItem> items)
+void SceneSettings::setGroundOrderItems(std::vector<GroundOrderItem> items)
 {
     m_groundOrderItems = std::move(items);
     emit groundOrderItemsChanged();
@@ -230,7 +230,7 @@ void SceneSettings::newProject()
         names.push_back(tab->name());
     const QString name = untitledPrefix + QString::number(nextUntitledNumber(names));
 
-    auto tab = std::make_shared<projectTab>(tessaro::Uuid::create(), name, this);
+    auto tab = std::make_shared<ProjectTab>(tessaro::Uuid::create(), name, this);
     m_projectTabs.push_back(tab);
     emit projectTabsChanged();
     setSelectedProjectTab(tab);
@@ -250,7 +250,7 @@ void SceneSettings::removeTabAt(std::size_t index)
 void SceneSettings::openProject(const QString& location)
 {
     // A file that is open already is shown, not opened a second time.
-    if (const std::shared_ptr<projectTab> open = tabOfFile(m_projectTabs, location)) {
+    if (const std::shared_ptr<ProjectTab> open = tabOfFile(m_projectTabs, location)) {
         diagnosticLine(QStringLiteral("Already open: ") + location);
         selectProject(open->id());
         return;
@@ -258,10 +258,10 @@ void SceneSettings::openProject(const QString& location)
     // Only a start tab with no changes gives way to the opened project.
     const bool replacesStartTab = m_projectTabs.size() == 1 &&
         m_projectTabs.front()->name().startsWith(untitledPrefix) && !m_projectTabs.front()->isProjectDirty();
-    const std::shared_ptr<projectTab> startTab = replacesStartTab ? m_projectTabs.front() : nullptr;
+    const std::shared_ptr<ProjectTab> startTab = replacesStartTab ? m_projectTabs.front() : nullptr;
 
     newProject();
-    const std::shared_ptr<projectTab> tab = m_selectedProjectTab;
+    const std::shared_ptr<ProjectTab> tab = m_selectedProjectTab;
     const QFileInfo file(location);
 
     const QString workspace = workingSpacePath();
@@ -297,7 +297,7 @@ void SceneSettings::openProject(const QString& location)
 
 bool SceneSettings::saveProject(const std::optional<QString>& location)
 {
-    const std::shared_ptr<projectTab> tab = m_selectedProjectTab;
+    const std::shared_ptr<ProjectTab> tab = m_selectedProjectTab;
     if (!tab)
         return false;
     if (location)
@@ -358,7 +358,7 @@ void SceneSettings::closeProject(const tessaro::Uuid& tabId)
         std::find_if(m_projectTabs.begin(), m_projectTabs.end(), [&](const auto& tab) { return tab->id() == tabId; });
     if (it == m_projectTabs.end())
         return;
-    const std::shared_ptr<projectTab> tab = *it;
+    const std::shared_ptr<ProjectTab> tab = *it;
     tab->reset();
     removeTabAt(std::size_t(std::distance(m_projectTabs.begin(), it)));
     if (m_projectTabs.empty())
@@ -369,7 +369,7 @@ void SceneSettings::closeProject(const tessaro::Uuid& tabId)
 
 void SceneSettings::selectProject(const tessaro::Uuid& tabId)
 {
-    if (std::shared_ptr<projectTab> tab = findTab(tabId)) {
+    if (std::shared_ptr<ProjectTab> tab = findTab(tabId)) {
         setSelectedProjectTab(std::move(tab));
         setTabSelected(tabId);
     }
@@ -461,7 +461,7 @@ void SceneSettings::mainWindowAppeared()
     newProject();
 }
 
-bool SceneSettings::updateSetting(settingsNames name, const QString& value)
+bool SceneSettings::updateSetting(SettingsNames name, const QString& value)
 {
     const QString workspace = workingSpacePath();
     bool ok = false;
@@ -490,7 +490,7 @@ void SceneSettings::setZoom(const QString& zoom)
 
 void SceneSettings::setDeviceSize(tessaro::deviceName device, tessaro::SizeValue size)
 {
-    for (sceneSizes& entry : m_sceneSizesList) {
+    for (SceneSizes& entry : m_sceneSizesList) {
         if (tessaro::deviceRawText(entry.name) == tessaro::deviceRawText(device)) {
             entry.size = size;
             emit sceneSizesListChanged();

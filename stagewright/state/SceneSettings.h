@@ -46,9 +46,9 @@ public:
 
     // ---- Fields -----------------------------------------------------------
 
-    const std::vector<std::shared_ptr<projectTab>>& projectTabs() const { return m_projectTabs; }
-    const std::shared_ptr<projectTab>& selectedProjectTab() const { return m_selectedProjectTab; }
-    std::shared_ptr<projectTab> findTab(const tessaro::Uuid& id) const;
+    const std::vector<std::shared_ptr<ProjectTab>>& projectTabs() const { return m_projectTabs; }
+    const std::shared_ptr<ProjectTab>& selectedProjectTab() const { return m_selectedProjectTab; }
+    std::shared_ptr<ProjectTab> findTab(const tessaro::Uuid& id) const;
 
     tessaro::SizeValue scrollerViewSize() const { return m_scrollerViewSize; }
     void setScrollerViewSize(tessaro::SizeValue size);
@@ -59,12 +59,12 @@ public:
     /// The first-use window has been shown; stored in "firstTimeViewDisplayed".
     void setFirstTimeViewDisplayed(bool shown);
 
-    const std::vector<recentDocumentItem>& recentDocumentItemsList() const { return m_recentDocumentItemsList; }
-    const std::vector<fileItem>& imageList() const { return m_imageList; }
-    const std::vector<fileItem>& audioList() const { return m_audioList; }
+    const std::vector<RecentDocumentItem>& recentDocumentItemsList() const { return m_recentDocumentItemsList; }
+    const std::vector<FileItem>& imageList() const { return m_imageList; }
+    const std::vector<FileItem>& audioList() const { return m_audioList; }
 
-    const std::vector<sceneSizes>& sceneSizesList() const { return m_sceneSizesList; }
-    void setSceneSizesList(std::vector<sceneSizes> sizes);
+    const std::vector<SceneSizes>& sceneSizesList() const { return m_sceneSizesList; }
+    void setSceneSizesList(std::vector<SceneSizes> sizes);
 
     bool isInspectorPresented() const { return m_isInspectorPresented; }
     void setInspectorPresented(bool presented);
@@ -85,8 +85,8 @@ public:
     ElementClipboard& clipboard() { return m_clipboard; }
     const ElementClipboard& clipboard() const { return m_clipboard; }
 
-    const std::vector<groundOrderItem>& groundOrderItems() const { return m_groundOrderItems; }
-    void setGroundOrderItems(std::vector<groundOrderItem> items);
+    const std::vector<GroundOrderItem>& groundOrderItems() const { return m_groundOrderItems; }
+    void setGroundOrderItems(std::vector<GroundOrderItem> items);
 
     // ---- Operations ---------------------------------------------------------
 
@@ -140,7 +140,7 @@ public:
     void clearRecentDocuments();
 
     /// Stores one workspace setting (the settings pane).
-    bool updateSetting(settingsNames name, const QString& value);
+    bool updateSetting(SettingsNames name, const QString& value);
     /// Puts the workspace settings back to their first-run values and makes
     /// them the application's settings.
     void resetSettings();
@@ -168,8 +168,8 @@ signals:
 
 private:
     void start();
-    void setSelectedProjectTab(std::shared_ptr<projectTab> tab);
-    void setRecentDocuments(std::vector<recentDocumentItem> items);
+    void setSelectedProjectTab(std::shared_ptr<ProjectTab> tab);
+    void setRecentDocuments(std::vector<RecentDocumentItem> items);
     void makeWorkspaceCurrent(const QString& path, bool remember);
     void removeTabAt(std::size_t index);
 
@@ -179,21 +179,21 @@ private:
     SceneFactory m_sceneFactory;
     FileRevealer m_revealer;
 
-    std::vector<std::shared_ptr<projectTab>> m_projectTabs;
-    std::shared_ptr<projectTab> m_selectedProjectTab;
+    std::vector<std::shared_ptr<ProjectTab>> m_projectTabs;
+    std::shared_ptr<ProjectTab> m_selectedProjectTab;
     tessaro::SizeValue m_scrollerViewSize;
     bool m_isDark = false;
-    std::vector<recentDocumentItem> m_recentDocumentItemsList;
-    std::vector<fileItem> m_imageList;
-    std::vector<fileItem> m_audioList;
-    std::vector<sceneSizes> m_sceneSizesList;
+    std::vector<RecentDocumentItem> m_recentDocumentItemsList;
+    std::vector<FileItem> m_imageList;
+    std::vector<FileItem> m_audioList;
+    std::vector<SceneSizes> m_sceneSizesList;
     bool m_isInspectorPresented = false;
     bool m_isGroundInspectorPresented = false;
     QString m_nodeListItemSelected;
     bool m_refreshWidth = false;
     tessaro::Uuid m_tabSelected = tessaro::Uuid::create();
     ElementClipboard m_clipboard;
-    std::vector<groundOrderItem> m_groundOrderItems;
+    std::vector<GroundOrderItem> m_groundOrderItems;
 };
 
 /// The number a new "Untitled N" tab takes among tabs with these names.

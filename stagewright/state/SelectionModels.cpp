@@ -2,11 +2,11 @@
 
 namespace stagewright {
 
-TESSARO_DEFINE_RECORD_MEMBERS(selectedObjectModel)
+TESSARO_DEFINE_RECORD_MEMBERS(SelectedObjectModel)
 
-TESSARO_DEFINE_RECORD_MEMBERS(selectedAnimationModel)
+TESSARO_DEFINE_RECORD_MEMBERS(SelectedAnimationModel)
 
-tessaro::GameSound selectedObjectModel::newSound()
+tessaro::GameSound SelectedObjectModel::newSound()
 {
     tessaro::GameSound sound;
     sound.id = tessaro::Uuid::create();

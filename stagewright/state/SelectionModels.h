@@ -48,50 +48,50 @@ namespace stagewright {
 // clang-format on
 
 /// Names one editable property: the key of every edit routine.
-enum class publishedElementList { STAGEWRIGHT_PUBLISHED_ELEMENT_LIST(TESSARO_ENUM_CASE) };
+enum class PublishedElementList { STAGEWRIGHT_PUBLISHED_ELEMENT_LIST(TESSARO_ENUM_CASE) };
 
 #define STAGEWRIGHT_MODEL_TYPE(X) X(Animation) X(AnimationCycleEnd) X(Devices) X(Primary)
 /// Which model a control belongs to.
-enum class modelType { STAGEWRIGHT_MODEL_TYPE(TESSARO_ENUM_CASE) };
+enum class ModelType { STAGEWRIGHT_MODEL_TYPE(TESSARO_ENUM_CASE) };
 
 } // namespace stagewright
 
 template <>
-struct tessaro::EnumCases<stagewright::publishedElementList> {
+struct tessaro::EnumCases<stagewright::PublishedElementList> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_PUBLISHED_ELEMENT_LIST(TESSARO_ENUM_TEXT)};
 };
 template <>
-struct tessaro::EnumCases<stagewright::modelType> {
+struct tessaro::EnumCases<stagewright::ModelType> {
     static constexpr std::string_view names[] = {STAGEWRIGHT_MODEL_TYPE(TESSARO_ENUM_TEXT)};
 };
 
 namespace stagewright {
 
-static_assert(tessaro::caseCount<publishedElementList> == 114);
+static_assert(tessaro::caseCount<PublishedElementList> == 114);
 
 /// The editable form of one pinned range of a background.
-struct pinnedRangeValue {
+struct PinnedRangeValue {
     std::optional<tessaro::Uuid> id;
     tessaro::RangeValue range;
     double lowerBound = 0;
     double upperBound = 0;
-    bool operator==(const pinnedRangeValue&) const = default;
+    bool operator==(const PinnedRangeValue&) const = default;
 };
 
 /// One entry of a multi-selection list.
-struct multiItem {
+struct MultiItem {
     tessaro::Uuid id = tessaro::Uuid::create();
     std::string value;
-    bool operator==(const multiItem&) const = default;
+    bool operator==(const MultiItem&) const = default;
 };
 
 /// The catalogue record shown read-only beside a selection.
-using defaultViewRecord = std::variant<tessaro::Obstacle, tessaro::Character, tessaro::GenericObject>;
+using DefaultViewRecord = std::variant<tessaro::Obstacle, tessaro::Character, tessaro::GenericObject>;
 
 /// The primary properties of the selected element. Default-made, every field
 /// holds its value for "nothing selected".
-struct selectedObjectModel {
-    std::optional<defaultViewRecord> defaultViewProperties;
+struct SelectedObjectModel {
+    std::optional<DefaultViewRecord> defaultViewProperties;
     std::string property_objectName;
     std::string property_elementName;
     std::string displayedSize;
@@ -140,18 +140,18 @@ struct selectedObjectModel {
     bool pinned = false;
     tessaro::scrollOrientationType backgroundScrollOrientation = tessaro::scrollOrientationType::horizontal;
     double speed = 0;
-    std::vector<pinnedRangeValue> pinnedRanges;
+    std::vector<PinnedRangeValue> pinnedRanges;
 
     // Made, copied and compared out of line, so that the records inside are
     // compiled once.
-    TESSARO_RECORD_MEMBERS(selectedObjectModel);
+    TESSARO_RECORD_MEMBERS(SelectedObjectModel);
 
     /// A sound record with a new id, the one being edited before a choice.
     static tessaro::GameSound newSound();
 };
 
 /// The per-device properties of the selected element.
-struct selectedDeviceModel {
+struct SelectedDeviceModel {
     tessaro::deviceName nameSelected = tessaro::deviceName::defaultDevice;
     std::optional<tessaro::DeviceProperties> devicesDefaultBase;
     tessaro::PointValue altPosition;
@@ -166,14 +166,14 @@ struct selectedDeviceModel {
     std::int64_t numberOfParts = 0;
     tessaro::SizeValue selectorSize;
     std::string randomPositionRange;
-    std::vector<publishedElementList> inherited;
+    std::vector<PublishedElementList> inherited;
     double aspectRatio = 0;
 
-    bool operator==(const selectedDeviceModel&) const = default;
+    bool operator==(const SelectedDeviceModel&) const = default;
 };
 
 /// The animation and cycle-end properties of the selected element.
-struct selectedAnimationModel {
+struct SelectedAnimationModel {
     std::string animationFrequency = "none";
     std::string moveDirection = "none";
     tessaro::PointValue randomDistanceFromBase;
@@ -227,15 +227,15 @@ struct selectedAnimationModel {
     tessaro::PhysicsProperty End_physics;
     tessaro::SizeValue End_size;
     double End_aspectRatio = 0;
-    std::vector<publishedElementList> inherited;
+    std::vector<PublishedElementList> inherited;
 
     // Made, copied and compared out of line, so that the records inside are
     // compiled once.
-    TESSARO_RECORD_MEMBERS(selectedAnimationModel);
+    TESSARO_RECORD_MEMBERS(SelectedAnimationModel);
 };
 
 /// Level-wide values of the level properties panes.
-struct selectedLevelExtendedPropertiesModel {
+struct SelectedLevelExtendedPropertiesModel {
     std::string id;
     tessaro::soundBiteType soundBiteType = tessaro::soundBiteType::none;
     std::string filename;
@@ -249,7 +249,7 @@ struct selectedLevelExtendedPropertiesModel {
     std::string repeatDistance;
     double startRepeatImage = 0;
 
-    bool operator==(const selectedLevelExtendedPropertiesModel&) const = default;
+    bool operator==(const SelectedLevelExtendedPropertiesModel&) const = default;
 };
 
 } // namespace stagewright

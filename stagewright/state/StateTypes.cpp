@@ -4,18 +4,18 @@
 
 namespace stagewright {
 
-QString fileItem::path() const
+QString FileItem::path() const
 {
     return folder + name + QLatin1Char('.') + type;
 }
 
-std::string_view caseText(selectionPhase phase)
+std::string_view caseText(SelectionPhase phase)
 {
     switch (phase) {
-    case selectionPhase::NotSelected: return "NotSelected";
-    case selectionPhase::BeingSelected: return "BeingSelected";
-    case selectionPhase::Selected: return "Selected";
-    case selectionPhase::None: return "None";
+    case SelectionPhase::NotSelected: return "NotSelected";
+    case SelectionPhase::BeingSelected: return "BeingSelected";
+    case SelectionPhase::Selected: return "Selected";
+    case SelectionPhase::None: return "None";
     }
     return "None";
 }

@@ -14,7 +14,7 @@
 namespace stagewright {
 
 /// One file of the workspace. Items order by `name`, by plain text comparison.
-struct fileItem {
+struct FileItem {
     QString folder; // path of the folder that holds the file
     QString name; // file name without extension
     QString type; // file extension
@@ -23,7 +23,7 @@ struct fileItem {
 
     /// folder + name + "." + type.
     QString path() const;
-    bool sameFile(const fileItem& other) const
+    bool sameFile(const FileItem& other) const
     {
         return folder == other.folder && name == other.name && type == other.type &&
             sceneObjectType == other.sceneObjectType;
@@ -31,7 +31,7 @@ struct fileItem {
 };
 
 /// A project file opened recently.
-struct recentDocumentItem {
+struct RecentDocumentItem {
     QString name; // file name with extension
     QString folderPath; // folder of the file, with its final "/"
     tessaro::Uuid tag = tessaro::Uuid::create();
@@ -40,20 +40,20 @@ struct recentDocumentItem {
 };
 
 /// A scene size a user has set for a device.
-struct sceneSizes {
+struct SceneSizes {
     tessaro::deviceName name = tessaro::deviceName::defaultDevice;
     tessaro::SizeValue size;
     tessaro::Uuid tag = tessaro::Uuid::create();
 };
 
 /// One entry of the level picker: "Scene: " and the level's id.
-struct levelPickerModel {
+struct LevelPickerModel {
     QString name;
     tessaro::Uuid tag;
 };
 
 /// One row of the ground order pane, made from one ground node.
-struct groundOrderItem {
+struct GroundOrderItem {
     tessaro::Uuid id = tessaro::Uuid::create();
     QString image;
     QString name;
@@ -65,8 +65,8 @@ struct groundOrderItem {
 };
 
 /// Selection state of a tab's scene.
-enum class selectionPhase { NotSelected, BeingSelected, Selected, None };
-std::string_view caseText(selectionPhase phase);
+enum class SelectionPhase { NotSelected, BeingSelected, Selected, None };
+std::string_view caseText(SelectionPhase phase);
 
 /// How a scene fits its view.
 enum class sceneScaleMode { fill, aspectFill, aspectFit, resizeFill };

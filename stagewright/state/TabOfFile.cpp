@@ -18,12 +18,12 @@ QString sameFileKey(const QString& path)
 
 } // namespace
 
-std::shared_ptr<projectTab> tabOfFile(const std::vector<std::shared_ptr<projectTab>>& tabs, const QString& path)
+std::shared_ptr<ProjectTab> tabOfFile(const std::vector<std::shared_ptr<ProjectTab>>& tabs, const QString& path)
 {
     if (path.isEmpty())
         return nullptr;
     const QString key = sameFileKey(path);
-    for (const std::shared_ptr<projectTab>& tab : tabs)
+    for (const std::shared_ptr<ProjectTab>& tab : tabs)
         if (tab->filePath() && sameFileKey(*tab->filePath()) == key)
             return tab;
     return nullptr;

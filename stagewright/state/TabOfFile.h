@@ -10,10 +10,10 @@
 
 namespace stagewright {
 
-class projectTab;
+class ProjectTab;
 
 /// The tab whose file is `path` (the same file however the path is written),
 /// or null.
-std::shared_ptr<projectTab> tabOfFile(const std::vector<std::shared_ptr<projectTab>>& tabs, const QString& path);
+std::shared_ptr<ProjectTab> tabOfFile(const std::vector<std::shared_ptr<ProjectTab>>& tabs, const QString& path);
 
 } // namespace stagewright

@@ -40,10 +40,10 @@ bool splitExtension(const QString& fileName, QString* base, QString* extension)
     return true;
 }
 
-bool isKeptExtension(const QString& extension, scanKind what)
+bool isKeptExtension(const QString& extension, ScanKind what)
 {
     const std::string text = extension.toStdString();
-    if (what == scanKind::images) {
+    if (what == ScanKind::images) {
         auto type = tessaro::caseFromText<tessaro::imageType>(text);
         return type && *type != tessaro::imageType::none;
     }
@@ -237,39 +237,39 @@ bool createWorkspace(const QString& rawPath, PermissionManager& gate)
     return complete;
 }
 
-std::vector<fileItem> scanFolder(const QString& folder, tessaro::sceneObjectType kind, scanKind what)
+std::vector<FileItem> scanFolder(const QString& folder, tessaro::sceneObjectType kind, ScanKind what)
 {
-    std::vector<fileItem> items;
+    std::vector<FileItem> items;
     const std::optional<QStringList> files = listFiles(folder);
     if (!files)
         return items;
     for (const QString& file : *files) {
-        fileItem item;
+        FileItem item;
         if (!splitExtension(file, &item.name, &item.type) || !isKeptExtension(item.type, what))
             continue;
         item.folder = folder;
         item.sceneObjectType = kind;
         items.push_back(std::move(item));
     }
-    std::stable_sort(items.begin(), items.end(), [](const fileItem& a, const fileItem& b) { return a.name < b.name; });
+    std::stable_sort(items.begin(), items.end(), [](const FileItem& a, const FileItem& b) { return a.name < b.name; });
     return items;
 }
 
 WorkspaceFileLists scanWorkspaceFiles(const QString& workspace)
 {
     WorkspaceFileLists lists;
-    lists.audio = scanFolder(soundsFolder(workspace), tessaro::sceneObjectType::none, scanKind::sounds);
+    lists.audio = scanFolder(soundsFolder(workspace), tessaro::sceneObjectType::none, ScanKind::sounds);
     for (tessaro::sceneObjectType kind : tessaro::allCases<tessaro::sceneObjectType>()) {
         if (kind == tessaro::sceneObjectType::none)
             continue;
-        std::vector<fileItem> found = scanFolder(kindImageFolder(workspace, kind), kind, scanKind::images);
+        std::vector<FileItem> found = scanFolder(kindImageFolder(workspace, kind), kind, ScanKind::images);
         lists.images.insert(lists.images.end(), std::make_move_iterator(found.begin()),
                             std::make_move_iterator(found.end()));
     }
     return lists;
 }
 
-std::optional<fileItem> findFileItem(const QString& name, tessaro::sceneObjectType kind)
+std::optional<FileItem> findFileItem(const QString& name, tessaro::sceneObjectType kind)
 {
     const QString workspace = workingSpacePath();
     const bool placeholder = name == QLatin1String("placeholder");
@@ -278,7 +278,7 @@ std::optional<fileItem> findFileItem(const QString& name, tessaro::sceneObjectTy
     std::optional<QStringList> files;
     PermissionManager::shared().withAccess(workspace, [&] { files = listFiles(folder); });
     if (!files) {
-        fileItem item;
+        FileItem item;
         item.folder = extrasFolder(workspace);
         item.name = QStringLiteral("placeholder");
         item.type = QStringLiteral("png");
@@ -286,7 +286,7 @@ std::optional<fileItem> findFileItem(const QString& name, tessaro::sceneObjectTy
         return item;
     }
     for (const QString& file : *files) {
-        fileItem item;
+        FileItem item;
         if (!splitExtension(file, &item.name, &item.type) || item.name != name)
             continue;
         item.folder = folder;

@@ -42,15 +42,15 @@ QString extrasFolder(const QString& workspace); // "Assets/Images/Extras/"
 /// completed (a diagnostic line tells why).
 bool createWorkspace(const QString& path, PermissionManager& gate);
 
-enum class scanKind { images, sounds };
+enum class ScanKind { images, sounds };
 /// The image or sound files directly in `folder`, sorted by name. The
 /// extension test is exact: "PNG" is not "png". A folder that cannot be
 /// listed gives an empty list. `folder` ends in "/".
-std::vector<fileItem> scanFolder(const QString& folder, tessaro::sceneObjectType kind, scanKind what);
+std::vector<FileItem> scanFolder(const QString& folder, tessaro::sceneObjectType kind, ScanKind what);
 
 struct WorkspaceFileLists {
-    std::vector<fileItem> images; // kind by kind, in the order of the kinds
-    std::vector<fileItem> audio;
+    std::vector<FileItem> images; // kind by kind, in the order of the kinds
+    std::vector<FileItem> audio;
 };
 /// Scans the sound folder and every kind's image folder; the caller holds
 /// access to the workspace.
@@ -59,7 +59,7 @@ WorkspaceFileLists scanWorkspaceFiles(const QString& workspace);
 /// The image file `name` of a kind in the current workspace: none when the
 /// folder holds no such image, the placeholder's item when the folder cannot
 /// be listed.
-std::optional<fileItem> findFileItem(const QString& name, tessaro::sceneObjectType kind);
+std::optional<FileItem> findFileItem(const QString& name, tessaro::sceneObjectType kind);
 
 /// The path of an image in the current workspace: the folder of its kind
 /// ("Extras" for "placeholder") + name + "." + the extension, or the

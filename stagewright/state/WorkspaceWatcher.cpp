@@ -76,7 +76,7 @@ WorkspaceWatcher::WorkspaceWatcher(SceneSettings& settings, int quietMillisecond
     // What is watched follows the open tabs, their files and the workspace.
     const auto follow = [this] {
         for (const auto& tab : m_settings.projectTabs())
-            connect(tab.get(), &projectTab::filePathChanged, this, &WorkspaceWatcher::watchAgain, Qt::UniqueConnection);
+            connect(tab.get(), &ProjectTab::filePathChanged, this, &WorkspaceWatcher::watchAgain, Qt::UniqueConnection);
         watchAgain();
     };
     connect(&settings, &SceneSettings::projectTabsChanged, this, follow);

@@ -44,10 +44,10 @@ QString seed()
 /// coin by coin.
 Boxes canvasBoxes(const Level& level)
 {
-    stagewright::projectTab tab(Uuid::create(), QStringLiteral("Layout"));
+    stagewright::ProjectTab tab(Uuid::create(), QStringLiteral("Layout"));
     tab.setLevelConfig({level});
     tab.setLevelSelected(*level.id);
-    auto scene = stagewright::sceneEditor::create(&tab);
+    auto scene = stagewright::SceneEditor::create(&tab);
     scene->loadLevel(*level.id);
     Boxes boxes;
     const std::pair<const char*, kit::NodePtr> layers[] = {
@@ -55,7 +55,7 @@ Boxes canvasBoxes(const Level& level)
         {"coins", scene->coinNodes()},         {"checkpoints", scene->checkpointNodes()},
         {"shields", scene->shieldsNodes()},    {"artifacts", scene->artifactNodes()}};
     for (const auto& [kind, layer] : layers)
-        for (const stagewright::elementNodePtr& node : stagewright::sceneEditor::elementsOf(layer)) {
+        for (const stagewright::ElementNodePtr& node : stagewright::SceneEditor::elementsOf(layer)) {
             if (node->isHidden())
                 continue;
             boxes[kind].push_back(boxOf(node->position(), node->size()));

@@ -74,7 +74,7 @@ qsizetype imageCost(const QImage& image)
 /// gray border.
 class ImageCell : public QAbstractButton {
 public:
-    ImageCell(const imagePickerChoice& item, QWidget* parent) : QAbstractButton(parent)
+    ImageCell(const ImagePickerChoice& item, QWidget* parent) : QAbstractButton(parent)
     {
         setObjectName(QStringLiteral("imageCell"));
         setToolTip(item.name);
@@ -116,10 +116,10 @@ private:
 
 } // namespace
 
-std::vector<fileItem> imagesOfKind(const std::vector<fileItem>& items, tessaro::sceneObjectType kind)
+std::vector<FileItem> imagesOfKind(const std::vector<FileItem>& items, tessaro::sceneObjectType kind)
 {
-    std::vector<fileItem> kept;
-    for (const fileItem& item : items)
+    std::vector<FileItem> kept;
+    for (const FileItem& item : items)
         if (item.sceneObjectType == kind)
             kept.push_back(item);
     return kept;
@@ -215,16 +215,16 @@ CustomImagePickerView::CustomImagePickerView(QWidget* parent) : QWidget(parent)
     setValue(QString());
 }
 
-void CustomImagePickerView::setItems(const std::vector<fileItem>& items)
+void CustomImagePickerView::setItems(const std::vector<FileItem>& items)
 {
-    std::vector<imagePickerChoice> choices;
+    std::vector<ImagePickerChoice> choices;
     choices.reserve(items.size());
-    for (const fileItem& item : items)
+    for (const FileItem& item : items)
         choices.push_back({item.name, item.path()});
     setChoices(std::move(choices));
 }
 
-void CustomImagePickerView::setChoices(std::vector<imagePickerChoice> choices)
+void CustomImagePickerView::setChoices(std::vector<ImagePickerChoice> choices)
 {
     m_items = std::move(choices);
     if (m_popover)
@@ -282,7 +282,7 @@ void CustomImagePickerView::rebuildGrid()
     grid->setSpacing(cellSpacing);
     const int columns = gridColumns(gridWidth - scrollBarRoom, cellSide, cellSpacing);
     int index = 0;
-    for (const imagePickerChoice& item : m_items) {
+    for (const ImagePickerChoice& item : m_items) {
         auto* cell = new ImageCell(item, m_grid);
         const QString name = item.name;
         connect(cell, &QAbstractButton::clicked, this, [this, name] { choose(name); });

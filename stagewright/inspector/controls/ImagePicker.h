@@ -22,7 +22,7 @@ class QPushButton;
 namespace stagewright {
 
 /// The images of `kind` among `items` (the workspace's image list), in order.
-std::vector<fileItem> imagesOfKind(const std::vector<fileItem>& items, tessaro::sceneObjectType kind);
+std::vector<FileItem> imagesOfKind(const std::vector<FileItem>& items, tessaro::sceneObjectType kind);
 /// How many columns of cells at least `minimum` wide, `spacing` apart, fit
 /// into `width`; at least one.
 int gridColumns(int width, int minimum = 60, int spacing = 4);
@@ -73,7 +73,7 @@ private:
 };
 
 /// A cell of the picker's grid: the name it chooses and the file of its picture.
-struct imagePickerChoice {
+struct ImagePickerChoice {
     QString name;
     QString picturePath;
 };
@@ -84,10 +84,10 @@ class CustomImagePickerView : public QWidget {
 public:
     explicit CustomImagePickerView(QWidget* parent = nullptr);
     /// The images offered, already limited to one folder.
-    void setItems(const std::vector<fileItem>& items);
+    void setItems(const std::vector<FileItem>& items);
     /// Names offered with a picture each, which need not be files of their own.
-    void setChoices(std::vector<imagePickerChoice> choices);
-    const std::vector<imagePickerChoice>& choices() const { return m_items; }
+    void setChoices(std::vector<ImagePickerChoice> choices);
+    const std::vector<ImagePickerChoice>& choices() const { return m_items; }
     QString value() const;
     void setValue(const QString& name);
     /// Opens the popup grid (for the keyboard and for tests).
@@ -101,7 +101,7 @@ private:
     void rebuildGrid();
     void choose(const QString& name);
 
-    std::vector<imagePickerChoice> m_items;
+    std::vector<ImagePickerChoice> m_items;
     QString m_value;
     QPushButton* m_button = nullptr;
     QFrame* m_popover = nullptr;

@@ -36,7 +36,7 @@ QLabel* passiveLabel(QWidget* parent)
 
 } // namespace
 
-customMultiSelectCombo::customMultiSelectCombo(const QString& label, const QStringList& items, QWidget* parent)
+CustomMultiSelectCombo::CustomMultiSelectCombo(const QString& label, const QStringList& items, QWidget* parent)
     : QWidget(parent),
       m_items(items)
 {
@@ -68,33 +68,33 @@ customMultiSelectCombo::customMultiSelectCombo(const QString& label, const QStri
     row->addWidget(chevrons);
     row->addStretch(1);
 
-    connect(m_row, &QPushButton::clicked, this, &customMultiSelectCombo::showPopover);
+    connect(m_row, &QPushButton::clicked, this, &CustomMultiSelectCombo::showPopover);
     refresh();
 }
 
-QStringList customMultiSelectCombo::values() const
+QStringList CustomMultiSelectCombo::values() const
 {
     return m_values;
 }
 
-void customMultiSelectCombo::setValues(const QStringList& values)
+void CustomMultiSelectCombo::setValues(const QStringList& values)
 {
     m_values = values;
     refresh();
 }
 
-void customMultiSelectCombo::setSeparator(const QString& separator)
+void CustomMultiSelectCombo::setSeparator(const QString& separator)
 {
     m_separator = separator;
     refresh();
 }
 
-bool customMultiSelectCombo::isPopover() const
+bool CustomMultiSelectCombo::isPopover() const
 {
     return m_popover && m_popover->isVisible();
 }
 
-void customMultiSelectCombo::showPopover()
+void CustomMultiSelectCombo::showPopover()
 {
     if (!m_popover) {
         m_popover = detail::makePopover(this);
@@ -135,7 +135,7 @@ void customMultiSelectCombo::showPopover()
     detail::showPopoverBelow(m_popover, m_row);
 }
 
-void customMultiSelectCombo::click(const QString& item)
+void CustomMultiSelectCombo::click(const QString& item)
 {
     m_values = toggledSelection(m_values, item);
     refresh();
@@ -143,7 +143,7 @@ void customMultiSelectCombo::click(const QString& item)
     emit valuesChanged(m_values);
 }
 
-void customMultiSelectCombo::refresh()
+void CustomMultiSelectCombo::refresh()
 {
     const QString joined = m_values.join(m_separator);
     m_text->setFullText(joined);

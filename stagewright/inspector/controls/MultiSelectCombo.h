@@ -20,10 +20,10 @@ class ElidedLabel;
 /// The list after a click on `value`.
 QStringList toggledSelection(QStringList values, const QString& value);
 
-class customMultiSelectCombo : public QWidget {
+class CustomMultiSelectCombo : public QWidget {
     Q_OBJECT
 public:
-    customMultiSelectCombo(const QString& label, const QStringList& items, QWidget* parent = nullptr);
+    CustomMultiSelectCombo(const QString& label, const QStringList& items, QWidget* parent = nullptr);
     QStringList values() const;
     void setValues(const QStringList& values);
     /// What the row puts between the chosen values.

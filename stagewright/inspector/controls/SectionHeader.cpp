@@ -86,7 +86,7 @@ void SectionHeader::refresh()
     m_state->setText(m_isOn ? m_onLabel : m_offLabel);
 }
 
-infoTipView::infoTipView(const QString& info, QWidget* parent) : QWidget(parent), m_info(info)
+InfoTipView::InfoTipView(const QString& info, QWidget* parent) : QWidget(parent), m_info(info)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -98,15 +98,15 @@ infoTipView::infoTipView(const QString& info, QWidget* parent) : QWidget(parent)
     m_button->setIcon(QIcon::fromTheme(QStringLiteral("dialog-information"),
                                        style()->standardIcon(QStyle::SP_MessageBoxInformation)));
     row->addWidget(m_button);
-    connect(m_button, &QToolButton::clicked, this, &infoTipView::showPopover);
+    connect(m_button, &QToolButton::clicked, this, &InfoTipView::showPopover);
 }
 
-bool infoTipView::isPopover() const
+bool InfoTipView::isPopover() const
 {
     return m_popover && m_popover->isVisible();
 }
 
-void infoTipView::showPopover()
+void InfoTipView::showPopover()
 {
     if (!m_popover) {
         m_popover = detail::makePopover(this);

@@ -38,10 +38,10 @@ private:
 };
 
 /// A 20 by 20 information button whose click shows `info`, read as Markdown.
-class infoTipView : public QWidget {
+class InfoTipView : public QWidget {
     Q_OBJECT
 public:
-    explicit infoTipView(const QString& info, QWidget* parent = nullptr);
+    explicit InfoTipView(const QString& info, QWidget* parent = nullptr);
     bool isPopover() const;
     /// Opens the text (for the keyboard and for tests).
     void showPopover();

@@ -26,11 +26,11 @@ QColor orDefault(const QColor& chosen, const QColor& fallback)
 
 } // namespace
 
-styleColors resolveColors(const Style& style, const QPalette& palette)
+StyleColors resolveColors(const Style& style, const QPalette& palette)
 {
     // The label colours of the desktop: the text colour and its fainter grades.
     const QColor label = palette.color(QPalette::WindowText);
-    styleColors colours;
+    StyleColors colours;
     colours.background = orDefault(style.backgroundColor, faded(label, 0.1));
     colours.activeButton = orDefault(style.activeButtonColor, label);
     colours.inactiveButton = orDefault(style.inactiveButtonColor, faded(label, 0.26));
@@ -66,7 +66,7 @@ TitleBlock::TitleBlock(const QString& title, const QString& description, const S
 
 void TitleBlock::takeColours()
 {
-    const styleColors colours = resolveColors(m_style, palette());
+    const StyleColors colours = resolveColors(m_style, palette());
     m_background = colours.background;
     const auto colourLine = [this](const char* name, const QColor& colour) {
         if (auto* line = findChild<QLabel*>(QLatin1String(name))) {
@@ -122,7 +122,7 @@ void StepperButton::takeColours()
     // Only the button text is set here, so the window text the colours come
     // from is still the inherited one; setting the same palette again is
     // no change and ends the round.
-    const styleColors colours = resolveColors(m_style, palette());
+    const StyleColors colours = resolveColors(m_style, palette());
     QPalette buttonPalette = palette();
     for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
         buttonPalette.setColor(group, QPalette::ButtonText, colours.button);
@@ -189,7 +189,7 @@ void NumberGroup::setText(const QString& text)
         m_field->setText(text);
 }
 
-void NumberGroup::setButtonsEnabled(stepper::buttonsEnabled enabled)
+void NumberGroup::setButtonsEnabled(stepper::ButtonsEnabled enabled)
 {
     m_minus->setEnabled(enabled.minus);
     m_plus->setEnabled(enabled.plus);

@@ -16,7 +16,7 @@ class QLineEdit;
 namespace stagewright::detail {
 
 /// A style's colours, the invalid ones taken from the palette.
-struct styleColors {
+struct StyleColors {
     QColor background;
     QColor activeButton;
     QColor inactiveButton;
@@ -25,7 +25,7 @@ struct styleColors {
     QColor description;
     QColor value;
 };
-styleColors resolveColors(const Style& style, const QPalette& palette);
+StyleColors resolveColors(const Style& style, const QPalette& palette);
 
 // The parts take their default colours from the palette again when the
 // appearance changes, so a switch to dark mode leaves no dark text on a dark
@@ -75,7 +75,7 @@ public:
 
     /// Shows a number; typed text that was not taken is replaced.
     void setText(const QString& text);
-    void setButtonsEnabled(stepper::buttonsEnabled enabled);
+    void setButtonsEnabled(stepper::ButtonsEnabled enabled);
     void setFieldEnabled(bool enabled);
 
     QLineEdit* field() const { return m_field; }

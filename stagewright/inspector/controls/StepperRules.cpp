@@ -20,7 +20,7 @@ int placesOf(std::optional<int> roundedPlaces)
     return roundedPlaces.value_or(1);
 }
 
-buttonsEnabled floatButtons(double value, RangeValue range, int places)
+ButtonsEnabled floatButtons(double value, RangeValue range, int places)
 {
     const double rounded = tessaro::roundedValue(value, places);
     return {rounded > range.lower, range.upper > rounded};
@@ -41,7 +41,7 @@ double acceptedFloat(double typed, double old, RangeValue range)
     return inRange(typed, range) ? typed : old;
 }
 
-buttonsEnabled intButtons(std::int64_t value, std::int64_t lower, std::int64_t upper)
+ButtonsEnabled intButtons(std::int64_t value, std::int64_t lower, std::int64_t upper)
 {
     return {value > lower, upper > value};
 }
@@ -56,9 +56,9 @@ std::int64_t intPlus(std::int64_t value, std::int64_t upper, std::int64_t step)
     return value < upper ? value + step : value;
 }
 
-rangeButtonsEnabled rangeButtons(RangeValue bounds, RangeValue range)
+RangeButtonsEnabled rangeButtons(RangeValue bounds, RangeValue range)
 {
-    rangeButtonsEnabled enabled;
+    RangeButtonsEnabled enabled;
     enabled.lowerMinus = !(bounds.lower <= range.lower);
     enabled.lowerPlus = !(bounds.upper >= range.upper || bounds.upper <= bounds.lower);
     enabled.upperMinus = !(bounds.upper <= bounds.lower);
@@ -66,22 +66,22 @@ rangeButtonsEnabled rangeButtons(RangeValue bounds, RangeValue range)
     return enabled;
 }
 
-RangeValue pressRange(RangeValue bounds, RangeValue range, rangeButton button)
+RangeValue pressRange(RangeValue bounds, RangeValue range, RangeButton button)
 {
     switch (button) {
-    case rangeButton::lowerMinus:
+    case RangeButton::lowerMinus:
         if (bounds.lower > range.lower)
             bounds.lower -= 1;
         break;
-    case rangeButton::lowerPlus:
+    case RangeButton::lowerPlus:
         if (bounds.lower < bounds.upper)
             bounds.lower += 1;
         break;
-    case rangeButton::upperMinus:
+    case RangeButton::upperMinus:
         if (bounds.lower < bounds.upper)
             bounds.upper -= 1;
         break;
-    case rangeButton::upperPlus:
+    case RangeButton::upperPlus:
         if (bounds.upper >= range.lower)
             bounds.upper += 1;
         break;
@@ -95,7 +95,7 @@ RangeValue escapeUpper(RangeValue bounds)
     return bounds;
 }
 
-buttonsEnabled coordinateButtons(double value, RangeValue range)
+ButtonsEnabled coordinateButtons(double value, RangeValue range)
 {
     return {!(value <= range.lower), !(value >= range.upper)};
 }
@@ -123,7 +123,7 @@ SizeValue withHeight(SizeValue size, double height, bool keepRatio, double ratio
     return size;
 }
 
-pointRange pointRangeFromText(std::string_view text)
+PointRange pointRangeFromText(std::string_view text)
 {
     std::string cleaned;
     for (char c : text)
@@ -137,7 +137,7 @@ pointRange pointRangeFromText(std::string_view text)
             pieces.push_back(cleaned.substr(start, comma - start));
         start = comma + 1;
     }
-    pointRange bounds;
+    PointRange bounds;
     if (!pieces.empty())
         bounds.x = tessaro::rangeFromText(pieces[0]);
     if (pieces.size() > 1)
@@ -145,7 +145,7 @@ pointRange pointRangeFromText(std::string_view text)
     return bounds;
 }
 
-std::string pointRangeText(const pointRange& bounds)
+std::string pointRangeText(const PointRange& bounds)
 {
     using tessaro::numberText;
     return "{<" + numberText(bounds.x.lower) + "..." + numberText(bounds.x.upper) + ">,<" + numberText(bounds.y.lower) +

@@ -18,10 +18,10 @@
 namespace stagewright::stepper {
 
 /// Whether the minus and the plus button of a number may be pressed.
-struct buttonsEnabled {
+struct ButtonsEnabled {
     bool minus = true;
     bool plus = true;
-    bool operator==(const buttonsEnabled&) const = default;
+    bool operator==(const ButtonsEnabled&) const = default;
 };
 
 bool inRange(double value, tessaro::RangeValue range);
@@ -30,7 +30,7 @@ bool inRange(double value, tessaro::RangeValue range);
 /// The places shown and rounded to: `roundedPlaces`, or 1 when absent.
 int placesOf(std::optional<int> roundedPlaces);
 /// Judged on the value rounded to `places`.
-buttonsEnabled floatButtons(double value, tessaro::RangeValue range, int places);
+ButtonsEnabled floatButtons(double value, tessaro::RangeValue range, int places);
 /// value − step while the value is above the lower end; no clamp.
 double floatMinus(double value, tessaro::RangeValue range, double step);
 /// value + step while the value is below the upper end; no clamp.
@@ -39,29 +39,29 @@ double floatPlus(double value, tessaro::RangeValue range, double step);
 double acceptedFloat(double typed, double old, tessaro::RangeValue range);
 
 // ---- The integer stepper ---------------------------------------------------------------------
-buttonsEnabled intButtons(std::int64_t value, std::int64_t lower, std::int64_t upper);
+ButtonsEnabled intButtons(std::int64_t value, std::int64_t lower, std::int64_t upper);
 std::int64_t intMinus(std::int64_t value, std::int64_t lower, std::int64_t step);
 std::int64_t intPlus(std::int64_t value, std::int64_t upper, std::int64_t step);
 
 // ---- The range stepper -----------------------------------------------------------------------
-enum class rangeButton { lowerMinus, lowerPlus, upperMinus, upperPlus };
-struct rangeButtonsEnabled {
+enum class RangeButton { lowerMinus, lowerPlus, upperMinus, upperPlus };
+struct RangeButtonsEnabled {
     bool lowerMinus = true;
     bool lowerPlus = true;
     bool upperMinus = true;
     bool upperPlus = true;
-    bool operator==(const rangeButtonsEnabled&) const = default;
+    bool operator==(const RangeButtonsEnabled&) const = default;
 };
 /// `bounds` holds the stepper's lower and upper values, `range` their limits.
-rangeButtonsEnabled rangeButtons(tessaro::RangeValue bounds, tessaro::RangeValue range);
+RangeButtonsEnabled rangeButtons(tessaro::RangeValue bounds, tessaro::RangeValue range);
 /// One press, step 1; a button that does not act leaves the bounds alone.
-tessaro::RangeValue pressRange(tessaro::RangeValue bounds, tessaro::RangeValue range, rangeButton button);
+tessaro::RangeValue pressRange(tessaro::RangeValue bounds, tessaro::RangeValue range, RangeButton button);
 /// Escape in the upper field: the upper bound becomes the lower one.
 tessaro::RangeValue escapeUpper(tessaro::RangeValue bounds);
 
 // ---- The point steppers ----------------------------------------------------------------------
 /// One coordinate: minus stops at the lower end, plus at the upper end.
-buttonsEnabled coordinateButtons(double value, tessaro::RangeValue range);
+ButtonsEnabled coordinateButtons(double value, tessaro::RangeValue range);
 
 // ---- The size stepper ------------------------------------------------------------------------
 /// width ÷ height, a height of 0 counting as 1; a ratio of 0 is 1.
@@ -72,16 +72,16 @@ tessaro::SizeValue withWidth(tessaro::SizeValue size, double width, bool keepRat
 tessaro::SizeValue withHeight(tessaro::SizeValue size, double height, bool keepRatio, double ratio);
 
 // ---- The point range stepper -----------------------------------------------------------------
-struct pointRange {
+struct PointRange {
     tessaro::RangeValue x;
     tessaro::RangeValue y;
-    bool operator==(const pointRange&) const = default;
+    bool operator==(const PointRange&) const = default;
 };
 /// The bounds of "{<xl...xu>,<yl...yu>}": brackets and blanks go, the pieces
 /// between commas are read as ranges; without a second piece y is 0...0.
-pointRange pointRangeFromText(std::string_view text);
+PointRange pointRangeFromText(std::string_view text);
 /// "{<xl...xu>,<yl...yu>}" with each number in its file form ("0.0").
-std::string pointRangeText(const pointRange& bounds);
+std::string pointRangeText(const PointRange& bounds);
 
 // ---- Number texts ----------------------------------------------------------------------------
 /// The float stepper's text: exactly `places` fraction digits, grouped.

@@ -157,20 +157,20 @@ void LabelledIntStepper::refresh()
 // ---- Range ----------------------------------------------------------------------------------
 
 LabelledRangeStepper::LabelledRangeStepper(const QString& title, const QString& description, RangeValue range,
-                                           stepperPrecision precision, const Style& style, QWidget* parent)
+                                           StepperPrecision precision, const Style& style, QWidget* parent)
     : StepperWidget(parent),
       m_range(range),
       m_precision(precision)
 {
-    using stepper::rangeButton;
+    using stepper::RangeButton;
     QHBoxLayout* row = stepperRow(this, title, description, style);
     m_lowerGroup = addGroup(row, this, QString(), "lower", style);
     addWord(row, this, tr("to"));
     m_upperGroup = addGroup(row, this, QString(), "upper", style);
-    connect(m_lowerGroup, &NumberGroup::minusPressed, this, [this] { press(rangeButton::lowerMinus); });
-    connect(m_lowerGroup, &NumberGroup::plusPressed, this, [this] { press(rangeButton::lowerPlus); });
-    connect(m_upperGroup, &NumberGroup::minusPressed, this, [this] { press(rangeButton::upperMinus); });
-    connect(m_upperGroup, &NumberGroup::plusPressed, this, [this] { press(rangeButton::upperPlus); });
+    connect(m_lowerGroup, &NumberGroup::minusPressed, this, [this] { press(RangeButton::lowerMinus); });
+    connect(m_lowerGroup, &NumberGroup::plusPressed, this, [this] { press(RangeButton::lowerPlus); });
+    connect(m_upperGroup, &NumberGroup::minusPressed, this, [this] { press(RangeButton::upperMinus); });
+    connect(m_upperGroup, &NumberGroup::plusPressed, this, [this] { press(RangeButton::upperPlus); });
     connect(m_lowerGroup, &NumberGroup::typed, this, [this](const QString& text) {
         if (const std::optional<double> typed = stepper::parseTyped(text))
             change({*typed, m_bounds.upper});
@@ -201,7 +201,7 @@ void LabelledRangeStepper::setBounds(double lower, double upper)
     refresh();
 }
 
-void LabelledRangeStepper::press(stepper::rangeButton button)
+void LabelledRangeStepper::press(stepper::RangeButton button)
 {
     change(stepper::pressRange(m_bounds, m_range, button));
 }
@@ -220,12 +220,12 @@ void LabelledRangeStepper::change(RangeValue next)
 
 QString LabelledRangeStepper::text(double value) const
 {
-    return stepper::fixedText(value, m_precision == stepperPrecision::Int ? 0 : 1);
+    return stepper::fixedText(value, m_precision == StepperPrecision::Int ? 0 : 1);
 }
 
 void LabelledRangeStepper::refresh()
 {
-    const stepper::rangeButtonsEnabled enabled = stepper::rangeButtons(m_bounds, m_range);
+    const stepper::RangeButtonsEnabled enabled = stepper::rangeButtons(m_bounds, m_range);
     m_lowerGroup->setText(text(m_bounds.lower));
     m_lowerGroup->setButtonsEnabled({enabled.lowerMinus, enabled.lowerPlus});
     m_upperGroup->setText(text(m_bounds.upper));

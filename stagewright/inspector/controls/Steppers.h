@@ -20,7 +20,7 @@ class QCheckBox;
 namespace stagewright {
 
 /// How the range stepper shows its numbers.
-enum class stepperPrecision { Int, CGFloat };
+enum class StepperPrecision { Int, CGFloat };
 
 /// A float within `range`, shown at `roundedPlaces` places (1 when absent).
 /// A button acts while the value is inside its end, so one step may pass the
@@ -75,7 +75,7 @@ class LabelledRangeStepper : public detail::StepperWidget {
     Q_OBJECT
 public:
     LabelledRangeStepper(const QString& title, const QString& description, tessaro::RangeValue range,
-                         stepperPrecision precision, const Style& style = {}, QWidget* parent = nullptr);
+                         StepperPrecision precision, const Style& style = {}, QWidget* parent = nullptr);
     double lower() const;
     double upper() const;
     void setBounds(double lower, double upper);
@@ -84,13 +84,13 @@ signals:
     void upperChanged(double upper);
 
 private:
-    void press(stepper::rangeButton button);
+    void press(stepper::RangeButton button);
     void change(tessaro::RangeValue next);
     QString text(double value) const;
     void refresh();
 
     tessaro::RangeValue m_range;
-    stepperPrecision m_precision;
+    StepperPrecision m_precision;
     tessaro::RangeValue m_bounds;
     detail::NumberGroup* m_lowerGroup = nullptr;
     detail::NumberGroup* m_upperGroup = nullptr;
@@ -188,7 +188,7 @@ private:
     double m_step;
     tessaro::RangeValue m_range;
     QString m_text;
-    stepper::pointRange m_bounds;
+    stepper::PointRange m_bounds;
     detail::NumberGroup* m_groups[4] = {};
 };
 

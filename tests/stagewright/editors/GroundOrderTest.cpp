@@ -37,7 +37,7 @@ struct GroundOrderTest : EditingFixture {
 
 TEST_F(GroundOrderTest, RowsShowEachSectionAndUpdateLaysTheNewOrderAsOneStep)
 {
-    const std::vector<groundOrderItem> items = groundOrderItemsOf(scene());
+    const std::vector<GroundOrderItem> items = groundOrderItemsOf(scene());
     ASSERT_EQ(items.size(), 3u);
     EXPECT_EQ(items[0].filename, "grass");
     EXPECT_EQ(items[1].groundType, tessaro::groundBaseType::Water);
@@ -50,7 +50,7 @@ TEST_F(GroundOrderTest, RowsShowEachSectionAndUpdateLaysTheNewOrderAsOneStep)
     const std::vector<std::string> before = savedOrder();
     settings->setGroundInspectorPresented(true);
     collectGroundOrderItems(*settings);
-    groundReorderView pane(*settings);
+    GroundReorderView pane(*settings);
     pane.moveRows({2}, 0); // the last row to the top
     ASSERT_EQ(pane.sets().front().name, items[2].name);
     pane.update();
@@ -68,12 +68,12 @@ TEST_F(GroundOrderTest, RowsShowEachSectionAndUpdateLaysTheNewOrderAsOneStep)
 
 TEST_F(GroundOrderTest, MovingRowsFollowsTheStandardMoveOfAList)
 {
-    std::vector<groundOrderItem> items(4);
+    std::vector<GroundOrderItem> items(4);
     for (int i = 0; i < 4; ++i)
         items[std::size_t(i)].name = QString::number(i);
-    const auto names = [](const std::vector<groundOrderItem>& list) {
+    const auto names = [](const std::vector<GroundOrderItem>& list) {
         QString out;
-        for (const groundOrderItem& item : list)
+        for (const GroundOrderItem& item : list)
             out += item.name;
         return out;
     };
@@ -91,7 +91,7 @@ TEST_F(GroundOrderTest, ALevelWithoutGroundHasNoRowsAndCancelChangesNothing)
     EXPECT_TRUE(groundOrderItemsOf(scene()).empty());
     settings->setGroundInspectorPresented(true);
     collectGroundOrderItems(*settings);
-    groundReorderView pane(*settings);
+    GroundReorderView pane(*settings);
     pane.cancel();
     EXPECT_FALSE(settings->isGroundInspectorPresented());
     EXPECT_EQ(front().undoStack().count(), 0);

@@ -29,12 +29,12 @@ using Kind = tessaro::kit::Scene::MouseKind;
 /// The sheet's canvas at a fixed size, driven by pixels as the view would.
 struct Canvas {
     static constexpr QSizeF viewSize{400, 300};
-    std::shared_ptr<physicsCanvasScene> scene;
+    std::shared_ptr<PhysicsCanvasScene> scene;
 
-    explicit Canvas(imagePhysicsSession& session) : scene(std::make_shared<physicsCanvasScene>(session))
+    explicit Canvas(ImagePhysicsSession& session) : scene(std::make_shared<PhysicsCanvasScene>(session))
     {
         scene->setSize(viewSize);
-        QObject::connect(&session, &imagePhysicsSession::changed, [scene = scene.get()] { scene->refresh(); });
+        QObject::connect(&session, &ImagePhysicsSession::changed, [scene = scene.get()] { scene->refresh(); });
     }
     /// A press at the first pixel, drags through the others and a release at the last (y down).
     void gesture(std::initializer_list<QPointF> pixels) const
@@ -108,15 +108,15 @@ TEST_F(PhysicsChainTest, APointOfTheCanvasEndsInsideTheBodyTheGameBuilds)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    auto session = open(physicsEditMode::element);
+    auto session = open(PhysicsEditMode::element);
     Canvas canvas(*session);
 
     // A rectangle dragged to 12 right and 8 up of the image's centre.
-    session->setActiveType(insertType::rectangle);
+    session->setActiveType(InsertType::rectangle);
     canvas.gesture({Canvas::pixel(3, 3), Canvas::pixel(7, -2), Canvas::pixel(12, -8), Canvas::pixel(12, -8)});
     // With the picture mirrored, an edge drawn left to right runs right to left on the image.
     session->setFlipImageHorizontal(true);
-    session->setActiveType(insertType::edge);
+    session->setActiveType(InsertType::edge);
     canvas.gesture({Canvas::pixel(-10, 15), Canvas::pixel(10, 15), Canvas::pixel(10, 15)});
     // A press beside the image starts nothing.
     canvas.gesture({Canvas::pixel(-30, 0), Canvas::pixel(-25, 0), Canvas::pixel(-25, 0)});
@@ -169,7 +169,7 @@ TEST_F(PhysicsChainTest, ShapesDrawnFrameByFrameOnAnAtlasMakeTheBodyOfTheirFrame
     level.obstacles->front().elementName = "Door";
     show({level});
     select(sceneObjectType::obstacles);
-    auto session = open(physicsEditMode::element);
+    auto session = open(PhysicsEditMode::element);
     ASSERT_EQ(session->imageList().size(), 2);
     Canvas canvas(*session);
 
@@ -177,13 +177,13 @@ TEST_F(PhysicsChainTest, ShapesDrawnFrameByFrameOnAnAtlasMakeTheBodyOfTheirFrame
     // the right on frame 1; and a bar across the bottom on every frame.
     for (const int frame : {0, 1}) {
         session->selectImage(frame);
-        session->setActiveType(insertType::rectangle);
+        session->setActiveType(InsertType::rectangle);
         canvas.gesture({Canvas::pixel(0, 0), Canvas::pixel(16, -16), Canvas::pixel(16, -16)});
-        session->setActiveType(insertType::none);
+        session->setActiveType(InsertType::none);
         const double to = frame == 0 ? -12 : 12;
         canvas.gesture({Canvas::pixel(1, 1), Canvas::pixel(1 + to, 1), Canvas::pixel(1 + to, 1)});
     }
-    session->setActiveType(insertType::edge);
+    session->setActiveType(InsertType::edge);
     canvas.gesture({Canvas::pixel(-20, 18), Canvas::pixel(20, 18), Canvas::pixel(20, 18)});
     session->setFramesAffected(session->physicsElements().front().id, "");
     const tessaro::PhysicsProperty drawn = session->record();
@@ -209,7 +209,7 @@ TEST_F(PhysicsChainTest, ShapesDrawnFrameByFrameOnAnAtlasMakeTheBodyOfTheirFrame
     ASSERT_TRUE(item.properties->physics->edges && item.properties->physics->edges->size() == 1u);
     EXPECT_FALSE(item.properties->physics->edges->front().framesAffected) << "the bar is on every frame";
     // The sheet opens again on all of them.
-    EXPECT_EQ(open(physicsEditMode::element)->physicsElements().size(), 3u);
+    EXPECT_EQ(open(PhysicsEditMode::element)->physicsElements().size(), 3u);
 
     // The game animates the atlas with a body per frame from the saved level.
     tessaro::kit::resources::setSearchPaths(tessaro::workspaceSearchPaths(workspace->path()));

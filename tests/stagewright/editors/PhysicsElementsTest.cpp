@@ -36,12 +36,12 @@ TEST(PhysicsElementsTest, LoadingListsEachKindInTypeOrderWithTheStoredValues)
 {
     EXPECT_TRUE(loadPhysicsElements(std::nullopt).empty());
 
-    const std::vector<physicsElement> elements = loadPhysicsElements(stored());
+    const std::vector<PhysicsElement> elements = loadPhysicsElements(stored());
     ASSERT_EQ(elements.size(), 4u);
-    EXPECT_EQ(elements[0].type, physicsType::edge);
-    EXPECT_EQ(elements[1].type, physicsType::polygon);
-    EXPECT_EQ(elements[2].type, physicsType::radius);
-    EXPECT_EQ(elements[3].type, physicsType::rect);
+    EXPECT_EQ(elements[0].type, PhysicsType::edge);
+    EXPECT_EQ(elements[1].type, PhysicsType::polygon);
+    EXPECT_EQ(elements[2].type, PhysicsType::radius);
+    EXPECT_EQ(elements[3].type, PhysicsType::rect);
 
     EXPECT_EQ(elements[0].startPoint, (tessaro::PointValue{-9999, -20}));
     EXPECT_TRUE(elements[0].action.empty()); // no action text
@@ -62,7 +62,7 @@ TEST(PhysicsElementsTest, ActionListsAreReadTrimmedAndWrittenBackWhole)
     tessaro::EdgePhysics edge;
     edge.action = "idle, move,idle";
     record.edges = std::vector{edge};
-    const std::vector<physicsElement> elements = loadPhysicsElements(record);
+    const std::vector<PhysicsElement> elements = loadPhysicsElements(record);
     ASSERT_EQ(elements.size(), 1u);
     EXPECT_EQ(elements[0].action, (std::vector{tessaro::actionType::idle, tessaro::actionType::move}));
     EXPECT_EQ(buildPhysicsProperty(elements).edges->front().action, "idle,move");
@@ -98,11 +98,11 @@ TEST(PhysicsElementsTest, ApplyingWritesOnlyTheKindsThatHaveShapes)
     EXPECT_FALSE(empty.edges || empty.radiuses || empty.rectangles || empty.polygons);
 
     // A new polygon starts with both directions and its first vertex.
-    const physicsElement polygon = physicsElement::make(physicsType::polygon, {3, 4});
+    const PhysicsElement polygon = PhysicsElement::make(PhysicsType::polygon, {3, 4});
     EXPECT_EQ(polygon.direction, tessaro::pathDirection::both);
     ASSERT_EQ(polygon.points.size(), 1u);
     EXPECT_EQ(polygon.points[0].point, (tessaro::PointValue{3, 4}));
-    EXPECT_EQ(physicsElement::make(physicsType::rect).action, std::vector{tessaro::actionType::all});
+    EXPECT_EQ(PhysicsElement::make(PhysicsType::rect).action, std::vector{tessaro::actionType::all});
 }
 
 TEST(PhysicsElementsTest, APointerLandsOnTheImageCentredFrameRoundedHalfAwayFromZero)

@@ -42,7 +42,7 @@ TEST_F(PhysicsSessionTest, OpensOnTheImageSizeAndShapesOfEachMode)
     show({level});
     select(sceneObjectType::obstacles);
 
-    auto element = open(physicsEditMode::element);
+    auto element = open(PhysicsEditMode::element);
     EXPECT_FALSE(element->allowDropImages());
     EXPECT_EQ(element->imageList(), QStringList{workspace->path() + "Assets/Images/Obstacles/crate.png"});
     EXPECT_EQ(element->imageSize(), QSizeF(80, 60));
@@ -51,7 +51,7 @@ TEST_F(PhysicsSessionTest, OpensOnTheImageSizeAndShapesOfEachMode)
     EXPECT_EQ(element->physicsElements()[0].size, (tessaro::SizeValue{10, 6}));
     EXPECT_FALSE(element->dropImageFiles({"/elsewhere/extra.png"})) << "the level's element takes no dropped images";
 
-    auto base = open(physicsEditMode::base);
+    auto base = open(PhysicsEditMode::base);
     EXPECT_TRUE(base->allowDropImages());
     EXPECT_EQ(base->imageSize(), QSizeF(40, 40)) << "the template's own size";
     ASSERT_EQ(base->physicsElements().size(), 1u);
@@ -66,7 +66,7 @@ TEST_F(PhysicsSessionTest, OpensOnTheImageSizeAndShapesOfEachMode)
     level.id = tessaro::Uuid::create(); // shown anew
     show({level});
     select(sceneObjectType::obstacles);
-    EXPECT_EQ(open(physicsEditMode::element)->shownImageSize(), QSizeF(40, 40));
+    EXPECT_EQ(open(PhysicsEditMode::element)->shownImageSize(), QSizeF(40, 40));
 }
 
 TEST_F(PhysicsSessionTest, AnimationModeShowsTheFramesOfTheEndAtlas)
@@ -80,19 +80,19 @@ TEST_F(PhysicsSessionTest, AnimationModeShowsTheFramesOfTheEndAtlas)
     }
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    edits().applyCycleEndProperty(publishedElementList::End_list_add, {});
-    edits().applyCycleEndProperty(publishedElementList::End_atlasName, std::string("burst"));
+    edits().applyCycleEndProperty(PublishedElementList::End_list_add, {});
+    edits().applyCycleEndProperty(PublishedElementList::End_atlasName, std::string("burst"));
     front().selectedAnimationObject().End_atlasName = "burst";
 
-    auto session = open(physicsEditMode::animation);
+    auto session = open(PhysicsEditMode::animation);
     EXPECT_EQ(session->imageList(), (QStringList{atlas + "burst_0.png", atlas + "burst_1.png", atlas + "burst_2.png"}));
     EXPECT_EQ(session->shownImageSize(), QSizeF(20, 10));
 
     // A shape drawn on a frame belongs to it, and only shows there.
     session->selectImage(2);
-    session->setActiveType(insertType::rectangle);
+    session->setActiveType(InsertType::rectangle);
     drag(*session, {0, 0}, {6, 4});
-    const physicsElement drawn = session->physicsElements().front();
+    const PhysicsElement drawn = session->physicsElements().front();
     EXPECT_EQ(drawn.framesAffected, "2");
     EXPECT_TRUE(session->isDrawn(drawn));
     session->selectImage(1);
@@ -110,10 +110,10 @@ TEST_F(PhysicsSessionTest, DrawingToolsFollowTheirRules)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    auto session = open(physicsEditMode::element);
+    auto session = open(PhysicsEditMode::element);
 
     // A rectangle is measured from the image's centre, wherever the drag starts.
-    session->setActiveType(insertType::rectangle);
+    session->setActiveType(InsertType::rectangle);
     drag(*session, {15, 15}, {-12, 8});
     ASSERT_EQ(session->physicsElements().size(), 1u);
     EXPECT_EQ(session->physicsElements()[0].size, (tessaro::SizeValue{12, 8}));
@@ -124,17 +124,17 @@ TEST_F(PhysicsSessionTest, DrawingToolsFollowTheirRules)
     EXPECT_EQ(session->physicsElements()[1].size, (tessaro::SizeValue{0, 0}));
 
     // The radius is the distance along x, whole; the circle stays on the centre.
-    session->setActiveType(insertType::radius);
+    session->setActiveType(InsertType::radius);
     drag(*session, {0, 0}, {-7.4, 19});
     // The edge runs from the press to the release.
-    session->setActiveType(insertType::edge);
+    session->setActiveType(InsertType::edge);
     drag(*session, {-10, 2}, {11, -3});
     const auto& elements = session->physicsElements();
     ASSERT_EQ(elements.size(), 4u);
-    EXPECT_EQ(elements[0].type, physicsType::edge) << "kinds stay in their order";
+    EXPECT_EQ(elements[0].type, PhysicsType::edge) << "kinds stay in their order";
     EXPECT_EQ(elements[0].startPoint, (PointValue{-10, 2}));
     EXPECT_EQ(elements[0].endPoint, (PointValue{11, -3}));
-    EXPECT_EQ(elements[1].type, physicsType::radius);
+    EXPECT_EQ(elements[1].type, PhysicsType::radius);
     EXPECT_EQ(elements[1].radius, 7);
 
     // Pointer events away from the image do nothing, even with a tool.
@@ -146,13 +146,13 @@ TEST_F(PhysicsSessionTest, DrawingToolsFollowTheirRules)
 
     // Tools are for 100% only: another scale puts the selection back and keeps it.
     session->setScaleValue("1.50");
-    EXPECT_EQ(session->activeType(), insertType::none);
+    EXPECT_EQ(session->activeType(), InsertType::none);
     EXPECT_FALSE(session->canChooseTool());
-    session->setActiveType(insertType::edge);
-    EXPECT_EQ(session->activeType(), insertType::none);
+    session->setActiveType(InsertType::edge);
+    EXPECT_EQ(session->activeType(), InsertType::none);
     session->setScaleValue("1.00");
-    session->setActiveType(insertType::edge);
-    EXPECT_EQ(session->activeType(), insertType::edge);
+    session->setActiveType(InsertType::edge);
+    EXPECT_EQ(session->activeType(), InsertType::edge);
     EXPECT_EQ(session->history().count(), 4) << "each shape drawn is one step";
 }
 
@@ -160,8 +160,8 @@ TEST_F(PhysicsSessionTest, APolygonClosesOnItsFirstVertex)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    auto session = open(physicsEditMode::element);
-    session->setActiveType(insertType::polygon);
+    auto session = open(PhysicsEditMode::element);
+    session->setActiveType(InsertType::polygon);
 
     click(*session, {-10, -10});
     ASSERT_TRUE(session->pathCurrentlyOpen());
@@ -172,7 +172,7 @@ TEST_F(PhysicsSessionTest, APolygonClosesOnItsFirstVertex)
     click(*session, {0, 12});
     click(*session, {-12, -8}); // within the first vertex's handle
     EXPECT_FALSE(session->pathCurrentlyOpen());
-    const physicsElement& closed = *session->element(polygon);
+    const PhysicsElement& closed = *session->element(polygon);
     ASSERT_EQ(closed.points.size(), 4u);
     EXPECT_EQ(closed.points.back().point, closed.points.front().point);
     EXPECT_NE(closed.points.back().id, closed.points.front().id);
@@ -181,8 +181,8 @@ TEST_F(PhysicsSessionTest, APolygonClosesOnItsFirstVertex)
     // A tool change ends a polygon being drawn: the polygon tool starts anew, not stuck.
     click(*session, {1, 1});
     const tessaro::Uuid second = session->activePhysicsId();
-    session->setActiveType(insertType::edge);
-    session->setActiveType(insertType::polygon);
+    session->setActiveType(InsertType::edge);
+    session->setActiveType(InsertType::polygon);
     click(*session, {5, 5});
     EXPECT_EQ(session->element(second)->points.size(), 1u);
     EXPECT_EQ(session->physicsElements().size(), 3u);
@@ -198,12 +198,12 @@ TEST_F(PhysicsSessionTest, ShapesAreSelectedMovedAndReshapedByTheirHandles)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    auto session = open(physicsEditMode::element);
-    session->setActiveType(insertType::rectangle);
+    auto session = open(PhysicsEditMode::element);
+    session->setActiveType(InsertType::rectangle);
     drag(*session, {0, 0}, {10, 6}); // 10 by 6 about the centre
-    session->setActiveType(insertType::edge);
+    session->setActiveType(InsertType::edge);
     drag(*session, {-15, 15}, {15, 15});
-    session->setActiveType(insertType::none);
+    session->setActiveType(InsertType::none);
     const tessaro::Uuid rect = session->physicsElements()[1].id;
     const tessaro::Uuid edge = session->physicsElements()[0].id;
     session->history().clear();
@@ -237,7 +237,7 @@ TEST_F(PhysicsSessionTest, ShapesAreSelectedMovedAndReshapedByTheirHandles)
     // A click on nothing selects nothing; with "Display only selected" nothing is drawn.
     click(*session, {0, 19});
     session->setDisplayOnlySelectedPhysics(true);
-    for (const physicsElement& element : session->physicsElements())
+    for (const PhysicsElement& element : session->physicsElements())
         EXPECT_FALSE(session->isDrawn(element));
 
     // The sheet's history takes every step back, one at a time.
@@ -253,11 +253,11 @@ TEST_F(PhysicsSessionTest, TheClosingVertexFollowsTheFirstAndTypingIsOneStep)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    auto session = open(physicsEditMode::element);
-    session->setActiveType(insertType::polygon);
+    auto session = open(PhysicsEditMode::element);
+    session->setActiveType(InsertType::polygon);
     for (PointValue p : {PointValue{-10, -10}, PointValue{10, -10}, PointValue{0, 10}, PointValue{-10, -10}})
         click(*session, p);
-    session->setActiveType(insertType::none);
+    session->setActiveType(InsertType::none);
     const tessaro::Uuid polygon = session->physicsElements().front().id;
     session->selectRow(polygon);
     session->history().clear();
@@ -289,8 +289,8 @@ TEST_F(PhysicsSessionTest, ApplyIsOneStepOfTheProjectWhereverTheSheetWasOpened)
     front().undoStack().clear();
 
     // The element of the level: its override, and the node shows it at once.
-    auto session = open(physicsEditMode::element);
-    session->setActiveType(insertType::edge);
+    auto session = open(PhysicsEditMode::element);
+    session->setActiveType(InsertType::edge);
     drag(*session, {-5, 0}, {5, 0});
     ASSERT_TRUE(session->applyPhysics());
     EXPECT_EQ(front().undoStack().count(), 1);
@@ -298,15 +298,15 @@ TEST_F(PhysicsSessionTest, ApplyIsOneStepOfTheProjectWhereverTheSheetWasOpened)
     ASSERT_TRUE(physics && physics->edges && physics->rectangles);
     EXPECT_EQ(physics->edges->front().startPoint, "{-5.0,0.0}");
     EXPECT_FALSE(physics->radiuses);
-    EXPECT_EQ(open(physicsEditMode::element)->physicsElements().size(), 2u) << "reopened on the new shapes";
+    EXPECT_EQ(open(PhysicsEditMode::element)->physicsElements().size(), 2u) << "reopened on the new shapes";
     front().undoStack().undo();
     EXPECT_FALSE(saved().obstacles->front().properties->physics->edges);
-    EXPECT_EQ(open(physicsEditMode::element)->physicsElements().size(), 1u);
+    EXPECT_EQ(open(PhysicsEditMode::element)->physicsElements().size(), 1u);
 
     // A character keeps its shapes too.
     select(sceneObjectType::character);
-    session = open(physicsEditMode::element);
-    session->setActiveType(insertType::radius);
+    session = open(PhysicsEditMode::element);
+    session->setActiveType(InsertType::radius);
     drag(*session, {0, 0}, {9, 0});
     session->applyPhysics();
     ASSERT_TRUE(saved().characters->front().properties->physics);
@@ -314,10 +314,10 @@ TEST_F(PhysicsSessionTest, ApplyIsOneStepOfTheProjectWhereverTheSheetWasOpened)
 
     // The selected cycle-end animation.
     select(sceneObjectType::obstacles);
-    edits().applyCycleEndProperty(publishedElementList::End_list_add, {});
-    session = open(physicsEditMode::animation);
+    edits().applyCycleEndProperty(PublishedElementList::End_list_add, {});
+    session = open(PhysicsEditMode::animation);
     EXPECT_TRUE(session->physicsElements().empty());
-    session->setActiveType(insertType::rectangle);
+    session->setActiveType(InsertType::rectangle);
     drag(*session, {0, 0}, {4, 4});
     const int before = front().undoStack().count();
     session->applyPhysics();
@@ -325,7 +325,7 @@ TEST_F(PhysicsSessionTest, ApplyIsOneStepOfTheProjectWhereverTheSheetWasOpened)
     const auto ends = saved().obstacles->front().properties->animation->cycleEndProperties;
     ASSERT_TRUE(ends && ends->front().physics && ends->front().physics->rectangles);
     EXPECT_EQ(ends->front().physics->rectangles->front().size, "{4.0,4.0}");
-    EXPECT_EQ(open(physicsEditMode::animation)->physicsElements().size(), 1u);
+    EXPECT_EQ(open(PhysicsEditMode::animation)->physicsElements().size(), 1u);
     front().undoStack().undo();
     EXPECT_FALSE(saved().obstacles->front().properties->animation->cycleEndProperties->front().physics);
 }
@@ -346,9 +346,9 @@ TEST_F(PhysicsSessionTest, BaseShapesAreAStepOfTheCataloguesHistoryNotOfAnyTab)
     settings->catalogues().load(workspace->path());
     QUndoStack& catalogueHistory = settings->catalogues().history();
     show({everyKind()});
-    projectTab& level = front();
+    ProjectTab& level = front();
     settings->newProject();
-    projectTab& other = front();
+    ProjectTab& other = front();
     settings->selectProject(level.id());
     select(sceneObjectType::obstacles);
     const int levelSteps = level.undoStack().count();
@@ -356,8 +356,8 @@ TEST_F(PhysicsSessionTest, BaseShapesAreAStepOfTheCataloguesHistoryNotOfAnyTab)
     const QByteArray obstaclesBefore = fileBytes(obstacles);
     const QDateTime charactersWritten = QFileInfo(assets + "CharacterList.plist").lastModified();
 
-    auto session = open(physicsEditMode::base);
-    session->setActiveType(insertType::radius);
+    auto session = open(PhysicsEditMode::base);
+    session->setActiveType(InsertType::radius);
     drag(*session, {0, 0}, {12, 0});
     ASSERT_TRUE(session->applyPhysics());
     EXPECT_EQ(catalogueHistory.count(), 1);
@@ -374,13 +374,13 @@ TEST_F(PhysicsSessionTest, BaseShapesAreAStepOfTheCataloguesHistoryNotOfAnyTab)
         << "an unchanged catalogue is not written";
     EXPECT_FALSE(QFileInfo::exists(assets + "ObjectList.plist"));
     // Applying the same shapes again changes nothing and is no step.
-    ASSERT_TRUE(open(physicsEditMode::base)->applyPhysics());
+    ASSERT_TRUE(open(PhysicsEditMode::base)->applyPhysics());
     EXPECT_EQ(catalogueHistory.count(), 1);
 
     // The sheet's Undo takes its own steps first, then the catalogues'; the
     // sheet then shows the template as it is again.
-    session = open(physicsEditMode::base);
-    session->setActiveType(insertType::rectangle);
+    session = open(PhysicsEditMode::base);
+    session->setActiveType(InsertType::rectangle);
     drag(*session, {0, 0}, {4, 4});
     session->undo();
     EXPECT_EQ(catalogueHistory.index(), 1) << "the sheet's own step goes first";
@@ -393,7 +393,7 @@ TEST_F(PhysicsSessionTest, BaseShapesAreAStepOfTheCataloguesHistoryNotOfAnyTab)
     // Shapes not applied keep the catalogues' steps out of reach.
     drag(*session, {0, 0}, {4, 4});
     EXPECT_FALSE(session->canRedo());
-    session = open(physicsEditMode::base);
+    session = open(PhysicsEditMode::base);
     ASSERT_TRUE(session->canRedo());
     EXPECT_EQ(session->redoText(), "Change Base Physics");
     session->redo();

@@ -13,15 +13,15 @@ namespace stagewright::test {
 
 struct PhysicsSheetFixture : EditingFixture {
     /// A sheet in `mode` on the front tab's selection, opened.
-    std::unique_ptr<imagePhysicsSession> open(physicsEditMode mode)
+    std::unique_ptr<ImagePhysicsSession> open(PhysicsEditMode mode)
     {
-        auto session = std::make_unique<imagePhysicsSession>(mode, &front(), &settings->catalogues());
+        auto session = std::make_unique<ImagePhysicsSession>(mode, &front(), &settings->catalogues());
         session->loadPhysicsSession();
         return session;
     }
 
     /// A press, a drag and a release over the image.
-    static void drag(imagePhysicsSession& session, tessaro::PointValue from, tessaro::PointValue to)
+    static void drag(ImagePhysicsSession& session, tessaro::PointValue from, tessaro::PointValue to)
     {
         session.setImageViewHovered(true);
         session.pointerDown(from);
@@ -29,7 +29,7 @@ struct PhysicsSheetFixture : EditingFixture {
         session.pointerUp(to);
     }
     /// A click (press and release) over the image.
-    static void click(imagePhysicsSession& session, tessaro::PointValue at)
+    static void click(ImagePhysicsSession& session, tessaro::PointValue at)
     {
         session.setImageViewHovered(true);
         session.pointerDown(at);

@@ -25,12 +25,12 @@ struct PhysicsSheetTest : PhysicsSheetFixture {
     QWidget parent;
 
     /// The sheet the inspector's hook opens.
-    imagePhysicsView* openSheet(physicsEditMode mode)
+    ImagePhysicsView* openSheet(PhysicsEditMode mode)
     {
         installPhysicsEditor();
         EXPECT_TRUE(openPhysicsEditor(&parent, front(), settings.get(), mode));
         setPhysicsEditorOpener({});
-        auto* sheet = parent.findChild<imagePhysicsView*>();
+        auto* sheet = parent.findChild<ImagePhysicsView*>();
         if (sheet)
             sheet->setParent(nullptr, Qt::Dialog); // shown on its own, so a test can size and grab it
         return sheet;
@@ -46,10 +46,10 @@ TEST_F(PhysicsSheetTest, TheSheetOfEachModeHasItsSizeButtonsAndDropTarget)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    EXPECT_FALSE(openPhysicsEditor(&parent, front(), settings.get(), physicsEditMode::element))
+    EXPECT_FALSE(openPhysicsEditor(&parent, front(), settings.get(), PhysicsEditMode::element))
         << "nothing opens before the editors install their opener";
 
-    std::unique_ptr<imagePhysicsView> element(openSheet(physicsEditMode::element));
+    std::unique_ptr<ImagePhysicsView> element(openSheet(PhysicsEditMode::element));
     ASSERT_TRUE(element);
     EXPECT_EQ(element->size(), QSize(1100, 600));
     EXPECT_EQ(element->windowModality(), Qt::WindowModal);
@@ -58,7 +58,7 @@ TEST_F(PhysicsSheetTest, TheSheetOfEachModeHasItsSizeButtonsAndDropTarget)
     EXPECT_FALSE(child<QLabel>(element.get(), "dropTarget"));
     EXPECT_EQ(child<QLabel>(element.get(), "noPhysics")->text(), "No physics have been defined yet.");
 
-    std::unique_ptr<imagePhysicsView> base(openSheet(physicsEditMode::base));
+    std::unique_ptr<ImagePhysicsView> base(openSheet(PhysicsEditMode::base));
     EXPECT_EQ(child<QToolButton>(base.get(), "applyButton")->text(), "Save");
     EXPECT_EQ(base->sidePanel()->width(), 560);
     ASSERT_TRUE(child<QLabel>(base.get(), "dropTarget"));
@@ -69,10 +69,10 @@ TEST_F(PhysicsSheetTest, ToolsAreChosenAtFullScaleAndShapesDrawnWithTheMouse)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    std::unique_ptr<imagePhysicsView> sheet(openSheet(physicsEditMode::element));
+    std::unique_ptr<ImagePhysicsView> sheet(openSheet(PhysicsEditMode::element));
     sheet->show();
     QApplication::processEvents();
-    imagePhysicsSession& session = sheet->session();
+    ImagePhysicsSession& session = sheet->session();
 
     // At 150% the tool button opens nothing.
     auto* scale = child<QComboBox>(sheet.get(), "Scale");
@@ -85,7 +85,7 @@ TEST_F(PhysicsSheetTest, ToolsAreChosenAtFullScaleAndShapesDrawnWithTheMouse)
     QTest::mouseClick(sheet->navBar()->toolButton(), Qt::LeftButton);
     ASSERT_TRUE(sheet->navBar()->toolPopover()->isVisible());
     QTest::mouseClick(child<QPushButton>(sheet->navBar()->toolPopover(), "Rectangle"), Qt::LeftButton);
-    EXPECT_EQ(session.activeType(), insertType::rectangle);
+    EXPECT_EQ(session.activeType(), InsertType::rectangle);
     EXPECT_EQ(sheet->navBar()->toolButton()->text(), "Rectangle");
 
     // A drag on the picture draws a rectangle about its centre.

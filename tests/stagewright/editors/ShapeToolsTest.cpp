@@ -12,9 +12,9 @@ using tessaro::PointValue;
 
 const QSizeF image(100, 40); // edges at x ±50, y ±20
 
-physicsElement floorEdge()
+PhysicsElement floorEdge()
 {
-    physicsElement edge = physicsElement::make(physicsType::edge);
+    PhysicsElement edge = PhysicsElement::make(PhysicsType::edge);
     edge.startPoint = {-9999, -20};
     edge.endPoint = {9999, -20};
     return edge;
@@ -22,10 +22,10 @@ physicsElement floorEdge()
 
 TEST(ShapeToolsTest, EdgeMarkersStayWhileTheirPointMovesAlongTheEdge)
 {
-    const shapeTool& tool = *shapeToolFor(physicsType::edge);
+    const ShapeTool& tool = *shapeToolFor(PhysicsType::edge);
 
     // Raised: both ends slide along the left and right edges.
-    physicsElement edge = floorEdge();
+    PhysicsElement edge = floorEdge();
     tool.translate(edge, {0, 6}, image);
     EXPECT_EQ(edge.startPoint, (PointValue{-9999, -14}));
     EXPECT_EQ(edge.endPoint, (PointValue{9999, -14}));
@@ -47,8 +47,8 @@ TEST(ShapeToolsTest, EdgeMarkersStayWhileTheirPointMovesAlongTheEdge)
 
 TEST(ShapeToolsTest, PolygonMarkersStayWhileTheirVertexMovesAlongTheEdge)
 {
-    const shapeTool& tool = *shapeToolFor(physicsType::polygon);
-    physicsElement polygon = physicsElement::make(physicsType::polygon, {0, 0});
+    const ShapeTool& tool = *shapeToolFor(PhysicsType::polygon);
+    PhysicsElement polygon = PhysicsElement::make(PhysicsType::polygon, {0, 0});
     for (PointValue p : {PointValue{-9999, 10}, PointValue{-9999, -9999}, PointValue{0, 0}})
         polygon.points.push_back({tessaro::Uuid::create(), p});
 

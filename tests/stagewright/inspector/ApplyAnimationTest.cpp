@@ -9,7 +9,7 @@
 namespace stagewright::test {
 namespace {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 using ApplyAnimationTest = EditingFixture;
 
@@ -20,7 +20,7 @@ TEST_F(ApplyAnimationTest, EachRowStoresItsValue)
         const char* what;
         sceneObjectType kind;
         P element;
-        propertyValue value;
+        PropertyValue value;
         std::function<void(const tessaro::boxed<Animation>&)> expect;
     } rows[] = {
         {"frequency", sceneObjectType::obstacles, P::animationFrequency, std::string("once"),
@@ -104,7 +104,7 @@ TEST_F(ApplyAnimationTest, CycleEndEntriesAreAddedEditedAndDeleted)
 {
     show({everyKind()});
     select(sceneObjectType::obstacles);
-    const selectedAnimationModel& model = front().selectedAnimationObject();
+    const SelectedAnimationModel& model = front().selectedAnimationObject();
     const auto entries = [&] { return saved().obstacles->front().properties->animation->cycleEndProperties.value(); };
 
     edits().applyCycleEndProperty(P::End_list_add, {});
@@ -163,7 +163,7 @@ TEST_F(ApplyAnimationTest, CycleEndListsAreReadTrimmedAndNeverWriteANameTwice)
     level.obstacles->front().properties->animation = animation;
     show({level});
     select(sceneObjectType::obstacles);
-    const selectedAnimationModel& model = front().selectedAnimationObject();
+    const SelectedAnimationModel& model = front().selectedAnimationObject();
     EXPECT_EQ(model.End_category, (std::vector<std::string>{"floor", "enemyTouch"}));
     EXPECT_EQ(model.End_objectClassType, std::vector<std::string>{"coin"});
 

@@ -13,7 +13,7 @@
 namespace stagewright::test {
 namespace {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 using ApplyDeviceTest = EditingFixture;
 
@@ -31,23 +31,23 @@ TEST_F(ApplyDeviceTest, EachFieldIsStoredAndShown)
         const char* what;
         sceneObjectType kind;
         P element;
-        propertyValue value;
-        std::function<void(const elementNode&, const tessaro::Level&)> expect;
+        PropertyValue value;
+        std::function<void(const ElementNode&, const tessaro::Level&)> expect;
         bool changes = true;
     } rows[] = {
         {"position moves the element", sceneObjectType::obstacles, P::position, tessaro::PointValue{150.25, 10},
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              // Stored as given; placed at the tenth the canvas reads.
              EXPECT_EQ(crate(level).position, "{150.25,10.0}");
              EXPECT_EQ(node.position(), QPointF(150.3, 10));
          }},
         {"a point of the wrong type is the origin", sceneObjectType::obstacles, P::position, 5.0,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(crate(level).position, "{0.0,0.0}");
              EXPECT_EQ(node.position(), QPointF(0, 0));
          }},
         {"size: body, handle and place follow", sceneObjectType::obstacles, P::size, tessaro::SizeValue{80, 20},
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(crate(level).size, "{80.0,20.0}");
              EXPECT_EQ(node.size(), QSizeF(80, 20));
              EXPECT_EQ(node.childNodeWithName("nodeSizer")->position(), QPointF(0, 10));
@@ -57,46 +57,46 @@ TEST_F(ApplyDeviceTest, EachFieldIsStoredAndShown)
              EXPECT_TRUE(node.hasGlow());
          }},
         {"a ground section's size is not the pane's", sceneObjectType::ground, P::size, tessaro::SizeValue{80, 20},
-         [&](const elementNode& node, const tessaro::Level&) { EXPECT_EQ(node.size(), QSizeF(200, 50)); }, false},
+         [&](const ElementNode& node, const tessaro::Level&) { EXPECT_EQ(node.size(), QSizeF(200, 50)); }, false},
         {"a ground section's position neither", sceneObjectType::ground, P::position, tessaro::PointValue{1, 1},
-         [&](const elementNode&, const tessaro::Level&) {}, false},
+         [&](const ElementNode&, const tessaro::Level&) {}, false},
         {"offset enters twice for obstacles", sceneObjectType::obstacles, P::offset, tessaro::PointValue{5, 0},
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(crate(level).offset, "{5.0,0.0}");
              EXPECT_EQ(node.position().x(), 110);
          }},
         {"distance redraws the guide", sceneObjectType::character, P::distance, tessaro::PointValue{200, 0},
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.characters->front().properties->devices).distance, "{200.0,0.0}");
              ASSERT_TRUE(node.distanceGuideNode);
              EXPECT_EQ(node.distanceGuideNode->parent(), &node);
          }},
         {"font size, rounded", sceneObjectType::coin, P::fontSize, 12.345,
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.coins->coins->front().devices).fontSize, 12.35);
          }},
         {"offset edge", sceneObjectType::ground, P::offsetEdge, tessaro::PointValue{1, 2},
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.ground->front().devices).offsetEdge, "{1.0,2.0}");
          }},
         {"digit size", sceneObjectType::shield, P::digitSize, tessaro::SizeValue{3, 4},
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.shields->shields->front().devices).digitSize, "{3.0,4.0}");
          }},
         {"selector size", sceneObjectType::artifact, P::selectorSize, tessaro::SizeValue{5, 6},
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.artifacts->artifacts->front().devices).selectorSize, "{5.0,6.0}");
          }},
         {"carousel position", sceneObjectType::checkpoint, P::altPosition, tessaro::PointValue{7, 8},
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.checkpoints->locations->front().devices).altPosition, "{7.0,8.0}");
          }},
         {"health bar", sceneObjectType::character, P::offsetHealthBar, tessaro::PointValue{0, 30},
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(defaultOf(level.characters->front().properties->devices).offsetHealthBar, "{0.0,30.0}");
          }},
         {"random range", sceneObjectType::obstacles, P::randomPositionRange, std::string("{<0...5>,<1...2>}"),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(crate(level).randomPositionRange, "{<0...5>,<1...2>}");
          }},
     };
@@ -126,8 +126,8 @@ TEST_F(ApplyDeviceTest, AnEntryOfSeveralDevicesIsSplitForTheOneEdited)
     const auto crateDevices = [&] { return saved().obstacles->front().properties->devices.value(); };
 
     select(sceneObjectType::obstacles);
-    edits().editRow(modelType::Devices, P::deviceName, std::string("iPad"));
-    edits().editRow(modelType::Devices, P::offset, tessaro::PointValue{5, 5});
+    edits().editRow(ModelType::Devices, P::deviceName, std::string("iPad"));
+    edits().editRow(ModelType::Devices, P::offset, tessaro::PointValue{5, 5});
     ASSERT_EQ(crateDevices().size(), 3u);
     EXPECT_EQ(crateDevices()[1].deviceName, "iPhone17");
     EXPECT_EQ(crateDevices()[1].offset, "{1,1}");
@@ -136,9 +136,9 @@ TEST_F(ApplyDeviceTest, AnEntryOfSeveralDevicesIsSplitForTheOneEdited)
 
     // The other device still shows its own value, and an edit of it is a
     // step of its own; undo takes each back and joins the entry again.
-    edits().editRow(modelType::Devices, P::deviceName, std::string("iPhone17"));
+    edits().editRow(ModelType::Devices, P::deviceName, std::string("iPhone17"));
     EXPECT_EQ(front().selectedDeviceObject().offset, (tessaro::PointValue{1, 1}));
-    edits().editRow(modelType::Devices, P::offset, tessaro::PointValue{7, 7});
+    edits().editRow(ModelType::Devices, P::offset, tessaro::PointValue{7, 7});
     EXPECT_EQ(front().undoStack().count(), 2);
     front().undoStack().undo();
     EXPECT_EQ(crateDevices()[1].offset, "{1,1}");
@@ -150,11 +150,11 @@ TEST_F(ApplyDeviceTest, AnEntryOfSeveralDevicesIsSplitForTheOneEdited)
 TEST_F(ApplyDeviceTest, RepeatedCopiesFollowTheirObstacle)
 {
     show({everyKind()});
-    const elementNodePtr crate = select(sceneObjectType::obstacles);
+    const ElementNodePtr crate = select(sceneObjectType::obstacles);
     edits().applyPrimaryProperty(P::repeatCount, std::int64_t(3));
     const auto copiesX = [&] {
         std::vector<double> xs;
-        for (const elementNodePtr& node : sceneEditor::elementsOf(scene().obstacleNodes()))
+        for (const ElementNodePtr& node : SceneEditor::elementsOf(scene().obstacleNodes()))
             if (node->repeatedNode)
                 xs.push_back(node->position().x());
         return xs;
@@ -164,7 +164,7 @@ TEST_F(ApplyDeviceTest, RepeatedCopiesFollowTheirObstacle)
     ASSERT_EQ(copiesX(), row(crate->position().x(), width));
 
     // A typed position, a nudge and a resize move the row at once.
-    edits().editRow(modelType::Devices, P::position, tessaro::PointValue{300, 0});
+    edits().editRow(ModelType::Devices, P::position, tessaro::PointValue{300, 0});
     EXPECT_EQ(copiesX(), row(300, width));
     scene().dispatchKeyEvent(true, {Qt::Key_Right, QString(), Qt::ShiftModifier, false});
     EXPECT_EQ(copiesX(), row(310, width));
@@ -186,7 +186,7 @@ TEST_F(ApplyDeviceTest, OverridesOfOtherDevicesComeAndGo)
     const auto crateDevices = [&] { return saved().obstacles->front().properties->devices.value(); };
 
     select(sceneObjectType::obstacles);
-    const selectedDeviceModel& model = front().selectedDeviceObject();
+    const SelectedDeviceModel& model = front().selectedDeviceObject();
     // Showing another device changes no record and is no step.
     edits().applyDeviceProperty(P::deviceName, std::string("iPhone17"));
     EXPECT_EQ(model.nameSelected, tessaro::deviceName::iPhone17);

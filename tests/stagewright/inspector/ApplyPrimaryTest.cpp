@@ -13,16 +13,16 @@
 namespace stagewright::test {
 namespace {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 using ApplyPrimaryTest = EditingFixture;
 
-propertyValue text(const char* value)
+PropertyValue text(const char* value)
 {
     return std::string(value);
 }
 
-propertyValue list(std::vector<std::string> values)
+PropertyValue list(std::vector<std::string> values)
 {
     return values;
 }
@@ -31,9 +31,9 @@ struct Row {
     const char* what;
     sceneObjectType kind;
     P element;
-    propertyValue value;
+    PropertyValue value;
     /// The selected node after the edit, and the level a save writes.
-    std::function<void(const elementNode&, const tessaro::Level&)> expect;
+    std::function<void(const ElementNode&, const tessaro::Level&)> expect;
     bool changes = true;
 };
 
@@ -46,145 +46,145 @@ TEST_F(ApplyPrimaryTest, EachRowStoresItsValue)
 
     const Row rows[] = {
         {"depth of an obstacle, rounded", sceneObjectType::obstacles, P::zPosition, 12.345,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(node.zPosition(), 12.35);
              EXPECT_EQ(level.obstacles->front().zPosition, 12.35);
              EXPECT_EQ(obstacle(level).zPosition, 12.35);
          }},
         {"depth of the wrong type", sceneObjectType::obstacles, P::zPosition, text("deep"),
-         [&](const elementNode& node, const tessaro::Level&) { EXPECT_EQ(node.zPosition(), 1); }},
+         [&](const ElementNode& node, const tessaro::Level&) { EXPECT_EQ(node.zPosition(), 1); }},
         {"depth of a character: the node only", sceneObjectType::character, P::zPosition, 7.0,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(node.zPosition(), 7);
              EXPECT_EQ(character(level).zPosition, 7);
          }},
         {"depth of a ground section", sceneObjectType::ground, P::zPosition, 20.0,
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(level.ground->front().zPosition, 20); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(level.ground->front().zPosition, 20); }},
         {"observed name", sceneObjectType::character, P::observedname, text("Boss"),
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(character(level).name, "Boss"); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(character(level).name, "Boss"); }},
         {"use physics", sceneObjectType::obstacles, P::usePhysics, false,
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).usePhysics, false); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).usePhysics, false); }},
         {"gravity of an obstacle", sceneObjectType::obstacles, P::useGravity, true,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).useGravity, true);
              EXPECT_TRUE(node.property_useGravity);
              EXPECT_TRUE(node.physicsBody()->affectedByGravity());
          }},
         {"gravity of a character moves its body", sceneObjectType::character, P::useGravity, true,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(character(level).properties->useGravity, true);
              EXPECT_TRUE(node.physicsBody()->isDynamic());
              EXPECT_TRUE(node.physicsBody()->affectedByGravity());
          }},
         {"gravity of a coin puts it on the floor", sceneObjectType::coin, P::useGravity, true,
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              // A coin at height 0 without the flag is a coin with gravity.
              const tessaro::Coin& coin = level.coins->coins->front();
              EXPECT_FALSE(coin.useGravity);
              EXPECT_EQ(coin.devices->front().position, "{0.0,0.0}");
          }},
         {"dynamic", sceneObjectType::obstacles, P::isDynamic, true,
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).isDynamic, true); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).isDynamic, true); }},
         {"alpha of an artifact, rounded", sceneObjectType::artifact, P::alpha, 0.456,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(node.alpha(), 0.46);
              EXPECT_EQ(level.artifacts->artifacts->front().alpha, 0.46);
          }},
         {"darken", sceneObjectType::obstacles, P::darken, true,
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).darken, true); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).darken, true); }},
         {"classes of an obstacle", sceneObjectType::obstacles, P::objectClassType, list({"barrel", "lever"}),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).objectClassType, "barrel,lever");
          }},
         {"classes of an artifact", sceneObjectType::artifact, P::objectClassType, list({"artifact2"}),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(level.artifacts->artifacts->front().objectClassType, "artifact2");
          }},
         {"acts on", sceneObjectType::obstacles, P::objectActsOn, text("hero"),
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).objectActsOn, "hero"); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).objectActsOn, "hero"); }},
         {"callback", sceneObjectType::obstacles, P::callbackFunction, text("boom"),
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).callbackFunction, "boom"); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).callbackFunction, "boom"); }},
         {"category makes the masks record", sceneObjectType::character, P::category, list({"floor", "enemyTouch"}),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(character(level).properties->collisionMasks->category, "floor,enemyTouch");
              EXPECT_FALSE(character(level).properties->collisionMasks->contact);
          }},
         {"an image of its own", sceneObjectType::obstacles, P::image, text("barrel"),
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).image, "barrel");
              EXPECT_EQ(node.imageOverride, "barrel");
              EXPECT_EQ(node.size(), QSizeF(30, 60));
              EXPECT_EQ(obstacle(level).devices->front().size, "{30.0,60.0}");
          }},
         {"the catalogue's image is no override", sceneObjectType::obstacles, P::image, text("crate"),
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_FALSE(obstacle(level).image); }, false},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_FALSE(obstacle(level).image); }, false},
         {"repeated coins", sceneObjectType::coin, P::repeatCount, std::int64_t(3),
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(level.coins->coins->front().repeatCount, 3);
              EXPECT_EQ(node.nodesWithName("stack_*").size(), 2u);
          }},
         {"repeated ground is laid again", sceneObjectType::ground, P::repeatCount, std::int64_t(2),
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(level.ground->front().repeatCount, 2);
              EXPECT_EQ(node.size(), QSizeF(400, 50));
          }},
         {"repeated obstacles get their copies", sceneObjectType::obstacles, P::repeatCount, 3.7,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).repeatCount, 3);
              EXPECT_EQ(scene().nodesWithName("//" + node.name()).size(), 1u);
              EXPECT_EQ(elements(scene().obstacleNodes()).size(), 3u);
          }},
         {"stacked coins", sceneObjectType::coin, P::stack, true,
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(level.coins->coins->front().stack, true); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(level.coins->coins->front().stack, true); }},
         {"shield time, rounded", sceneObjectType::shield, P::timed, 33.33,
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(level.shields->shields->front().timed, 33.3);
          }},
         {"ground type lays the ground again", sceneObjectType::ground, P::groundType, text("Lava"),
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(level.ground->front().groundType, "Lava");
              EXPECT_EQ(node.zPosition(), 50 + 47);
          }},
         {"ground distance", sceneObjectType::ground, P::distance, tessaro::SizeValue{300, 0},
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(level.ground->front().distance, "{300.0,0.0}");
          }},
         {"ground angles", sceneObjectType::ground, P::groundPhysicsAngleType, list({"angle"}),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(level.ground->front().groundPhysicsAngleType, "angle");
          }},
         {"rotation, rounded, turns the picture", sceneObjectType::obstacles, P::rotation, 30.04,
-         [&](const elementNode& node, const tessaro::Level& level) {
+         [&](const ElementNode& node, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).rotationProperties->rotation, 30.0);
              EXPECT_NEAR(node.zRotation(), std::numbers::pi / 6, 1e-9);
          }},
         {"rotation of the wrong type", sceneObjectType::obstacles, P::rotation, text("x"),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).rotationProperties->rotation, 1.0);
          }},
         {"rotation type", sceneObjectType::obstacles, P::rotateType, text("pendulum"),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).rotationProperties->rotateType, "pendulum");
          }},
         {"precision", sceneObjectType::obstacles, P::usePrecision, true,
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).usePrecision, true); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(obstacle(level).usePrecision, true); }},
         {"a hidden coin", sceneObjectType::coin, P::isVisible, false,
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(level.coins->coins->front().isVisible, false);
          }},
         {"physics shapes", sceneObjectType::obstacles, P::physics, box,
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(obstacle(level).physics->rectangles, box.rectangles);
              EXPECT_FALSE(obstacle(level).physics->edges);
          }},
         {"times to hit of the wrong type", sceneObjectType::character, P::allowedTimesToHit, text("many"),
-         [&](const elementNode&, const tessaro::Level& level) {
+         [&](const ElementNode&, const tessaro::Level& level) {
              EXPECT_EQ(character(level).properties->allowedTimesToHit, 1);
          }},
         {"class of a character", sceneObjectType::character, P::charClassType, text("ghost"),
-         [&](const elementNode&, const tessaro::Level& level) { EXPECT_EQ(character(level).charClassType, "ghost"); }},
+         [&](const ElementNode&, const tessaro::Level& level) { EXPECT_EQ(character(level).charClassType, "ghost"); }},
         {"a device field: nothing stored here", sceneObjectType::obstacles, P::position, tessaro::PointValue{5, 5},
-         [&](const elementNode&, const tessaro::Level&) {}, false},
+         [&](const ElementNode&, const tessaro::Level&) {}, false},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
@@ -192,7 +192,7 @@ TEST_F(ApplyPrimaryTest, EachRowStoresItsValue)
         const tessaro::Level before = comparable(saved());
         ASSERT_TRUE(select(row.kind));
         edits().applyPrimaryProperty(row.element, row.value);
-        const elementNodePtr node = selected();
+        const ElementNodePtr node = selected();
         ASSERT_TRUE(node);
         const tessaro::Level after = saved();
         row.expect(*node, after);
@@ -221,7 +221,7 @@ TEST_F(ApplyPrimaryTest, SoundsAndPhaseGuard)
     front().setProjectDirty(false);
     scene().deselect();
     edits().applyPrimaryProperty(P::observedname, text("nobody"));
-    front().setElementPhase(selectionPhase::BeingSelected);
+    front().setElementPhase(SelectionPhase::BeingSelected);
     edits().applyPrimaryProperty(P::observedname, text("nobody"));
     EXPECT_EQ(saved().characters->front().name, "walker");
     EXPECT_FALSE(front().isProjectDirty());

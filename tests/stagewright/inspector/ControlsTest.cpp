@@ -22,11 +22,11 @@
 namespace stagewright {
 namespace {
 
-fileItem imageFile(const testing_support::TempDir& dir, const QString& name, QSize size)
+FileItem imageFile(const testing_support::TempDir& dir, const QString& name, QSize size)
 {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(Qt::red);
-    fileItem item;
+    FileItem item;
     item.folder = QString::fromStdString(dir.folder());
     item.name = name;
     item.type = QStringLiteral("png");
@@ -55,7 +55,7 @@ TEST(Controls, SectionHeaderFlipsOnClickOnly)
     SectionHeader quiet(QStringLiteral("Properties"), false, QStringLiteral("Hide"), QStringLiteral("Show"), true);
     EXPECT_TRUE(quiet.findChild<QLabel*>(QStringLiteral("sectionState"))->isHidden());
 
-    infoTipView tip(QStringLiteral("Uses **bold** text"));
+    InfoTipView tip(QStringLiteral("Uses **bold** text"));
     tip.show();
     EXPECT_FALSE(tip.isPopover());
     tip.findChild<QAbstractButton*>(QStringLiteral("infoTipButton"))->click();
@@ -67,9 +67,9 @@ TEST(Controls, SectionHeaderFlipsOnClickOnly)
 
 TEST(Controls, MultipleChoiceKeepsTheOrderOfTheClicks)
 {
-    customMultiSelectCombo combo(QStringLiteral("Action"), {"all", "attack", "death", "idle"});
+    CustomMultiSelectCombo combo(QStringLiteral("Action"), {"all", "attack", "death", "idle"});
     combo.show();
-    QSignalSpy changed(&combo, &customMultiSelectCombo::valuesChanged);
+    QSignalSpy changed(&combo, &CustomMultiSelectCombo::valuesChanged);
     combo.setValues({"idle"});
     EXPECT_EQ(changed.count(), 0);
 
@@ -95,7 +95,7 @@ TEST(Controls, MultipleChoiceKeepsTheOrderOfTheClicks)
 TEST(Controls, ThumbnailsArriveOnTheMainThreadAndAreKeptUntilTheFileChanges)
 {
     testing_support::TempDir dir;
-    const fileItem wide = imageFile(dir, QStringLiteral("wide"), {40, 20});
+    const FileItem wide = imageFile(dir, QStringLiteral("wide"), {40, 20});
     ThumbnailCache& cache = ThumbnailCache::instance();
     cache.clear();
 
@@ -132,7 +132,7 @@ TEST(Controls, ThumbnailsArriveOnTheMainThreadAndAreKeptUntilTheFileChanges)
     EXPECT_EQ(renewed.size(), QSize(30, 60));
 
     // A receiver that is gone is not called.
-    const fileItem tall = imageFile(dir, QStringLiteral("tall"), {10, 30});
+    const FileItem tall = imageFile(dir, QStringLiteral("tall"), {10, 30});
     bool called = false;
     {
         QObject shortLived;
@@ -145,8 +145,8 @@ TEST(Controls, ThumbnailsArriveOnTheMainThreadAndAreKeptUntilTheFileChanges)
 TEST(Controls, ImagePickerGridChoosesByClickAndShowsFailuresEmpty)
 {
     testing_support::TempDir dir;
-    const fileItem coin = imageFile(dir, QStringLiteral("coin"), {20, 20});
-    fileItem broken = coin;
+    const FileItem coin = imageFile(dir, QStringLiteral("coin"), {20, 20});
+    FileItem broken = coin;
     broken.name = QStringLiteral("broken");
     dir.write("broken.png", "not a picture");
     testing_support::DiagnosticCapture lines;

@@ -92,7 +92,7 @@ tessaro::Level EditingFixture::everyKind()
 
 void EditingFixture::show(std::vector<tessaro::Level> levels)
 {
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     const tessaro::Uuid first = *levels.front().id;
     tab.setLevelConfig(std::move(levels));
     tab.refreshLevelList();
@@ -101,16 +101,16 @@ void EditingFixture::show(std::vector<tessaro::Level> levels)
     tab.setProjectDirty(false);
 }
 
-sceneEditor& EditingFixture::scene() const
+SceneEditor& EditingFixture::scene() const
 {
     return *sceneEditorOf(front().currentScene());
 }
 
-elementNodePtr EditingFixture::select(sceneObjectType kind)
+ElementNodePtr EditingFixture::select(sceneObjectType kind)
 {
-    sceneEditor& editor = scene();
-    const std::vector<elementNodePtr> nodes = kind == sceneObjectType::background
-        ? sceneEditor::elementsOf(editor.backgroundNodes())
+    SceneEditor& editor = scene();
+    const std::vector<ElementNodePtr> nodes = kind == sceneObjectType::background
+        ? SceneEditor::elementsOf(editor.backgroundNodes())
         : editor.storedOrder(kind);
     if (nodes.empty())
         return nullptr;

@@ -33,13 +33,13 @@ struct EditingFixture : ::testing::Test {
     /// an empty history at its clean point.
     void show(std::vector<tessaro::Level> levels);
 
-    projectTab& front() const { return *settings->selectedProjectTab(); }
-    sceneEditor& scene() const;
+    ProjectTab& front() const { return *settings->selectedProjectTab(); }
+    SceneEditor& scene() const;
     EditRouting edits() const { return EditRouting(front(), &settings->clipboard()); }
     /// Selects the first element of `kind` as a click does; returns it.
-    elementNodePtr select(tessaro::sceneObjectType kind);
+    ElementNodePtr select(tessaro::sceneObjectType kind);
     /// The element of the selection.
-    elementNodePtr selected() const { return scene().selectedNode(); }
+    ElementNodePtr selected() const { return scene().selectedNode(); }
     /// The shown level as a save would write it.
     tessaro::Level saved();
 };

@@ -12,7 +12,7 @@
 namespace stagewright::test {
 namespace {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 using Kind = tessaro::kit::Scene::MouseKind;
 using HistoryTest = EditingFixture;
@@ -45,7 +45,7 @@ TEST_F(HistoryTest, GesturesAndTypingAreStepsThatJoin)
 {
     show({everyKind()});
     QUndoStack& history = front().undoStack();
-    const elementNodePtr crate = scene().storedOrder(sceneObjectType::obstacles).front();
+    const ElementNodePtr crate = scene().storedOrder(sceneObjectType::obstacles).front();
 
     // A drag on the canvas is one step "Move", stored as the position field stores it.
     scene().dispatchMouseEvent(Kind::Down, pointer({100, 0}));
@@ -103,7 +103,7 @@ TEST_F(HistoryTest, LookingIsNoStepAndStepsKeepWhatIsShown)
     edits().applyCycleEndProperty(P::End_list_add, true);
     edits().applyCycleEndProperty(P::End_list_add, true);
     const std::string second = front().selectedAnimationObject().End_SelectedId;
-    edits().editRow(modelType::Devices, P::deviceName, std::string("iPad"));
+    edits().editRow(ModelType::Devices, P::deviceName, std::string("iPad"));
     edits().applyPrimaryProperty(P::zPosition, 7.0);
     ASSERT_EQ(history.count(), 3);
 
@@ -119,7 +119,7 @@ TEST_F(HistoryTest, LookingIsNoStepAndStepsKeepWhatIsShown)
     // Looking at another device or cycle-end entry, or at a background, and
     // commands that find nothing to do, leave the redo step and the clean point.
     history.setClean();
-    edits().editRow(modelType::Devices, P::deviceName, std::string("defaultDevice"));
+    edits().editRow(ModelType::Devices, P::deviceName, std::string("defaultDevice"));
     edits().applyCycleEndProperty(P::End_SelectedId, front().selectedAnimationObject().End_SelectedId);
     select(sceneObjectType::background);
     const std::size_t backgrounds = scene().backgroundList()->backgrounds->size();
@@ -140,7 +140,7 @@ TEST_F(HistoryTest, IsDynamicShowsWhatIsStored)
     QUndoStack& history = front().undoStack();
     select(sceneObjectType::obstacles);
     ASSERT_FALSE(front().selectedObject().isDynamic);
-    edits().editRow(modelType::Primary, P::isDynamic, true);
+    edits().editRow(ModelType::Primary, P::isDynamic, true);
     select(sceneObjectType::character);
     select(sceneObjectType::obstacles);
     EXPECT_TRUE(front().selectedObject().isDynamic);
@@ -154,7 +154,7 @@ TEST_F(HistoryTest, IsDynamicShowsWhatIsStored)
 TEST_F(HistoryTest, TheSizeHandleIsAStep)
 {
     show({everyKind()});
-    const elementNodePtr crate = select(sceneObjectType::obstacles);
+    const ElementNodePtr crate = select(sceneObjectType::obstacles);
     // The handle stands on the middle of the top edge of the 40 by 40 crate.
     scene().dispatchMouseEvent(Kind::Down, pointer({105, 25}));
     scene().dispatchMouseEvent(Kind::Dragged, pointer({105, 40}));
@@ -172,7 +172,7 @@ TEST_F(HistoryTest, DirtyFollowsTheSavedPoint)
     show({everyKind()});
     QUndoStack& history = front().undoStack();
     int announced = 0;
-    QObject::connect(&front(), &projectTab::isProjectDirtyChanged, [&] { ++announced; });
+    QObject::connect(&front(), &ProjectTab::isProjectDirtyChanged, [&] { ++announced; });
     select(sceneObjectType::obstacles);
     EXPECT_FALSE(front().isProjectDirty());
     edits().applyPrimaryProperty(P::darken, true);
@@ -236,13 +236,13 @@ TEST_F(HistoryTest, PasteAfterCutBringsTheWholeElementAnywhere)
     properties.devices->back().deviceName = "iPad";
     tessaro::Level empty = emptyLevel();
     show({level, empty});
-    projectTab& first = front();
+    ProjectTab& first = front();
 
     select(sceneObjectType::obstacles);
     edits().cut();
     EXPECT_EQ(first.undoStack().undoText(), "Cut");
     EXPECT_TRUE(saved().obstacles->empty());
-    EXPECT_EQ(first.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(first.elementPhase(), SelectionPhase::NotSelected);
     ASSERT_FALSE(settings->clipboard().isEmpty());
 
     // Into another level of the project.
@@ -273,7 +273,7 @@ TEST_F(HistoryTest, PasteAfterCutBringsTheWholeElementAnywhere)
     first.undoStack().undo();
     EXPECT_EQ(first.levelSelected(), *level.id);
     EXPECT_EQ(comparable(saved()).obstacles, level.obstacles);
-    EXPECT_EQ(first.elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(first.elementPhase(), SelectionPhase::Selected);
     first.undoStack().redo();
     EXPECT_TRUE(saved().obstacles->empty());
 }
@@ -305,7 +305,7 @@ TEST_F(HistoryTest, DeleteAndPasteStepsComeBackInPlace)
 TEST_F(HistoryTest, LevelListChangesAreSteps)
 {
     show({everyKind()});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     const tessaro::Uuid first = tab.levelSelected();
     tab.addLevel();
     tab.addLevel();

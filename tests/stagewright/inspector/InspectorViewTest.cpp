@@ -30,9 +30,9 @@ namespace stagewright::test {
 namespace {
 
 using K = tessaro::sceneObjectType;
-using P = publishedElementList;
+using P = PublishedElementList;
 
-const tessaro::DeviceProperties* findDevice(const elementNode& node, tessaro::deviceName device)
+const tessaro::DeviceProperties* findDevice(const ElementNode& node, tessaro::deviceName device)
 {
     if (node.devices)
         for (const tessaro::DeviceProperties& entry : *node.devices)
@@ -201,15 +201,15 @@ TEST_F(InspectorViewTest, TheDevicePaneAddsAndDeletesAnOverrideOfTheShownDevice)
 
 TEST_F(InspectorViewTest, HeadButtonsOpenTheSideEditorsOfTheKind)
 {
-    std::vector<physicsEditMode> opened;
+    std::vector<PhysicsEditMode> opened;
     setPhysicsEditorOpener(
-        [&](QWidget*, projectTab&, SceneSettings*, physicsEditMode mode) { opened.push_back(mode); });
+        [&](QWidget*, ProjectTab&, SceneSettings*, PhysicsEditMode mode) { opened.push_back(mode); });
 
     pick(K::obstacles);
     auto* physics = view->findChild<QPushButton*>("physicsButton");
     ASSERT_TRUE(physics);
     physics->click();
-    EXPECT_EQ(opened, std::vector{physicsEditMode::element});
+    EXPECT_EQ(opened, std::vector{PhysicsEditMode::element});
     EXPECT_FALSE(view->findChild<QPushButton*>("groundOrderButton"));
 
     EXPECT_TRUE(view->findChild<QPushButton*>("baseButton"));
@@ -249,17 +249,17 @@ TEST_F(InspectorViewTest, TheAnimationPaneSaysWhenTheElementsPictureIsMissing)
 {
     view->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
-    const auto showAnimation = [&]() -> animationPropertyView* {
+    const auto showAnimation = [&]() -> AnimationPropertyView* {
         auto* tabs = view->findChild<QTabWidget*>();
         for (int i = 0; tabs && i < tabs->count(); ++i)
             if (tabs->tabText(i) == QStringLiteral("Animation"))
                 tabs->setCurrentIndex(i);
         QApplication::processEvents(); // a pane laid in a shown window shows after the event
-        return view->findChild<animationPropertyView*>();
+        return view->findChild<AnimationPropertyView*>();
     };
 
     pick(K::obstacles);
-    animationPropertyView* pane = showAnimation();
+    AnimationPropertyView* pane = showAnimation();
     ASSERT_TRUE(pane);
     EXPECT_FALSE(pane->imageMissingAlert()); // the crate's picture is there
 
@@ -335,9 +335,9 @@ TEST_F(InspectorViewTest, TargetRowsKeepTheirLimitsAndRowsWithoutAFieldAreReadOn
     EXPECT_FALSE(cycleEnd->icon().isNull());
 
     // The target distances step by 0.5 between 0 and 10000.
-    for (const sectionEntry& section : animationSections())
+    for (const SectionEntry& section : animationSections())
         if (section.title == std::string("Target distance properties"))
-            for (const rowEntry& entry : section.rows) {
+            for (const RowEntry& entry : section.rows) {
                 EXPECT_EQ(entry.lower, 0) << tessaro::caseText(entry.property);
                 EXPECT_EQ(entry.upper, 10000) << tessaro::caseText(entry.property);
                 EXPECT_EQ(entry.step, 0.5) << tessaro::caseText(entry.property);
@@ -352,36 +352,36 @@ TEST_F(InspectorViewTest, TargetRowsKeepTheirLimitsAndRowsWithoutAFieldAreReadOn
 TEST_F(InspectorViewTest, EveryRowOfTheTablesIsBoundToAFieldOfItsModel)
 {
     ASSERT_TRUE(select(K::obstacles));
-    const auto bound = [&](modelType model, const rowEntry& entry) {
-        if (entry.control == rowControl::Label)
+    const auto bound = [&](ModelType model, const RowEntry& entry) {
+        if (entry.control == RowControl::Label)
             return;
         EXPECT_FALSE(std::holds_alternative<std::monostate>(modelValue(front(), model, entry.property)))
             << tessaro::caseText(entry.property);
         EXPECT_FALSE(std::holds_alternative<std::monostate>(modelValue(front(), model, entry.propertyUpper)))
             << tessaro::caseText(entry.propertyUpper);
     };
-    for (const sectionEntry& section : primarySections())
-        for (const rowEntry& entry : section.rows)
-            bound(modelType::Primary, entry);
-    for (const sectionEntry& section : animationSections())
-        for (const rowEntry& entry : section.rows)
-            bound(modelType::Animation, entry);
-    for (const rowEntry& entry : cycleEndRows())
-        bound(modelType::AnimationCycleEnd, entry);
-    for (const rowEntry& entry : backgroundRows())
-        bound(modelType::Primary, entry);
-    for (const deviceFieldRow& field : deviceFieldRows())
-        bound(modelType::Devices, deviceRow(field.field, field.label));
+    for (const SectionEntry& section : primarySections())
+        for (const RowEntry& entry : section.rows)
+            bound(ModelType::Primary, entry);
+    for (const SectionEntry& section : animationSections())
+        for (const RowEntry& entry : section.rows)
+            bound(ModelType::Animation, entry);
+    for (const RowEntry& entry : cycleEndRows())
+        bound(ModelType::AnimationCycleEnd, entry);
+    for (const RowEntry& entry : backgroundRows())
+        bound(ModelType::Primary, entry);
+    for (const DeviceFieldRow& field : deviceFieldRows())
+        bound(ModelType::Devices, deviceRow(field.field, field.label));
 
     // A value of the wrong type writes nothing; a case name writes the case.
-    setModelValue(front(), modelType::Primary, P::zPosition, std::string("high"));
+    setModelValue(front(), ModelType::Primary, P::zPosition, std::string("high"));
     EXPECT_EQ(front().selectedObject().zPosition, 10);
-    setModelValue(front(), modelType::Primary, P::rotateType, std::string("nonsense"));
+    setModelValue(front(), ModelType::Primary, P::rotateType, std::string("nonsense"));
     EXPECT_EQ(front().selectedObject().rotateType, tessaro::rotationType::none);
-    setModelValue(front(), modelType::Primary, P::category,
+    setModelValue(front(), ModelType::Primary, P::category,
                   std::vector<std::string>{"humanPlayer", "nonsense", "floor"});
-    EXPECT_EQ(modelValue(front(), modelType::Primary, P::category),
-              propertyValue(std::vector<std::string>{"humanPlayer", "floor"}));
+    EXPECT_EQ(modelValue(front(), ModelType::Primary, P::category),
+              PropertyValue(std::vector<std::string>{"humanPlayer", "floor"}));
 }
 
 } // namespace

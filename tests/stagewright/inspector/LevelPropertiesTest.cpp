@@ -24,7 +24,7 @@ tessaro::GameSound sound(const std::string& filename, double volume = 1)
     return value;
 }
 
-std::optional<levelPropertyValue> fieldOf(const tessaro::Level& level, sceneObjectType kind, int selector)
+std::optional<LevelPropertyValue> fieldOf(const tessaro::Level& level, sceneObjectType kind, int selector)
 {
     return levelProperty(level, kind, selector).value_or(std::nullopt);
 }
@@ -43,7 +43,7 @@ TEST(LevelPropertyFieldsTest, EachKindOfValueGoesIntoItsFieldAndNowhereElse)
         writeLevelProperty(level, sceneObjectType::coin, levelField::repeatDistance, tessaro::PointValue{30, 12.5}));
     EXPECT_EQ(level.coins->repeatDistance, "{30.0,12.5}");
     EXPECT_EQ(fieldOf(level, sceneObjectType::coin, levelField::repeatDistance),
-              levelPropertyValue(tessaro::PointValue{30, 12.5}));
+              LevelPropertyValue(tessaro::PointValue{30, 12.5}));
     const std::vector<tessaro::GameSound> sounds{sound("wind"), sound("birds", 0.5)};
     EXPECT_TRUE(writeLevelProperty(level, sceneObjectType::background, levelField::soundEffects, sounds));
     EXPECT_EQ(level.background->soundEffects, sounds);
@@ -79,8 +79,8 @@ TEST(LevelPropertyFieldsTest, EachKindOfValueGoesIntoItsFieldAndNowhereElse)
 TEST(LevelPropertyFieldsTest, TabsShowTheirDefaultsWhereTheLevelHasNothing)
 {
     const tessaro::Level bare = emptyLevel();
-    for (const levelPropertiesTab& tab : levelPropertiesTabs()) {
-        const levelTabValues values = levelTabValuesOf(bare, tab.kind);
+    for (const LevelPropertiesTab& tab : levelPropertiesTabs()) {
+        const LevelTabValues values = levelTabValuesOf(bare, tab.kind);
         EXPECT_EQ(values.imageName, "placeholder") << tab.title;
         EXPECT_EQ(values.animateFromImage, 0);
         EXPECT_EQ(values.startCoinNumber, 0);
@@ -94,7 +94,7 @@ TEST(LevelPropertyFieldsTest, TabsShowTheirDefaultsWhereTheLevelHasNothing)
     level.coins->startCoinNumber = 12;
     level.coins->soundEffects = std::vector<tessaro::GameSound>{sound("ping")};
     level.checkpoints->image = "";
-    const levelTabValues coins = levelTabValuesOf(level, sceneObjectType::coin);
+    const LevelTabValues coins = levelTabValuesOf(level, sceneObjectType::coin);
     EXPECT_EQ(coins.imageName, "placeholder"); // the coins record has no image
     EXPECT_EQ(coins.repeatDistance, (tessaro::PointValue{25, 5}));
     EXPECT_EQ(coins.startCoinNumber, 12);
@@ -105,12 +105,12 @@ TEST(LevelPropertyFieldsTest, TabsShowTheirDefaultsWhereTheLevelHasNothing)
 
     // The tabs and their rows, in the sheet's order.
     std::vector<std::string> titles;
-    for (const levelPropertiesTab& tab : levelPropertiesTabs())
+    for (const LevelPropertiesTab& tab : levelPropertiesTabs())
         titles.push_back(tab.title);
     EXPECT_EQ(titles,
               (std::vector<std::string>{"Background", "Checkpoints", "Coins", "Shields", "Artifacts", "Level end",
                                         "Phase end"}));
-    const std::vector<levelPropertyRow> coinRows = levelPropertyRows(sceneObjectType::coin);
+    const std::vector<LevelPropertyRow> coinRows = levelPropertyRows(sceneObjectType::coin);
     ASSERT_EQ(coinRows.size(), 3u);
     EXPECT_EQ(coinRows[2].selector, levelField::startCoinNumber);
     EXPECT_EQ(coinRows[2].upper, 1000);
@@ -123,7 +123,7 @@ TEST_F(LevelPropertiesTest, EachChangeIsAStepThatUndoTakesBackExactly)
     tessaro::Level level = everyKind();
     level.coins->repeatDistance = "{10, 10}"; // undo gives back the text as written
     show({level});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     QUndoStack& history = tab.undoStack();
     const tessaro::Coins coinsBefore = *saved().coins;
     const tessaro::boxed<tessaro::Background> backgroundBefore = saved().background;
@@ -181,7 +181,7 @@ TEST_F(LevelPropertiesTest, EachChangeIsAStepThatUndoTakesBackExactly)
 TEST_F(LevelPropertiesTest, AChangeToTheValueAlreadyThereNeverJoinsTheStepBeforeIt)
 {
     show({everyKind()});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     QUndoStack& history = tab.undoStack();
     // The second change writes nothing; redo must still bring the first back.
     updateLevelProperty(tab, sceneObjectType::coin, levelField::startCoinNumber, std::int64_t{7});
@@ -203,18 +203,18 @@ TEST_F(LevelPropertiesTest, AChangeToTheValueAlreadyThereNeverJoinsTheStepBefore
 TEST_F(LevelPropertiesTest, CheckpointsArePickedByCatalogueNameAndStayDrawnAndSaved)
 {
     // The tab offers the catalogue's checkpoints by name, each with its picture.
-    const std::vector<levelImageChoice> choices = levelImageChoices(sceneObjectType::checkpoint, settings->imageList());
+    const std::vector<LevelImageChoice> choices = levelImageChoices(sceneObjectType::checkpoint, settings->imageList());
     ASSERT_EQ(choices.size(), 1u);
     EXPECT_EQ(choices[0].name, QStringLiteral("Flag"));
     EXPECT_TRUE(choices[0].picturePath.endsWith(QStringLiteral("/Checkpoints/flag.png")));
-    const std::vector<levelImageChoice> shields = levelImageChoices(sceneObjectType::shield, settings->imageList());
+    const std::vector<LevelImageChoice> shields = levelImageChoices(sceneObjectType::shield, settings->imageList());
     ASSERT_EQ(shields.size(), 1u);
     EXPECT_EQ(shields[0].name, QStringLiteral("shield"));
 
     // Picked, the name keeps the checkpoints on the canvas, through a save and a reload.
     const auto drawnCheckpoints = [&] {
         std::size_t drawn = 0;
-        for (const elementNodePtr& node : scene().storedOrder(sceneObjectType::checkpoint))
+        for (const ElementNodePtr& node : scene().storedOrder(sceneObjectType::checkpoint))
             drawn += !node->isHidden() && !node->keptOnly;
         return drawn;
     };
@@ -234,7 +234,7 @@ TEST_F(LevelPropertiesTest, CheckpointsArePickedByCatalogueNameAndStayDrawnAndSa
 TEST_F(LevelPropertiesTest, StatisticsCountTheShownLevelAsItStandsNow)
 {
     show({everyKind(), everyKind()});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     EXPECT_EQ(countElements(tab, elementCount::obstacles, false), 1);
     // Two placements not yet saved, and a coin taken out.
     scene().placement().addElement(sceneObjectType::obstacles, "Crate");
@@ -252,7 +252,7 @@ TEST_F(LevelPropertiesTest, WritesThatCannotBeMadeLeaveNoStep)
 {
     tessaro::Level bare = emptyLevel();
     show({bare, everyKind()});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
 
     // The shown level has no coins record: the change is lost without a message.
     updateLevelProperty(tab, sceneObjectType::coin, levelField::startCoinNumber, std::int64_t{5});
@@ -274,7 +274,7 @@ TEST_F(LevelPropertiesTest, AStepOfALevelNotShownIsUndoneInItsRecord)
     tessaro::Level second = everyKind();
     second.id = tessaro::Uuid::create();
     show({everyKind(), second});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     const tessaro::Uuid first = tab.levelSelected();
 
     edits().moveElement(*select(sceneObjectType::coin), {50, 0}, false);
@@ -302,10 +302,10 @@ TEST_F(LevelPropertiesTest, TheCanvasShowsWhatItDrawsOfTheLevelsValues)
     tessaro::Level level = everyKind();
     level.coins->coins->front().repeatCount = 3;
     show({level});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
 
     // The coins' row follows the repeat distance.
-    const elementNodePtr coin = scene().storedOrder(sceneObjectType::coin).front();
+    const ElementNodePtr coin = scene().storedOrder(sceneObjectType::coin).front();
     const double firstStep = coin->childNodeWithName(QStringLiteral("stack_1"))->position().x();
     updateLevelProperty(tab, sceneObjectType::coin, levelField::repeatDistance, tessaro::PointValue{30, 0});
     EXPECT_DOUBLE_EQ(coin->childNodeWithName(QStringLiteral("stack_1"))->position().x(), firstStep + 30);
@@ -313,15 +313,15 @@ TEST_F(LevelPropertiesTest, TheCanvasShowsWhatItDrawsOfTheLevelsValues)
     EXPECT_DOUBLE_EQ(coin->childNodeWithName(QStringLiteral("stack_1"))->position().x(), firstStep);
 
     // A checkpoint takes the new picture and stays the selected element.
-    const elementNodePtr flag = select(sceneObjectType::checkpoint);
-    const elementHandle handle = flag->handle;
+    const ElementNodePtr flag = select(sceneObjectType::checkpoint);
+    const ElementHandle handle = flag->handle;
     EXPECT_DOUBLE_EQ(flag->size().height(), 50);
     updateLevelProperty(tab, sceneObjectType::checkpoint, levelField::image, std::string("Pole"));
-    const elementNodePtr pole = scene().elementWithHandle(handle);
+    const ElementNodePtr pole = scene().elementWithHandle(handle);
     ASSERT_TRUE(pole);
     EXPECT_DOUBLE_EQ(pole->size().height(), 80);
     EXPECT_EQ(selected(), pole);
-    EXPECT_EQ(tab.elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(tab.elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(saved().checkpoints->locations->size(), 1u);
     tab.undoStack().undo();
     EXPECT_DOUBLE_EQ(scene().elementWithHandle(handle)->size().height(), 50);

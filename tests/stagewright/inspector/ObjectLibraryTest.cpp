@@ -13,7 +13,7 @@ namespace {
 using tessaro::sceneObjectType;
 using ObjectLibraryTest = EditingFixture;
 
-QStringList titles(const std::vector<libraryCell>& cells, const std::vector<std::size_t>& kept)
+QStringList titles(const std::vector<LibraryCell>& cells, const std::vector<std::size_t>& kept)
 {
     QStringList list;
     for (std::size_t index : kept)
@@ -23,13 +23,13 @@ QStringList titles(const std::vector<libraryCell>& cells, const std::vector<std:
 
 QStringList filtered(sceneObjectType kind, const QString& text)
 {
-    const std::vector<libraryCell> cells = libraryCells(kind);
+    const std::vector<LibraryCell> cells = libraryCells(kind);
     return titles(cells, filterLibraryCells(cells, text));
 }
 
-std::size_t countOf(const sceneEditor& scene, sceneObjectType kind)
+std::size_t countOf(const SceneEditor& scene, sceneObjectType kind)
 {
-    return sceneEditor::elementsOf(scene.layerFor(kind)).size();
+    return SceneEditor::elementsOf(scene.layerFor(kind)).size();
 }
 
 TEST_F(ObjectLibraryTest, TabsListTheirKindSortedAndFilterTellsCaseApart)
@@ -70,13 +70,13 @@ TEST_F(ObjectLibraryTest, TabsListTheirKindSortedAndFilterTellsCaseApart)
     EXPECT_EQ(filtered(sceneObjectType::ground, "Rock"), QStringList({"Rock"}));
     EXPECT_EQ(filtered(sceneObjectType::ground, "o"), QStringList({"Boulder", "Rock"}));
 
-    const std::vector<libraryCell> ground = libraryCells(sceneObjectType::ground);
-    const libraryCell& noImage = ground[1];
+    const std::vector<LibraryCell> ground = libraryCells(sceneObjectType::ground);
+    const LibraryCell& noImage = ground[1];
     EXPECT_EQ(noImage.buttonImage, "placeholder");
     EXPECT_EQ(noImage.buttonClass, "none");
     EXPECT_FALSE(noImage.buttonImageType);
     EXPECT_FALSE(noImage.buttonUseGravity);
-    const libraryCell& full = ground[2];
+    const LibraryCell& full = ground[2];
     EXPECT_EQ(full.buttonImage, "grass");
     EXPECT_EQ(full.buttonImageType, "jpg");
     EXPECT_EQ(full.buttonClass, "boulderDrop");
@@ -85,11 +85,11 @@ TEST_F(ObjectLibraryTest, TabsListTheirKindSortedAndFilterTellsCaseApart)
     EXPECT_TRUE(libraryCellImagePath(full).endsWith("/grass.jpg")) << libraryCellImagePath(full).toStdString();
 
     // Obstacles and characters are "png"; characters always fall and move.
-    const libraryCell obstacle = libraryCells(sceneObjectType::obstacles).front();
+    const LibraryCell obstacle = libraryCells(sceneObjectType::obstacles).front();
     EXPECT_EQ(obstacle.buttonImageType, "png");
     EXPECT_FALSE(obstacle.buttonUseGravity);
     EXPECT_TRUE(obstacle.buttonIsDynamic);
-    const libraryCell character = libraryCells(sceneObjectType::character).front();
+    const LibraryCell character = libraryCells(sceneObjectType::character).front();
     EXPECT_EQ(character.buttonImageType, "png");
     EXPECT_TRUE(character.buttonUseGravity);
     EXPECT_TRUE(character.buttonIsDynamic);
@@ -112,23 +112,23 @@ TEST_F(ObjectLibraryTest, ClickAddsOneSelectedElementThatUndoRemovesAndRedoResto
     EXPECT_EQ(history.undoText(), "Add Crate");
     EXPECT_TRUE(front().isProjectDirty());
     ASSERT_EQ(countOf(scene(), sceneObjectType::obstacles), 2u);
-    const elementNodePtr added = scene().storedOrder(sceneObjectType::obstacles).back();
+    const ElementNodePtr added = scene().storedOrder(sceneObjectType::obstacles).back();
     const ElementRecords addedRecords = added->records();
-    const elementHandle handle = added->handle;
+    const ElementHandle handle = added->handle;
     EXPECT_NE(handle, 0u);
     // The new element is the selection, as if clicked.
-    EXPECT_EQ(front().elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(front().elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(front().selectedObject().name, added->name().toStdString());
     EXPECT_EQ(saved().obstacles->size(), 2u);
 
     history.undo();
     EXPECT_EQ(countOf(scene(), sceneObjectType::obstacles), 1u);
-    EXPECT_NE(front().elementPhase(), selectionPhase::Selected);
+    EXPECT_NE(front().elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(comparable(saved()), before);
     EXPECT_FALSE(front().isProjectDirty());
 
     history.redo();
-    const elementNodePtr back = scene().elementWithHandle(handle);
+    const ElementNodePtr back = scene().elementWithHandle(handle);
     ASSERT_TRUE(back);
     EXPECT_EQ(back->records(), addedRecords);
     EXPECT_EQ(front().selectedObject().name, back->name().toStdString());
@@ -174,12 +174,12 @@ TEST_F(ObjectLibraryTest, BackgroundTabAppendsABackground)
     ASSERT_EQ(list.size(), before + 1);
     EXPECT_EQ(list.back().image, "hills");
     const tessaro::Uuid id = *list.back().id;
-    EXPECT_EQ(front().elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(front().elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(front().selectedObject().backgroundSelectedId, id);
 
     history.undo();
     EXPECT_EQ(saved().background->backgrounds->size(), before);
-    EXPECT_NE(front().elementPhase(), selectionPhase::Selected);
+    EXPECT_NE(front().elementPhase(), SelectionPhase::Selected);
     history.redo();
     ASSERT_EQ(scene().backgroundList()->backgrounds->size(), before + 1);
     EXPECT_EQ(scene().backgroundList()->backgrounds->back().id, id);
@@ -188,11 +188,11 @@ TEST_F(ObjectLibraryTest, BackgroundTabAppendsABackground)
 TEST_F(ObjectLibraryTest, DropAddsTheElementAtThePointInTheScrolledLevel)
 {
     show({everyKind()});
-    scene().moveScene(publishedElementList::scenePosition, tessaro::PointValue{200, 0});
+    scene().moveScene(PublishedElementList::scenePosition, tessaro::PointValue{200, 0});
 
     ASSERT_TRUE(addLibraryElement(&front(), sceneObjectType::obstacles, "Crate", QPointF(50, 20)));
     EXPECT_EQ(front().undoStack().count(), 1);
-    const elementNodePtr added = scene().storedOrder(sceneObjectType::obstacles).back();
+    const ElementNodePtr added = scene().storedOrder(sceneObjectType::obstacles).back();
     EXPECT_EQ(added->storedPosition(), (tessaro::PointValue{250, 20}));
     EXPECT_DOUBLE_EQ(added->position().x(), 250);
     EXPECT_EQ(saved().obstacles->back().properties->devices->front().position, "{250.0,20.0}");
@@ -204,7 +204,7 @@ TEST_F(ObjectLibraryTest, DropAddsTheElementAtThePointInTheScrolledLevel)
 
 TEST(ObjectLibraryDrag, CellTravelsAsItsKindAndName)
 {
-    libraryCell cell;
+    LibraryCell cell;
     cell.valType = sceneObjectType::coin;
     cell.elementName = "Gold: big";
     const std::unique_ptr<QMimeData> data = libraryMimeData(cell);

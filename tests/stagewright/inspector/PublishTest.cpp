@@ -14,7 +14,7 @@
 namespace stagewright::test {
 namespace {
 
-using P = publishedElementList;
+using P = PublishedElementList;
 using tessaro::sceneObjectType;
 using PublishTest = EditingFixture;
 
@@ -48,11 +48,11 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
 
     const struct {
         sceneObjectType kind;
-        std::function<void(const projectTab&)> expect;
+        std::function<void(const ProjectTab&)> expect;
     } rows[] = {
         {sceneObjectType::obstacles,
-         [](const projectTab& tab) {
-             const selectedObjectModel& object = tab.selectedObject();
+         [](const ProjectTab& tab) {
+             const SelectedObjectModel& object = tab.selectedObject();
              EXPECT_EQ(object.property_objectName, "crate");
              EXPECT_EQ(object.real_Position, "{100, 0 }");
              EXPECT_EQ(object.displayedSize, "{40, 40 }");
@@ -61,16 +61,16 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
              EXPECT_FALSE(object.isVisible);
              EXPECT_EQ(object.rotation, 45);
              EXPECT_EQ(object.objectClassType, std::vector{tessaro::objectClassType::none});
-             EXPECT_EQ(baseFieldText(baseField::objectClassType, object.defaultViewProperties), "barrel");
-             EXPECT_EQ(baseFieldText(baseField::category, object.defaultViewProperties), "staticObjectBody");
-             const selectedDeviceModel& device = tab.selectedDeviceObject();
+             EXPECT_EQ(baseFieldText(BaseField::objectClassType, object.defaultViewProperties), "barrel");
+             EXPECT_EQ(baseFieldText(BaseField::category, object.defaultViewProperties), "staticObjectBody");
+             const SelectedDeviceModel& device = tab.selectedDeviceObject();
              EXPECT_EQ(device.nameSelected, tessaro::deviceName::defaultDevice);
              EXPECT_EQ(device.devicesDefaultBase->size, "{40,40}");
              EXPECT_EQ(device.position, (tessaro::PointValue{100, 0}));
              EXPECT_EQ(device.aspectRatio, 1); // a size of {0,0} divides by nothing
              EXPECT_EQ(device.inherited, (std::vector{P::distance, P::position, P::size}));
              EXPECT_EQ(device.randomPositionRange, "{<0...0>,<0...0>}");
-             const selectedAnimationModel& animation = tab.selectedAnimationObject();
+             const SelectedAnimationModel& animation = tab.selectedAnimationObject();
              EXPECT_EQ(animation.animationFrequency, "once");
              EXPECT_EQ(animation.delay_idleRange_lower, 0.5);
              EXPECT_EQ(animation.delay_idleRange_upper, 2.0);
@@ -80,7 +80,7 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
              EXPECT_EQ(animation.End_aspectRatio, 0.5);
          }},
         {sceneObjectType::character,
-         [](const projectTab& tab) {
+         [](const ProjectTab& tab) {
              EXPECT_EQ(tab.selectedObject().charClassType, tessaro::characterClassType::enemy);
              EXPECT_EQ(tab.selectedObject().contact,
                        (std::vector{tessaro::collisionTypes::humanPlayer, tessaro::collisionTypes::floor}));
@@ -89,14 +89,14 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
              EXPECT_EQ(tab.selectedAnimationObject().animationFrequency, "none");
          }},
         {sceneObjectType::coin,
-         [](const projectTab& tab) {
+         [](const ProjectTab& tab) {
              EXPECT_EQ(tab.selectedObject().repeatCount, 3);
              EXPECT_FALSE(tab.selectedObject().stacked);
              EXPECT_FALSE(tab.selectedDeviceObject().devicesDefaultBase);
          }},
-        {sceneObjectType::shield, [](const projectTab& tab) { EXPECT_EQ(tab.selectedObject().timed, 12.5); }},
+        {sceneObjectType::shield, [](const ProjectTab& tab) { EXPECT_EQ(tab.selectedObject().timed, 12.5); }},
         {sceneObjectType::ground,
-         [](const projectTab& tab) {
+         [](const ProjectTab& tab) {
              EXPECT_EQ(tab.selectedObject().image, "grass");
              EXPECT_EQ(tab.selectedObject().zPosition, 50);
              EXPECT_EQ(tab.selectedObject().groundType, tessaro::groundBaseType::Ground);
@@ -104,8 +104,8 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
                        std::vector{tessaro::groundPhysicsAngleType::angle});
          }},
         {sceneObjectType::background,
-         [](const projectTab& tab) {
-             const selectedObjectModel& object = tab.selectedObject();
+         [](const ProjectTab& tab) {
+             const SelectedObjectModel& object = tab.selectedObject();
              EXPECT_EQ(object.image, "sky");
              EXPECT_EQ(object.zPosition, 1); // absent reads 1
              EXPECT_FALSE(object.pinned);
@@ -114,9 +114,9 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(tessaro::caseText(row.kind)));
-        const elementNodePtr node = select(row.kind);
+        const ElementNodePtr node = select(row.kind);
         ASSERT_TRUE(node);
-        EXPECT_EQ(front().elementPhase(), selectionPhase::Selected);
+        EXPECT_EQ(front().elementPhase(), SelectionPhase::Selected);
         EXPECT_EQ(front().selectedObject().type, row.kind);
         EXPECT_EQ(front().selectedObject().name, node->name().toStdString());
         EXPECT_TRUE(settings->isInspectorPresented());
@@ -124,19 +124,19 @@ TEST_F(PublishTest, EveryKindFillsItsModels)
     }
 
     // A background's selection dims the others; deselecting lifts it.
-    const auto backgrounds = sceneEditor::elementsOf(scene().backgroundNodes());
+    const auto backgrounds = SceneEditor::elementsOf(scene().backgroundNodes());
     ASSERT_EQ(backgrounds.size(), 2u);
     EXPECT_EQ(backgrounds[0]->alpha(), 1);
     EXPECT_EQ(backgrounds[1]->alpha(), 0.2);
     scene().deselect();
     EXPECT_EQ(backgrounds[1]->alpha(), 1);
-    EXPECT_EQ(front().elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(front().elementPhase(), SelectionPhase::NotSelected);
 }
 
 TEST_F(PublishTest, SelectingTheSelectedElementKeepsEditsInProgress)
 {
     show({everyKind()});
-    const elementNodePtr crate = select(sceneObjectType::obstacles);
+    const ElementNodePtr crate = select(sceneObjectType::obstacles);
     front().selectedObject().property_objectName = "typing";
     scene().selectNode(crate);
     EXPECT_EQ(front().selectedObject().property_objectName, "typing");
@@ -179,7 +179,7 @@ TEST(PropertyRules, RowsOfEachKind)
     EXPECT_STREQ(addOverrideLabel(tessaro::deviceName::iPad), "Add as override");
     EXPECT_STREQ(removeOverrideLabel(tessaro::deviceName::defaultDevice), "Delete");
     EXPECT_STREQ(removeOverrideLabel(tessaro::deviceName::iPhone17), "Delete override");
-    EXPECT_EQ(baseFieldText(baseField::elementName, std::nullopt), "");
+    EXPECT_EQ(baseFieldText(BaseField::elementName, std::nullopt), "");
 }
 
 TEST_F(PublishTest, PickersListWhatTheirRowsOffer)
@@ -191,62 +191,62 @@ TEST_F(PublishTest, PickersListWhatTheirRowsOffer)
     roar.type = "attack";
     roar.filename = "roar";
     front().selectedObject().soundEffects = {roar};
-    const auto count = [](const pickerContent& content) {
+    const auto count = [](const PickerContent& content) {
         std::size_t items = 0;
-        for (const pickerSection& section : content.sections)
+        for (const PickerSection& section : content.sections)
             items += section.items.size();
         return items;
     };
     const struct {
-        pickerType type;
+        PickerType type;
         std::size_t items;
         bool multi;
         QString first;
     } rows[] = {
-        {pickerType::SceneList, 1, false, QStringLiteral("Scene: ")},
-        {pickerType::BackgroundList, 2, false, QStringLiteral("sky  (sky)")},
-        {pickerType::objectClassTypeList, 81, true, QStringLiteral("alternateScene")},
-        {pickerType::GroundAngleList, 8, true, QStringLiteral("additionalFloorTile")},
-        {pickerType::SoundsList, 2, false, QStringLiteral("Select a sound")},
-        {pickerType::DeviceList, 17, false, QStringLiteral("None")},
-        {pickerType::Scaled, 7, false, QStringLiteral("50%")},
-        {pickerType::GroundType, 8, false, QStringLiteral("BrightWater")},
-        {pickerType::CollisionTypes, 19, true, QStringLiteral("humanPlayer")},
-        {pickerType::Contact, 19, true, QStringLiteral("humanPlayer")},
-        {pickerType::Category, 19, true, QStringLiteral("humanPlayer")},
-        {pickerType::RotationTypes, 4, false, QStringLiteral("clockwise")},
-        {pickerType::ScrollOrientation, 3, false, QStringLiteral("both")},
-        {pickerType::CharClassType, 5, false, QStringLiteral("alien")},
-        {pickerType::Direction, 20, false, QStringLiteral("all")},
-        {pickerType::AnimationFrequency, 6, false, QStringLiteral("custom")},
-        {pickerType::AnimationMoveDirection, 16, false, QStringLiteral("all")},
+        {PickerType::SceneList, 1, false, QStringLiteral("Scene: ")},
+        {PickerType::BackgroundList, 2, false, QStringLiteral("sky  (sky)")},
+        {PickerType::objectClassTypeList, 81, true, QStringLiteral("alternateScene")},
+        {PickerType::GroundAngleList, 8, true, QStringLiteral("additionalFloorTile")},
+        {PickerType::SoundsList, 2, false, QStringLiteral("Select a sound")},
+        {PickerType::DeviceList, 17, false, QStringLiteral("None")},
+        {PickerType::Scaled, 7, false, QStringLiteral("50%")},
+        {PickerType::GroundType, 8, false, QStringLiteral("BrightWater")},
+        {PickerType::CollisionTypes, 19, true, QStringLiteral("humanPlayer")},
+        {PickerType::Contact, 19, true, QStringLiteral("humanPlayer")},
+        {PickerType::Category, 19, true, QStringLiteral("humanPlayer")},
+        {PickerType::RotationTypes, 4, false, QStringLiteral("clockwise")},
+        {PickerType::ScrollOrientation, 3, false, QStringLiteral("both")},
+        {PickerType::CharClassType, 5, false, QStringLiteral("alien")},
+        {PickerType::Direction, 20, false, QStringLiteral("all")},
+        {PickerType::AnimationFrequency, 6, false, QStringLiteral("custom")},
+        {PickerType::AnimationMoveDirection, 16, false, QStringLiteral("all")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(tessaro::caseText(row.type)));
-        const pickerContent content = getPickerContent(row.type, front(), &scene(), settings.get());
+        const PickerContent content = getPickerContent(row.type, front(), &scene(), settings.get());
         EXPECT_EQ(count(content), row.items);
         EXPECT_EQ(content.multiSelection, row.multi);
         EXPECT_FALSE(content.spacer);
         ASSERT_FALSE(content.sections.empty());
         EXPECT_TRUE(content.sections.front().items.front().text.startsWith(row.first));
     }
-    EXPECT_EQ(getPickerContent(pickerType::SoundsList, front(), &scene(), nullptr).sections[0].items[1].text,
+    EXPECT_EQ(getPickerContent(PickerType::SoundsList, front(), &scene(), nullptr).sections[0].items[1].text,
               "roar (attack)");
-    EXPECT_EQ(getPickerContent(pickerType::Scaled, front(), nullptr, nullptr).sections[0].items[2].tag, "1.00");
-    for (pickerType spacer : {pickerType::None, pickerType::soundBiteTypeList, pickerType::AudioExtensionList,
-                              pickerType::AudioList, pickerType::Collision})
+    EXPECT_EQ(getPickerContent(PickerType::Scaled, front(), nullptr, nullptr).sections[0].items[2].tag, "1.00");
+    for (PickerType spacer : {PickerType::None, PickerType::soundBiteTypeList, PickerType::AudioExtensionList,
+                              PickerType::AudioList, PickerType::Collision})
         EXPECT_TRUE(getPickerContent(spacer, front(), &scene(), nullptr).spacer);
 
     // The node list: a section per layer with elements; a line selects its node.
-    const pickerContent nodes = getPickerContent(pickerType::NodeList, front(), &scene(), nullptr);
+    const PickerContent nodes = getPickerContent(PickerType::NodeList, front(), &scene(), nullptr);
     EXPECT_EQ(nodes.title, "Select a Node");
     QStringList titles;
-    for (const pickerSection& section : nodes.sections)
+    for (const PickerSection& section : nodes.sections)
         titles << section.title;
     EXPECT_EQ(titles,
               QStringList({"Background Objects", "Ground Objects", "Obstacles", "Enemy Objects", "Coin Objects",
                            "Checkpoint Objects", "Artifact Objects", "Shield Objects"}));
-    const pickerItem& crate = nodes.sections[2].items.front();
+    const PickerItem& crate = nodes.sections[2].items.front();
     EXPECT_EQ(crate.text, "  Element: CratePosition: {100, 0}  Image: crate");
     scene().selectNodeNamed(crate.tag);
     EXPECT_EQ(front().selectedObject().type, sceneObjectType::obstacles);
@@ -261,7 +261,7 @@ TEST_F(PublishTest, ElementsKeptOnlyAsReadAreNotListed)
     vanished.elementName = "Vanished";
     level.obstacles->push_back(vanished);
     show({level});
-    const pickerContent nodes = getPickerContent(pickerType::NodeList, front(), &scene(), nullptr);
+    const PickerContent nodes = getPickerContent(PickerType::NodeList, front(), &scene(), nullptr);
     ASSERT_EQ(nodes.sections[2].title, "Obstacles");
     EXPECT_EQ(nodes.sections[2].items.size(), 1u);
 }

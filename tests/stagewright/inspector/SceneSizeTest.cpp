@@ -13,7 +13,7 @@ using SceneSizeTest = EditingFixture;
 
 TEST(PredefinedSizesTest, ItemsNameEveryDeviceAtItsSizeInTheOrientation)
 {
-    const std::vector<predefinedSizeItem> landscape = predefinedSizeItems(sceneOrientationType::landscape);
+    const std::vector<PredefinedSizeItem> landscape = predefinedSizeItems(sceneOrientationType::landscape);
     ASSERT_EQ(landscape.size(), tessaro::caseCount<deviceName>);
     EXPECT_EQ(landscape[0].device, deviceName::none);
     EXPECT_EQ(landscape[0].title, "Select...");
@@ -21,7 +21,7 @@ TEST(PredefinedSizesTest, ItemsNameEveryDeviceAtItsSizeInTheOrientation)
     EXPECT_EQ(landscape[1].title, "Default Device {w: 874, h: 402 }");
     EXPECT_EQ(landscape[2].title, "iPhone 15 {w: 852, h: 393 }");
 
-    const std::vector<predefinedSizeItem> portrait = predefinedSizeItems(sceneOrientationType::portrait);
+    const std::vector<PredefinedSizeItem> portrait = predefinedSizeItems(sceneOrientationType::portrait);
     EXPECT_EQ(portrait[2].title, "iPhone 15 {w: 393, h: 852 }");
     EXPECT_EQ(predefinedSceneSize(deviceName::iPhone15, sceneOrientationType::portrait),
               (tessaro::SizeValue{393, 852}));
@@ -30,7 +30,7 @@ TEST(PredefinedSizesTest, ItemsNameEveryDeviceAtItsSizeInTheOrientation)
 TEST_F(SceneSizeTest, EachChangeIsAStepStoredAtWriteBack)
 {
     show({everyKind()});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     QUndoStack& history = tab.undoStack();
     const tessaro::LevelSettings before = saved().settings;
 

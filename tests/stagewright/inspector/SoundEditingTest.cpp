@@ -54,25 +54,25 @@ TEST(SoundList, NewSoundsAndFieldEdits)
     EXPECT_FALSE(removeSound(sounds, 2));
     EXPECT_EQ(sounds.front().filename, "b");
 
-    EXPECT_TRUE(setSoundField(sounds, 1, soundField::type, std::string("attack")));
-    EXPECT_TRUE(setSoundField(sounds, 1, soundField::volume, 0.2));
-    EXPECT_TRUE(setSoundField(sounds, 1, soundField::waitForCompletion, false));
+    EXPECT_TRUE(setSoundField(sounds, 1, SoundField::type, std::string("attack")));
+    EXPECT_TRUE(setSoundField(sounds, 1, SoundField::volume, 0.2));
+    EXPECT_TRUE(setSoundField(sounds, 1, SoundField::waitForCompletion, false));
     EXPECT_EQ(sounds[1].type, "attack");
     EXPECT_EQ(sounds[1].volume, 0.2);
     EXPECT_EQ(sounds[1].waitForCompletion, false);
     // A value of the wrong kind, or a row that is not there, changes nothing.
     const std::vector<GameSound> before = sounds;
-    EXPECT_FALSE(setSoundField(sounds, 1, soundField::volume, std::string("loud")));
-    EXPECT_FALSE(setSoundField(sounds, 5, soundField::filename, std::string("x")));
+    EXPECT_FALSE(setSoundField(sounds, 1, SoundField::volume, std::string("loud")));
+    EXPECT_FALSE(setSoundField(sounds, 5, SoundField::filename, std::string("x")));
     EXPECT_EQ(sounds, before);
 
     GameSound bare;
     EXPECT_EQ(shownVolume(bare), 1.0);
     EXPECT_TRUE(shownWaitForCompletion(bare));
 
-    fileItem jump;
+    FileItem jump;
     jump.name = QStringLiteral("jump");
-    fileItem jumpMp3 = jump;
+    FileItem jumpMp3 = jump;
     jumpMp3.type = QStringLiteral("mp3");
     EXPECT_EQ(soundFilenameChoices({jump, jumpMp3}, QStringLiteral("[NEW]")), (QStringList{"[NEW]", "jump"}));
     EXPECT_EQ(soundFilenameChoices({jump}, QStringLiteral("jump")), QStringList{"jump"});
@@ -83,20 +83,20 @@ TEST(SoundList, NewSoundsAndFieldEdits)
 TEST(SoundList, ReceiversOfTheLevel)
 {
     tessaro::Level level;
-    EXPECT_EQ(levelSounds(level, soundPropertyType::coin), nullptr);
+    EXPECT_EQ(levelSounds(level, SoundPropertyType::coin), nullptr);
     level.coins.emplace();
     level.phaseEnd.emplace();
-    ASSERT_NE(levelSounds(level, soundPropertyType::coin), nullptr);
-    EXPECT_EQ(levelSounds(level, soundPropertyType::coin), &level.coins->soundEffects);
-    EXPECT_EQ(levelSounds(level, soundPropertyType::phaseEnd), &level.phaseEnd->soundEffects);
-    EXPECT_EQ(levelSounds(level, soundPropertyType::levelEnd), nullptr);
-    EXPECT_EQ(levelSounds(level, soundPropertyType::object), nullptr);
+    ASSERT_NE(levelSounds(level, SoundPropertyType::coin), nullptr);
+    EXPECT_EQ(levelSounds(level, SoundPropertyType::coin), &level.coins->soundEffects);
+    EXPECT_EQ(levelSounds(level, SoundPropertyType::phaseEnd), &level.phaseEnd->soundEffects);
+    EXPECT_EQ(levelSounds(level, SoundPropertyType::levelEnd), nullptr);
+    EXPECT_EQ(levelSounds(level, SoundPropertyType::object), nullptr);
 
-    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::obstacles), soundPropertyType::object);
-    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::character), soundPropertyType::object);
-    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::coin), soundPropertyType::coin);
-    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::checkpoint), soundPropertyType::checkpoint);
-    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::background), soundPropertyType::background);
+    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::obstacles), SoundPropertyType::object);
+    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::character), SoundPropertyType::object);
+    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::coin), SoundPropertyType::coin);
+    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::checkpoint), SoundPropertyType::checkpoint);
+    EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::background), SoundPropertyType::background);
 }
 
 using SoundEditing = EditingFixture;
@@ -104,10 +104,10 @@ using SoundEditing = EditingFixture;
 TEST_F(SoundEditing, ObstacleSoundsAreStepsOfTheHistory)
 {
     show({everyKind()});
-    const elementNodePtr crate = select(sceneObjectType::obstacles);
+    const ElementNodePtr crate = select(sceneObjectType::obstacles);
     ASSERT_TRUE(crate);
     QUndoStack& history = front().undoStack();
-    SoundEditRouting sounds(front(), soundPropertyType::object);
+    SoundEditRouting sounds(front(), SoundPropertyType::object);
     ASSERT_TRUE(sounds.canWrite());
 
     ASSERT_TRUE(sounds.add());
@@ -117,10 +117,10 @@ TEST_F(SoundEditing, ObstacleSoundsAreStepsOfTheHistory)
     EXPECT_EQ(front().selectedObject().soundEffects, *crate->soundEffects);
     EXPECT_TRUE(front().isProjectDirty());
 
-    ASSERT_TRUE(sounds.change(0, soundField::filename, std::string("jump")));
+    ASSERT_TRUE(sounds.change(0, SoundField::filename, std::string("jump")));
     // A held volume stepper is one step.
     for (double volume : {0.6, 0.7, 0.8})
-        sounds.change(0, soundField::volume, volume);
+        sounds.change(0, SoundField::volume, volume);
     EXPECT_EQ(history.count(), 3);
     EXPECT_EQ(selected()->soundEffects->front().volume, 0.8);
 
@@ -156,13 +156,13 @@ TEST_F(SoundEditing, CoinSoundsGoToTheLevelsCoinsRecord)
     const GameSound ding = sound("ding", 0.3);
     level.coins->soundEffects = std::vector<GameSound>{ding};
     show({level});
-    const elementNodePtr coin = select(sceneObjectType::coin);
+    const ElementNodePtr coin = select(sceneObjectType::coin);
     ASSERT_TRUE(coin);
     const auto coinOwn = coin->soundEffects;
     SoundEditRouting sounds(front(), soundPropertyTypeOf(sceneObjectType::coin));
     EXPECT_EQ(sounds.sounds(), std::vector<GameSound>{ding});
 
-    ASSERT_TRUE(sounds.change(0, soundField::fileExtension, std::string("mp3")));
+    ASSERT_TRUE(sounds.change(0, SoundField::fileExtension, std::string("mp3")));
     ASSERT_TRUE(sounds.add());
     const tessaro::Level* shown = front().findLevel(front().levelSelected());
     ASSERT_EQ(shown->coins->soundEffects->size(), 2u);
@@ -191,18 +191,18 @@ TEST_F(SoundEditing, ReceiversThatTakeNothingKeepTheirSounds)
     const tessaro::Level before = saved();
 
     // A coin's own list is not stored; nor is a record the level lacks.
-    for (soundPropertyType type : {soundPropertyType::object, soundPropertyType::levelEnd}) {
+    for (SoundPropertyType type : {SoundPropertyType::object, SoundPropertyType::levelEnd}) {
         SoundEditRouting sounds(front(), type);
         EXPECT_FALSE(sounds.canWrite());
         EXPECT_FALSE(sounds.add());
-        EXPECT_FALSE(sounds.change(0, soundField::volume, 1.0));
+        EXPECT_FALSE(sounds.change(0, SoundField::volume, 1.0));
     }
     EXPECT_EQ(front().undoStack().count(), 0);
     EXPECT_EQ(comparable(saved()), comparable(before));
 
     // Choosing the value a sound has already is no step.
-    SoundEditRouting coins(front(), soundPropertyType::coin);
-    coins.change(0, soundField::volume, 0.3);
+    SoundEditRouting coins(front(), SoundPropertyType::coin);
+    coins.change(0, SoundField::volume, 0.3);
     EXPECT_EQ(front().undoStack().count(), 0);
 }
 
@@ -237,14 +237,14 @@ TEST_F(SoundEditing, ObjectEditorShowsTheSelectionAndUndoes)
     tessaro::Level* level = front().findLevel(front().levelSelected());
     level->coins->soundEffects = std::vector<GameSound>{sound("ding", 0.3), sound("dong", 1)};
     select(sceneObjectType::coin);
-    EXPECT_EQ(editor.type(), soundPropertyType::coin);
+    EXPECT_EQ(editor.type(), SoundPropertyType::coin);
     EXPECT_EQ(list.rowCount(), 2u);
     EXPECT_EQ(list.row(1)->findChild<QComboBox*>(QStringLiteral("filename"))->currentText(), QStringLiteral("dong"));
 }
 
 TEST_F(SoundEditing, LevelEditorReportsEachChangeOfItsList)
 {
-    GameSoundStageWrightView editor(*settings, soundPropertyType::shield);
+    GameSoundStageWrightView editor(*settings, SoundPropertyType::shield);
     editor.show();
     QSignalSpy changed(&editor, &GameSoundStageWrightView::soundsChanged);
     editor.setSounds({sound("ding", 0.3)});

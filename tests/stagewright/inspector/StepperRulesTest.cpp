@@ -15,10 +15,10 @@ using tessaro::SizeValue;
 TEST(StepperRules, FloatButtonsJudgeTheRoundedValueAndNeverClamp)
 {
     const RangeValue unit{0, 1};
-    EXPECT_EQ(floatButtons(0, unit, 1), (buttonsEnabled{false, true}));
+    EXPECT_EQ(floatButtons(0, unit, 1), (ButtonsEnabled{false, true}));
     // 0.99 shows as 1.0 at one place: the upper end is reached.
-    EXPECT_EQ(floatButtons(0.99, unit, 1), (buttonsEnabled{true, false}));
-    EXPECT_EQ(floatButtons(0.99, unit, 2), (buttonsEnabled{true, true}));
+    EXPECT_EQ(floatButtons(0.99, unit, 1), (ButtonsEnabled{true, false}));
+    EXPECT_EQ(floatButtons(0.99, unit, 2), (ButtonsEnabled{true, true}));
     EXPECT_EQ(placesOf(std::nullopt), 1);
 
     // Plus acts below the end and may step past it; past it, it no longer acts.
@@ -33,8 +33,8 @@ TEST(StepperRules, FloatButtonsJudgeTheRoundedValueAndNeverClamp)
     EXPECT_EQ(acceptedFloat(1.5, 0.4, unit), 0.4);
     EXPECT_EQ(acceptedFloat(1, 0.4, unit), 1);
 
-    EXPECT_EQ(intButtons(0, 0, 10), (buttonsEnabled{false, true}));
-    EXPECT_EQ(intButtons(10, 0, 10), (buttonsEnabled{true, false}));
+    EXPECT_EQ(intButtons(0, 0, 10), (ButtonsEnabled{false, true}));
+    EXPECT_EQ(intButtons(10, 0, 10), (ButtonsEnabled{true, false}));
     EXPECT_EQ(intPlus(9, 10, 5), 14);
     EXPECT_EQ(intPlus(14, 10, 5), 14);
 }
@@ -43,19 +43,19 @@ TEST(StepperRules, RangeButtonsFollowTheirTable)
 {
     const RangeValue limits{0, 10};
     // Equal bounds: neither may pass the other.
-    EXPECT_EQ(rangeButtons({3, 3}, limits), (rangeButtonsEnabled{true, false, false, true}));
-    EXPECT_EQ(pressRange({3, 3}, limits, rangeButton::lowerPlus), (RangeValue{3, 3}));
-    EXPECT_EQ(pressRange({3, 3}, limits, rangeButton::upperMinus), (RangeValue{3, 3}));
+    EXPECT_EQ(rangeButtons({3, 3}, limits), (RangeButtonsEnabled{true, false, false, true}));
+    EXPECT_EQ(pressRange({3, 3}, limits, RangeButton::lowerPlus), (RangeValue{3, 3}));
+    EXPECT_EQ(pressRange({3, 3}, limits, RangeButton::upperMinus), (RangeValue{3, 3}));
     // The upper bound at the end of the range stops the lower plus as well.
-    EXPECT_EQ(rangeButtons({2, 10}, limits), (rangeButtonsEnabled{true, false, true, false}));
-    EXPECT_EQ(rangeButtons({0, 5}, limits), (rangeButtonsEnabled{false, true, true, true}));
-    EXPECT_EQ(pressRange({0, 5}, limits, rangeButton::lowerMinus), (RangeValue{0, 5}));
-    EXPECT_EQ(pressRange({2, 5}, limits, rangeButton::lowerPlus), (RangeValue{3, 5}));
-    EXPECT_EQ(pressRange({2, 5}, limits, rangeButton::upperPlus), (RangeValue{2, 6}));
+    EXPECT_EQ(rangeButtons({2, 10}, limits), (RangeButtonsEnabled{true, false, true, false}));
+    EXPECT_EQ(rangeButtons({0, 5}, limits), (RangeButtonsEnabled{false, true, true, true}));
+    EXPECT_EQ(pressRange({0, 5}, limits, RangeButton::lowerMinus), (RangeValue{0, 5}));
+    EXPECT_EQ(pressRange({2, 5}, limits, RangeButton::lowerPlus), (RangeValue{3, 5}));
+    EXPECT_EQ(pressRange({2, 5}, limits, RangeButton::upperPlus), (RangeValue{2, 6}));
     EXPECT_EQ(escapeUpper({2, 9}), (RangeValue{2, 2}));
 
-    EXPECT_EQ(coordinateButtons(-100, {-100, 100}), (buttonsEnabled{false, true}));
-    EXPECT_EQ(coordinateButtons(100, {-100, 100}), (buttonsEnabled{true, false}));
+    EXPECT_EQ(coordinateButtons(-100, {-100, 100}), (ButtonsEnabled{false, true}));
+    EXPECT_EQ(coordinateButtons(100, {-100, 100}), (ButtonsEnabled{true, false}));
 }
 
 TEST(StepperRules, AspectRatioNeverZeroAndFollowsTheEditedSide)
@@ -70,16 +70,16 @@ TEST(StepperRules, AspectRatioNeverZeroAndFollowsTheEditedSide)
 
 TEST(StepperRules, PointRangeTextReadsBackToTheSameBounds)
 {
-    const pointRange read = pointRangeFromText("{<0.0...40.0>,<-5.0...5.0>}");
-    EXPECT_EQ(read, (pointRange{{0, 40}, {-5, 5}}));
+    const PointRange read = pointRangeFromText("{<0.0...40.0>,<-5.0...5.0>}");
+    EXPECT_EQ(read, (PointRange{{0, 40}, {-5, 5}}));
     EXPECT_EQ(pointRangeText(read), "{<0.0...40.0>,<-5.0...5.0>}");
     // Blanks and brackets go; without a second piece y stays 0...0.
-    EXPECT_EQ(pointRangeFromText(" { <1 ... 2> } "), (pointRange{{1, 2}, {0, 0}}));
-    EXPECT_EQ(pointRangeFromText(""), pointRange{});
-    EXPECT_EQ(pointRangeFromText(",,"), pointRange{});
+    EXPECT_EQ(pointRangeFromText(" { <1 ... 2> } "), (PointRange{{1, 2}, {0, 0}}));
+    EXPECT_EQ(pointRangeFromText(""), PointRange{});
+    EXPECT_EQ(pointRangeFromText(",,"), PointRange{});
     EXPECT_EQ(pointRangeText({}), "{<0.0...0.0>,<0.0...0.0>}");
 
-    for (const pointRange& bounds : {pointRange{{0.1, 0.3}, {-7.25, 1e-7}}, pointRange{{-1e6, 123456789.5}, {2, 2}}}) {
+    for (const PointRange& bounds : {PointRange{{0.1, 0.3}, {-7.25, 1e-7}}, PointRange{{-1e6, 123456789.5}, {2, 2}}}) {
         const std::string text = pointRangeText(bounds);
         EXPECT_EQ(pointRangeFromText(text), bounds) << text;
         // The game reads the same text: the x piece is a plain range text.
@@ -121,13 +121,13 @@ TEST(MultipleChoice, ClicksAppendOrRemoveEveryOccurrence)
 
 TEST(ImagePickerGrid, KeepsOneKindAndFitsColumnsOfSixty)
 {
-    fileItem coin;
+    FileItem coin;
     coin.name = QStringLiteral("coin");
     coin.sceneObjectType = tessaro::sceneObjectType::coin;
-    fileItem crate = coin;
+    FileItem crate = coin;
     crate.name = QStringLiteral("crate");
     crate.sceneObjectType = tessaro::sceneObjectType::obstacles;
-    const std::vector<fileItem> kept = imagesOfKind({coin, crate, coin}, tessaro::sceneObjectType::coin);
+    const std::vector<FileItem> kept = imagesOfKind({coin, crate, coin}, tessaro::sceneObjectType::coin);
     ASSERT_EQ(kept.size(), 2u);
     EXPECT_EQ(kept[0].name, QStringLiteral("coin"));
     EXPECT_EQ(gridColumns(316), 5);

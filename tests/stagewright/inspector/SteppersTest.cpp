@@ -123,7 +123,7 @@ TEST(Steppers, HeldButtonSendsOneChangePerRepeatAndStopsAtTheEnd)
 
 TEST(Steppers, RangeStepperEscapeAndButtons)
 {
-    LabelledRangeStepper stepper(QString(), QString(), {0, std::numeric_limits<double>::max()}, stepperPrecision::Int);
+    LabelledRangeStepper stepper(QString(), QString(), {0, std::numeric_limits<double>::max()}, StepperPrecision::Int);
     show(stepper);
     QSignalSpy lowerChanged(&stepper, &LabelledRangeStepper::lowerChanged);
     QSignalSpy upperChanged(&stepper, &LabelledRangeStepper::upperChanged);
@@ -211,7 +211,7 @@ TEST(Steppers, ValuesFromTheModelReportNothing)
 {
     LabelledCGFloatStepper floats(QString(), QString(), {0, 10}, 1);
     LabelledIntStepper ints(QString(), QString(), 0, 10, 1);
-    LabelledRangeStepper range(QString(), QString(), {0, 10}, stepperPrecision::CGFloat);
+    LabelledRangeStepper range(QString(), QString(), {0, 10}, StepperPrecision::CGFloat);
     LabelledVectorStepper vector{QString(), QString()};
     LabelledSizeStepper size(QString(), QString(), true, false);
     LabelledPointStepper point(QString(), QString(), 5, {-10, 10}, true);

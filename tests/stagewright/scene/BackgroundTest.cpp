@@ -36,7 +36,7 @@ struct BackgroundTest : ::testing::Test {
         level.background.emplace().backgrounds = std::move(images);
         return level;
     }
-    static std::vector<double> copiesOf(const sceneEditor& scene, const tessaro::Uuid& id)
+    static std::vector<double> copiesOf(const SceneEditor& scene, const tessaro::Uuid& id)
     {
         std::vector<double> xs;
         for (const auto& node : elements(scene.pinnedBackgroundNodes()))
@@ -79,7 +79,7 @@ TEST_F(BackgroundTest, UnpinnedImagesFillTheViewAndStayPut)
     EXPECT_EQ(nodes[1]->backgroundAssociatedId, list[2].id);
 
     // Scrolling leaves the unpinned layer where it is.
-    loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{500, 20});
+    loaded.scene->moveScene(PublishedElementList::scenePosition, tessaro::PointValue{500, 20});
     EXPECT_EQ(loaded.scene->backgroundNodes()->position(), QPointF(0, 0));
     EXPECT_EQ(loaded.scene->pinnedBackgroundNodes()->position(), QPointF(-500, -20));
 

@@ -25,11 +25,11 @@ struct RecordingRoute : CanvasEditRoute {
     };
     std::vector<Move> moves;
     std::vector<std::pair<QString, tessaro::SizeValue>> sizes;
-    void moveElement(sceneEditor&, elementNode& node, tessaro::PointValue position, bool nudge) override
+    void moveElement(SceneEditor&, ElementNode& node, tessaro::PointValue position, bool nudge) override
     {
         moves.push_back({node.name(), position, nudge});
     }
-    void resizeElement(sceneEditor&, elementNode& node, tessaro::SizeValue size) override
+    void resizeElement(SceneEditor&, ElementNode& node, tessaro::SizeValue size) override
     {
         sizes.emplace_back(node.name(), size);
     }
@@ -83,12 +83,12 @@ struct CanvasEditingTest : ::testing::Test {
 TEST_F(CanvasEditingTest, TakenOutElementsComeBackWhole)
 {
     LoadedLevel loaded(level());
-    sceneEditor& scene = *loaded.scene;
+    SceneEditor& scene = *loaded.scene;
     const auto obstacles = [&] { return elements(scene.obstacleNodes()); };
     ASSERT_EQ(obstacles().size(), 4u); // first, row and its two copies
-    const elementNodePtr row = obstacles()[1];
+    const ElementNodePtr row = obstacles()[1];
     const ElementRecords before = row->records();
-    const elementHandle handle = row->handle;
+    const ElementHandle handle = row->handle;
     ASSERT_NE(handle, 0u);
 
     scene.selectNode(row);
@@ -97,10 +97,10 @@ TEST_F(CanvasEditingTest, TakenOutElementsComeBackWhole)
     EXPECT_EQ(removed->handle, handle);
     EXPECT_EQ(removed->layerIndex, 1u);
     EXPECT_EQ(obstacles().size(), 1u); // the copies went with their obstacle
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::NotSelected);
     EXPECT_FALSE(scene.deleteSelectedNode());
 
-    const elementNodePtr back = scene.placeElement(removed->records, removed->layerIndex, handle);
+    const ElementNodePtr back = scene.placeElement(removed->records, removed->layerIndex, handle);
     ASSERT_TRUE(back);
     EXPECT_EQ(obstacles().size(), 4u);
     EXPECT_EQ(obstacles()[1], back);
@@ -115,12 +115,12 @@ TEST_F(CanvasEditingTest, TakenOutElementsComeBackWhole)
 TEST_F(CanvasEditingTest, PasteLandsBesideTheCopyAndKeepsEveryRecord)
 {
     LoadedLevel loaded(level());
-    sceneEditor& scene = *loaded.scene;
-    const elementNodePtr first = elements(scene.obstacleNodes()).front();
+    SceneEditor& scene = *loaded.scene;
+    const ElementNodePtr first = elements(scene.obstacleNodes()).front();
     const ElementRecords copy = first->records();
 
     // At the source's own x the copy moves 100 to the right; y is 0.
-    const elementNodePtr pasted = scene.pasteNode(copy, std::nullopt, 77);
+    const ElementNodePtr pasted = scene.pasteNode(copy, std::nullopt, 77);
     ASSERT_TRUE(pasted);
     EXPECT_EQ(pasted->handle, 77u);
     EXPECT_EQ(pasted->position(), QPointF(100, 0));
@@ -131,8 +131,8 @@ TEST_F(CanvasEditingTest, PasteLandsBesideTheCopyAndKeepsEveryRecord)
     EXPECT_EQ(elements(scene.obstacleNodes()).back(), pasted);
 
     // Elsewhere it lands at the paste location plus the scroll offset.
-    scene.moveScene(publishedElementList::scenePosition, tessaro::PointValue{500, 0});
-    const elementNodePtr scrolled = scene.pasteNode(copy, tessaro::PointValue{10, 60}, 78);
+    scene.moveScene(PublishedElementList::scenePosition, tessaro::PointValue{500, 0});
+    const ElementNodePtr scrolled = scene.pasteNode(copy, tessaro::PointValue{10, 60}, 78);
     EXPECT_EQ(scrolled->position(), QPointF(510, 60));
 
     // A background is not an element of a layer and is not pasted.
@@ -149,8 +149,8 @@ TEST_F(CanvasEditingTest, PasteLandsBesideTheCopyAndKeepsEveryRecord)
 TEST_F(CanvasEditingTest, DragsAndNudgesGoToTheRoute)
 {
     LoadedLevel loaded(level(), {874, 402}, routed());
-    sceneEditor& scene = *loaded.scene;
-    const elementNodePtr first = elements(scene.obstacleNodes()).front();
+    SceneEditor& scene = *loaded.scene;
+    const ElementNodePtr first = elements(scene.obstacleNodes()).front();
 
     // A press and a move of 3 pixels is a click: the element stays, nothing is stored.
     scene.dispatchMouseEvent(Kind::Down, pointer({0, 0}, {100, 100}));
@@ -158,7 +158,7 @@ TEST_F(CanvasEditingTest, DragsAndNudgesGoToTheRoute)
     scene.dispatchMouseEvent(Kind::Up, pointer({3, 0}, {103, 100}));
     EXPECT_EQ(first->position(), QPointF(0, 0));
     EXPECT_TRUE(route->moves.empty());
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::Selected);
 
     // Past the threshold it follows the pointer; Shift keeps the larger axis.
     const struct {
@@ -210,10 +210,10 @@ TEST_F(CanvasEditingTest, DragsAndNudgesGoToTheRoute)
 TEST_F(CanvasEditingTest, SizeHandleResizesKeepingTheRatio)
 {
     LoadedLevel loaded(level());
-    sceneEditor& scene = *loaded.scene;
-    const elementNodePtr first = elements(scene.obstacleNodes()).front();
+    SceneEditor& scene = *loaded.scene;
+    const ElementNodePtr first = elements(scene.obstacleNodes()).front();
     first->setSize(QSizeF(100, 50));
-    auto handle = std::dynamic_pointer_cast<shapeNode>(first->childNodeWithName("nodeSizer"));
+    auto handle = std::dynamic_pointer_cast<SizerNode>(first->childNodeWithName("nodeSizer"));
     ASSERT_TRUE(handle);
     handle->setPosition(0, 25);
     scene.selectNode(first);
@@ -248,23 +248,23 @@ TEST_F(CanvasEditingTest, SizeHandleResizesKeepingTheRatio)
 TEST_F(CanvasEditingTest, HandlesFollowElementsFromLoadToLoad)
 {
     LoadedLevel loaded(level());
-    const auto handles = [&](const sceneEditor& scene) {
-        std::vector<elementHandle> all;
+    const auto handles = [&](const SceneEditor& scene) {
+        std::vector<ElementHandle> all;
         for (sceneObjectType kind : {sceneObjectType::obstacles, sceneObjectType::coin})
-            for (const elementNodePtr& node : scene.storedOrder(kind))
+            for (const ElementNodePtr& node : scene.storedOrder(kind))
                 all.push_back(node->handle);
         return all;
     };
-    const std::vector<elementHandle> first = handles(*loaded.scene);
+    const std::vector<ElementHandle> first = handles(*loaded.scene);
     ASSERT_EQ(first.size(), 3u);
-    EXPECT_EQ(std::set<elementHandle>(first.begin(), first.end()).size(), 3u);
-    for (const elementNodePtr& node : elements(loaded.scene->obstacleNodes()))
+    EXPECT_EQ(std::set<ElementHandle>(first.begin(), first.end()).size(), 3u);
+    for (const ElementNodePtr& node : elements(loaded.scene->obstacleNodes()))
         EXPECT_EQ(node->handle == 0, node->repeatedNode);
 
     // The level is left and loaded again into a new scene: new names, the same handles.
     const QString name = elements(loaded.scene->obstacleNodes()).front()->name();
     loaded.scene->writeBack(loaded.id);
-    auto again = sceneEditor::create(&loaded.tab, SceneSetup{});
+    auto again = SceneEditor::create(&loaded.tab, SceneSetup{});
     again->loadLevel(loaded.id);
     EXPECT_EQ(handles(*again), first);
     EXPECT_NE(elements(again->obstacleNodes()).front()->name(), name);
@@ -273,9 +273,9 @@ TEST_F(CanvasEditingTest, HandlesFollowElementsFromLoadToLoad)
     again->selectNode(again->elementWithHandle(first[0]));
     again->deleteSelectedNode();
     again->writeBack(loaded.id);
-    auto third = sceneEditor::create(&loaded.tab, SceneSetup{});
+    auto third = SceneEditor::create(&loaded.tab, SceneSetup{});
     third->loadLevel(loaded.id);
-    EXPECT_EQ(handles(*third), (std::vector<elementHandle>{first[1], first[2]}));
+    EXPECT_EQ(handles(*third), (std::vector<ElementHandle>{first[1], first[2]}));
     again->clearScene(false);
     third->clearScene(false);
 }

@@ -13,7 +13,7 @@ namespace {
 TEST(SceneConstruction, LayersAndOverlaysOfANewScene)
 {
     SceneWorkspace workspace;
-    auto scene = sceneEditor::create(nullptr, SceneSetup{});
+    auto scene = SceneEditor::create(nullptr, SceneSetup{});
 
     const QStringList expected{
         "backgroundNodes", "pinnedBackgroundNodes", "obstacleNodes",    "characterNodes",  "groundNodes",
@@ -122,7 +122,7 @@ TEST(SceneConstruction, UnknownLevelIdsAndTablessScenesDoNothing)
     LoadedLevel loaded(level);
     ASSERT_EQ(elements(loaded.scene->obstacleNodes()).size(), 1u);
 
-    auto other = sceneEditor::create(&loaded.tab, SceneSetup{});
+    auto other = SceneEditor::create(&loaded.tab, SceneSetup{});
     other->loadLevel(tessaro::Uuid::create());
     EXPECT_TRUE(other->obstacleNodes()->children().empty());
 
@@ -130,7 +130,7 @@ TEST(SceneConstruction, UnknownLevelIdsAndTablessScenesDoNothing)
     loaded.scene->writeBack(tessaro::Uuid::create());
     EXPECT_EQ(loaded.level(), before);
 
-    auto alone = sceneEditor::create(nullptr, SceneSetup{});
+    auto alone = SceneEditor::create(nullptr, SceneSetup{});
     alone->loadLevel(loaded.id);
     alone->writeBack(loaded.id);
     EXPECT_TRUE(alone->obstacleNodes()->children().empty());

@@ -198,7 +198,7 @@ TEST_F(ElementTest, MissingAndBrokenPicturesShowThePlaceholder)
 
 TEST_F(ElementTest, PhysicsBodiesFromThePicture)
 {
-    auto empty = elementNode::create(tessaro::kit::Texture::fromImage(QImage()), QSizeF());
+    auto empty = ElementNode::create(tessaro::kit::Texture::fromImage(QImage()), QSizeF());
     empty->property_sceneObjectType = sceneObjectType::artifact;
     empty->artifactOverrides.emplace().image = "gem";
     {
@@ -213,7 +213,7 @@ TEST_F(ElementTest, PhysicsBodiesFromThePicture)
     empty->placeFromDevices();
     EXPECT_EQ(empty->position(), QPointF(5, 6));
 
-    auto ground = elementNode::create(nullptr, QSizeF());
+    auto ground = ElementNode::create(nullptr, QSizeF());
     ground->property_sceneObjectType = sceneObjectType::ground;
     testing_support::DiagnosticCapture capture;
     ground->applyPhysicsBody(1, 2, 4, false, false);
@@ -248,7 +248,7 @@ TEST_F(ElementTest, StackChildrenStandHalfASizeApart)
 
     const auto nodes = elements(loaded.scene->coinNodes());
     ASSERT_EQ(nodes.size(), 3u);
-    const auto stack = [](const elementNodePtr& node) {
+    const auto stack = [](const ElementNodePtr& node) {
         std::vector<QPointF> points;
         for (const auto& child : node->nodesWithName("stack_*"))
             points.push_back(child->position());
@@ -283,7 +283,7 @@ TEST_F(ElementTest, GlowSnapMarkerAndDistanceGuide)
     const auto obstacles = elements(loaded.scene->obstacleNodes());
     const auto character = elements(loaded.scene->characterNodes()).front();
 
-    const auto spanEnd = [](const elementNodePtr& node) {
+    const auto spanEnd = [](const ElementNodePtr& node) {
         EXPECT_TRUE(node->distanceGuideNode);
         if (!node->distanceGuideNode)
             return 0.0;
@@ -299,7 +299,7 @@ TEST_F(ElementTest, GlowSnapMarkerAndDistanceGuide)
     EXPECT_EQ(spanEnd(character), -200);
     obstacles[0]->refreshDistanceGuide();
     EXPECT_EQ(std::count_if(obstacles[0]->children().begin(), obstacles[0]->children().end(),
-                            [](const auto& child) { return dynamic_cast<const distanceNode*>(child.get()); }),
+                            [](const auto& child) { return dynamic_cast<const DistanceGuideNode*>(child.get()); }),
               1);
 
     // One glow at a time, on a red blurred copy of the picture.

@@ -170,7 +170,7 @@ TEST_F(GroundTest, RebuildLaysTheNewOrderAndReselects)
     LoadedLevel loaded(withGround({tileSection("grass", "{200,50}"), tileSection("dirt", "{100,30}")}));
     auto grounds = elements(loaded.scene->groundNodes());
     grounds[1]->selectFromList();
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(loaded.tab.selectedObject().name, grounds[1]->name().toStdString());
 
     // Swap the order through the sequence ids, as the ground order pane does.

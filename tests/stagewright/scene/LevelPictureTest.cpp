@@ -30,7 +30,7 @@ TEST(LevelPicture, DrawsEveryViewFromTheLeftEndToOneViewPastTheGround)
     item.properties.emplace().devices = at("{1000,100}");
     level.obstacles = std::vector<tessaro::ObstacleLevelItem>{item};
     LoadedLevel loaded(level);
-    loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{250, 0});
+    loaded.scene->moveScene(PublishedElementList::scenePosition, tessaro::PointValue{250, 0});
 
     EXPECT_EQ(wholeLevelRect(*loaded.scene), QRectF(-437, -201, 874 * 2, 402));
     const QImage picture = renderWholeLevel(*loaded.scene);

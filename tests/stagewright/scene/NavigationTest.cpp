@@ -9,16 +9,16 @@
 namespace stagewright::test {
 namespace {
 
-std::shared_ptr<navigationNode> button(const sceneEditor& scene, const char* name)
+std::shared_ptr<NavigationNode> button(const SceneEditor& scene, const char* name)
 {
-    return std::dynamic_pointer_cast<navigationNode>(scene.childNodeWithName(name));
+    return std::dynamic_pointer_cast<NavigationNode>(scene.childNodeWithName(name));
 }
 
 TEST(Navigation, ClicksStepAndRecordTheScrollPosition)
 {
     SceneWorkspace workspace;
     LoadedLevel loaded(emptyLevel());
-    sceneEditor& scene = *loaded.scene;
+    SceneEditor& scene = *loaded.scene;
     const auto left = button(scene, "navLeft");
     ASSERT_TRUE(left);
     EXPECT_EQ(left->size(), QSizeF(50, 50));
@@ -47,9 +47,9 @@ TEST(Navigation, ClicksStepAndRecordTheScrollPosition)
     EXPECT_EQ(scene.positionXCount()->text(), "X: -50.0  Y: 50.0");
 
     // moveScene acts only on the scroll position selector.
-    scene.moveScene(publishedElementList::zPosition, tessaro::PointValue{900, 900});
+    scene.moveScene(PublishedElementList::zPosition, tessaro::PointValue{900, 900});
     EXPECT_EQ(scene.obstacleNodes()->position(), QPointF(50, -50));
-    scene.moveScene(publishedElementList::scenePosition, std::nullopt);
+    scene.moveScene(PublishedElementList::scenePosition, std::nullopt);
     EXPECT_EQ(scene.obstacleNodes()->position(), QPointF(0, 0));
     scene.update(0);
     EXPECT_EQ(scene.positionXCount()->text(), "X: 0.0  Y: 0.0");
@@ -57,11 +57,11 @@ TEST(Navigation, ClicksStepAndRecordTheScrollPosition)
 
 TEST(Navigation, HeldButtonsSpeedUp)
 {
-    EXPECT_EQ(navigationNode::stepFor(0, 50), 50);
-    EXPECT_EQ(navigationNode::stepFor(10, 50), 50);
-    EXPECT_EQ(navigationNode::stepFor(12, 50), 100);
-    EXPECT_EQ(navigationNode::stepFor(22, 50), 500);
-    EXPECT_EQ(navigationNode::stepFor(32, 50), 2500);
+    EXPECT_EQ(NavigationNode::stepFor(0, 50), 50);
+    EXPECT_EQ(NavigationNode::stepFor(10, 50), 50);
+    EXPECT_EQ(NavigationNode::stepFor(12, 50), 100);
+    EXPECT_EQ(NavigationNode::stepFor(22, 50), 500);
+    EXPECT_EQ(NavigationNode::stepFor(32, 50), 2500);
 
     SceneWorkspace workspace;
     LoadedLevel loaded(emptyLevel());

@@ -200,7 +200,7 @@ TEST_F(PlacementTest, ThePickerAddsAtTheLeftEdgeOfTheView)
     EXPECT_EQ(loaded.scene->levelEndX(), 400);
 
     // ...and other elements at the x the view has scrolled to.
-    loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{300, 0});
+    loaded.scene->moveScene(PublishedElementList::scenePosition, tessaro::PointValue{300, 0});
     const auto crate = loaded.scene->placement().addElement(sceneObjectType::obstacles, "Crate");
     ASSERT_TRUE(crate);
     EXPECT_EQ(crate->position(), QPointF(300, 0));
@@ -249,7 +249,7 @@ TEST_F(PlacementTest, ThePickerKeepsEveryDeviceEntryOfTheCatalogue)
     tessaro::obstacleCatalogue().push_back(withDefault);
     tessaro::obstacleCatalogue().push_back(withoutDefault);
     LoadedLevel loaded(emptyLevel());
-    loaded.scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{300, 0});
+    loaded.scene->moveScene(PublishedElementList::scenePosition, tessaro::PointValue{300, 0});
 
     // The catalogue's default entry takes the placed values; the others stay as they were.
     const auto tall = loaded.scene->placement().addElement(sceneObjectType::obstacles, "Tall");

@@ -154,9 +154,9 @@ TEST_F(RoundTripTest, TheApplicationSavesAnUnchangedProjectAsItWasRead)
     ASSERT_TRUE(tessaro::saveLevels(original, input.toStdString()));
 
     settings->openProject(input);
-    const std::shared_ptr<projectTab> tab = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> tab = settings->selectedProjectTab();
     ASSERT_EQ(tab->levelConfig().size(), 3u);
-    sceneEditorPtr scene = sceneEditorOf(tab->currentScene());
+    SceneEditorPtr scene = sceneEditorOf(tab->currentScene());
     ASSERT_TRUE(scene);
     // The first level stands on the canvas, every obstacle on its node.
     std::size_t firstObstacles = 0;
@@ -168,7 +168,7 @@ TEST_F(RoundTripTest, TheApplicationSavesAnUnchangedProjectAsItWasRead)
 
     for (std::size_t i = 1; i < tab->levelConfig().size(); ++i) {
         tab->switchLevel(*tab->levelConfig()[i].id);
-        const sceneEditorPtr next = sceneEditorOf(tab->currentScene());
+        const SceneEditorPtr next = sceneEditorOf(tab->currentScene());
         ASSERT_TRUE(next);
         EXPECT_NE(next, scene);
         EXPECT_EQ(elements(next->characterNodes()).size(), original[i].characters->size());
@@ -194,8 +194,8 @@ TEST_F(RoundTripTest, LevelChangesBuildAFreshSceneAndTheTabTakesItsSettings)
     const QString input = workspace.path() + "Levels/two.plist";
     ASSERT_TRUE(tessaro::saveLevels(levels, input.toStdString()));
     settings->openProject(input);
-    const std::shared_ptr<projectTab> tab = settings->selectedProjectTab();
-    const sceneEditorPtr first = sceneEditorOf(tab->currentScene());
+    const std::shared_ptr<ProjectTab> tab = settings->selectedProjectTab();
+    const SceneEditorPtr first = sceneEditorOf(tab->currentScene());
 
     // An edit on the canvas reaches the level when the tab leaves it.
     std::size_t item = 0;
@@ -212,7 +212,7 @@ TEST_F(RoundTripTest, LevelChangesBuildAFreshSceneAndTheTabTakesItsSettings)
     EXPECT_EQ((*tab->levelConfig()[0].obstacles)[item].zPosition, 77);
     EXPECT_EQ(first->obstacleNodes(), nullptr);
 
-    const sceneEditorPtr second = sceneEditorOf(tab->currentScene());
+    const SceneEditorPtr second = sceneEditorOf(tab->currentScene());
     EXPECT_EQ(tab->selectedSceneSize(), (tessaro::SizeValue{1000, 500}));
     EXPECT_EQ(tab->selectedScaleMode(), sceneScaleMode::aspectFit);
     EXPECT_EQ(second->Scene::size(), QSizeF(1000, 500));

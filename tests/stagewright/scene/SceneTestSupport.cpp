@@ -150,7 +150,7 @@ LoadedLevel::LoadedLevel(tessaro::Level level, tessaro::SizeValue sceneSize, Can
     tab.setLevelSelected(id);
     SceneSetup setup;
     setup.size = sceneSize;
-    scene = sceneEditor::create(&tab, setup, std::move(hooks));
+    scene = SceneEditor::create(&tab, setup, std::move(hooks));
     scene->loadLevel(id);
 }
 
@@ -165,9 +165,9 @@ const tessaro::Level& LoadedLevel::saved()
     return level();
 }
 
-std::vector<elementNodePtr> elements(const tessaro::kit::NodePtr& layer)
+std::vector<ElementNodePtr> elements(const tessaro::kit::NodePtr& layer)
 {
-    return sceneEditor::elementsOf(layer);
+    return SceneEditor::elementsOf(layer);
 }
 
 } // namespace stagewright::test

@@ -63,20 +63,20 @@ struct LoadedLevel {
     const tessaro::Level& saved();
     const tessaro::Level& level() const { return tab.levelConfig().front(); }
 
-    projectTab tab;
+    ProjectTab tab;
     tessaro::Uuid id;
-    sceneEditorPtr scene;
+    SceneEditorPtr scene;
 };
 
 /// The element nodes of a layer.
-std::vector<elementNodePtr> elements(const tessaro::kit::NodePtr& layer);
+std::vector<ElementNodePtr> elements(const tessaro::kit::NodePtr& layer);
 
 /// x and y of a node's position.
-inline double xOf(const elementNodePtr& node)
+inline double xOf(const ElementNodePtr& node)
 {
     return node->position().x();
 }
-inline double yOf(const elementNodePtr& node)
+inline double yOf(const ElementNodePtr& node)
 {
     return node->position().y();
 }

@@ -63,23 +63,23 @@ struct SelectionTest : ::testing::Test {
         level.coins.emplace().coins = std::vector<tessaro::Coin>{coins};
         return level;
     }
-    static void click(sceneEditor& scene, QPointF at)
+    static void click(SceneEditor& scene, QPointF at)
     {
         tessaro::kit::MouseEvent event;
         event.sceneLocation = at;
         scene.dispatchMouseEvent(tessaro::kit::Scene::MouseKind::Down, event);
         scene.dispatchMouseEvent(tessaro::kit::Scene::MouseKind::Up, event);
     }
-    static elementNodePtr named(const sceneEditor& scene, const std::string& name)
+    static ElementNodePtr named(const SceneEditor& scene, const std::string& name)
     {
-        for (const elementNodePtr& node : elements(scene.obstacleNodes()))
+        for (const ElementNodePtr& node : elements(scene.obstacleNodes()))
             if (node->property_objectName == name)
                 return node;
         return nullptr;
     }
     static std::string selectedName(const LoadedLevel& loaded)
     {
-        const elementNodePtr node = loaded.scene->selectedNode();
+        const ElementNodePtr node = loaded.scene->selectedNode();
         return node ? node->property_objectName.value_or("") : std::string("(none)");
     }
 };
@@ -87,7 +87,7 @@ struct SelectionTest : ::testing::Test {
 TEST_F(SelectionTest, ClicksSelectOneElementOrNone)
 {
     LoadedLevel loaded(level(), {874, 402}, presenting());
-    sceneEditor& scene = *loaded.scene;
+    SceneEditor& scene = *loaded.scene;
     const struct {
         QPointF at;
         std::string selected;
@@ -101,7 +101,7 @@ TEST_F(SelectionTest, ClicksSelectOneElementOrNone)
     };
     for (const auto& c : clicks) {
         click(scene, c.at);
-        EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::Selected);
+        EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::Selected);
         EXPECT_EQ(loaded.tab.selectedObject().type, c.kind);
         if (c.kind != sceneObjectType::coin) {
             EXPECT_EQ(selectedName(loaded), c.kind == sceneObjectType::obstacles ? c.selected : "sky");
@@ -117,7 +117,7 @@ TEST_F(SelectionTest, ClicksSelectOneElementOrNone)
     // No element and no background: nothing is selected and the name is gone.
     scene.backgroundNodes()->removeAllChildren();
     click(scene, {300, 180});
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::NotSelected);
     EXPECT_EQ(loaded.tab.selectedObject().name, "");
     EXPECT_FALSE(scene.nodeSelectedName());
     EXPECT_FALSE(named(scene, "a")->hasGlow());
@@ -126,7 +126,7 @@ TEST_F(SelectionTest, ClicksSelectOneElementOrNone)
 TEST_F(SelectionTest, OverlappingElementsAskTheObjectMenu)
 {
     LoadedLevel loaded(level(), {874, 402}, presenting());
-    sceneEditor& scene = *loaded.scene;
+    SceneEditor& scene = *loaded.scene;
 
     pick.reset(); // dismissed
     click(scene, {10, 10});
@@ -142,11 +142,11 @@ TEST_F(SelectionTest, OverlappingElementsAskTheObjectMenu)
     }
     titles.sort();
     EXPECT_EQ(titles, QStringList({"Name: a (obstacles)", "Name: b (obstacles)"}));
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::NotSelected);
 
     pick = 1;
     click(scene, {10, 10});
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(loaded.tab.selectedObject().name, menus.back().items[1].nodeId->toStdString());
     EXPECT_EQ(scene.nodeSelectedName(), menus.back().items[1].nodeId);
 
@@ -154,7 +154,7 @@ TEST_F(SelectionTest, OverlappingElementsAskTheObjectMenu)
     scene.deselect();
     scene.tools().handleMenuItem(
         {QStringLiteral("Name: gone (obstacles)"), QStringLiteral("no-such-node"), sceneObjectType::obstacles});
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::NotSelected);
 }
 
 TEST_F(SelectionTest, GuidesAndKeptElementsAreNotClicked)
@@ -166,7 +166,7 @@ TEST_F(SelectionTest, GuidesAndKeptElementsAreNotClicked)
     vanished.elementName = "Vanished";
     with.obstacles = std::vector<tessaro::ObstacleLevelItem>{guard, crate("lone", "{0,0}"), vanished};
     LoadedLevel loaded(with, {874, 402}, presenting());
-    sceneEditor& scene = *loaded.scene;
+    SceneEditor& scene = *loaded.scene;
     ASSERT_TRUE(named(scene, "guard")->distanceGuideNode);
 
     // The guard's guide crosses "lone": a click selects "lone", no menu.
@@ -176,24 +176,24 @@ TEST_F(SelectionTest, GuidesAndKeptElementsAreNotClicked)
 
     // An element kept only as read is selected neither from a list nor directly.
     scene.deselect();
-    const elementNodePtr kept = elements(scene.obstacleNodes()).back();
+    const ElementNodePtr kept = elements(scene.obstacleNodes()).back();
     ASSERT_TRUE(kept->keptOnly);
     scene.selectNodeNamed(QStringLiteral("obstacles:") + kept->name());
     scene.selectNode(kept);
-    EXPECT_EQ(loaded.tab.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(loaded.tab.elementPhase(), SelectionPhase::NotSelected);
 }
 
 TEST_F(SelectionTest, ListsSelectByNameAndScrollToFarElements)
 {
     LoadedLevel loaded(level(), {874, 402}, presenting());
-    sceneEditor& scene = *loaded.scene;
+    SceneEditor& scene = *loaded.scene;
 
     scene.selectNodeNamed(QStringLiteral("obstacles:") + named(scene, "a")->name());
     EXPECT_EQ(selectedName(loaded), "a");
     EXPECT_TRUE(named(scene, "a")->activelySelected);
     EXPECT_EQ(loaded.tab.scenePosition(), (tessaro::PointValue{0, 0})); // in view: no scroll
 
-    const elementNodePtr far = named(scene, "far");
+    const ElementNodePtr far = named(scene, "far");
     scene.selectNodeNamed(QStringLiteral("obstacles:") + far->name());
     EXPECT_EQ(selectedName(loaded), "far");
     EXPECT_FALSE(named(scene, "a")->activelySelected);
@@ -202,7 +202,7 @@ TEST_F(SelectionTest, ListsSelectByNameAndScrollToFarElements)
     EXPECT_TRUE(far->activelySelected);
 
     // A background by its record's id.
-    const elementNodePtr sky = elements(scene.backgroundNodes()).front();
+    const ElementNodePtr sky = elements(scene.backgroundNodes()).front();
     scene.selectNodeNamed(QStringLiteral("background:") + QString::fromStdString(sky->backgroundAssociatedId->text()));
     EXPECT_EQ(loaded.tab.selectedObject().type, sceneObjectType::background);
 

@@ -21,7 +21,7 @@ struct ClosePromptTest : ShellFixture {
     QStringList questions;
     QString forestPath;
     QByteArray forestBytes;
-    std::shared_ptr<projectTab> untitled, forest;
+    std::shared_ptr<ProjectTab> untitled, forest;
 
     void SetUp() override
     {

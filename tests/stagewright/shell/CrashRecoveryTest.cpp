@@ -72,7 +72,7 @@ TEST(CrashRecovery, KilledEditorsEditsComeBackExactlyAtTheNextStart)
 
     // The recovered tab has unsaved changes on the untouched original; a save
     // writes exactly what the killed editor had.
-    const std::shared_ptr<projectTab> tab = settings.selectedProjectTab();
+    const std::shared_ptr<ProjectTab> tab = settings.selectedProjectTab();
     ASSERT_EQ(settings.projectTabs().size(), 1u);
     EXPECT_TRUE(tab->isProjectDirty());
     EXPECT_EQ(tab->filePath(), original);

@@ -58,11 +58,11 @@ int main(int argc, char** argv)
 
     StageWrightApp editor({project}, makeSceneEditorFactory);
     editor.show();
-    const std::shared_ptr<projectTab> tab = editor.settings().selectedProjectTab();
-    auto* scene = tab ? dynamic_cast<sceneEditor*>(tab->currentScene().get()) : nullptr;
+    const std::shared_ptr<ProjectTab> tab = editor.settings().selectedProjectTab();
+    auto* scene = tab ? dynamic_cast<SceneEditor*>(tab->currentScene().get()) : nullptr;
     if (!scene || tab->filePath() != project)
         return 3;
-    const std::vector<elementNodePtr> obstacles = sceneEditor::elementsOf(scene->obstacleNodes());
+    const std::vector<ElementNodePtr> obstacles = SceneEditor::elementsOf(scene->obstacleNodes());
     if (obstacles.empty())
         return 4;
 
@@ -72,7 +72,7 @@ int main(int argc, char** argv)
     int step = 0;
     const auto move = [&](int count) {
         for (int i = 0; i < count; ++i, ++step) {
-            elementNode& node = *obstacles[std::size_t(step) % obstacles.size()];
+            ElementNode& node = *obstacles[std::size_t(step) % obstacles.size()];
             routing.moveElement(node, {node.position().x() + 7, node.position().y() + 3}, false);
         }
     };

@@ -28,11 +28,11 @@ struct EditMenuTest : ShellFixture {
         // The tabs made from here on edit their levels on the real canvas.
         settings->setSceneFactory(makeSceneEditorFactory(editingHooks(settings.get())));
     }
-    sceneEditor& canvas() const { return *sceneEditorOf(front().currentScene()); }
+    SceneEditor& canvas() const { return *sceneEditorOf(front().currentScene()); }
     /// Undo and Redo name the step they take, so they are found by name.
     QAction* undo() const { return window->findChild<QAction*>(QStringLiteral("undoAction")); }
     QAction* redo() const { return window->findChild<QAction*>(QStringLiteral("redoAction")); }
-    std::size_t obstacles() const { return sceneEditor::elementsOf(canvas().obstacleNodes()).size(); }
+    std::size_t obstacles() const { return SceneEditor::elementsOf(canvas().obstacleNodes()).size(); }
 };
 
 QStringList titlesOf(const QMenu* menu)
@@ -67,9 +67,9 @@ TEST_F(EditMenuTest, CommandsAndKeys)
 TEST_F(EditMenuTest, ClipboardAndHistoryFollowTheFrontTab)
 {
     commands->newLevel();
-    projectTab& first = front();
+    ProjectTab& first = front();
     ASSERT_FALSE(tessaro::obstacleCatalogue().empty());
-    const elementNodePtr added = canvas().placement().addElement(tessaro::sceneObjectType::obstacles,
+    const ElementNodePtr added = canvas().placement().addElement(tessaro::sceneObjectType::obstacles,
                                                                  *tessaro::obstacleCatalogue().front().elementName);
     ASSERT_TRUE(added);
     EXPECT_FALSE(undo()->isEnabled());
@@ -116,8 +116,8 @@ TEST_F(EditMenuTest, ClipboardAndHistoryFollowTheFrontTab)
 TEST_F(EditMenuTest, CatalogueStepsAreUndoneWhereTheCataloguesAreEdited)
 {
     commands->newLevel();
-    projectTab& tab = front();
-    const elementNodePtr added = canvas().placement().addElement(tessaro::sceneObjectType::obstacles,
+    ProjectTab& tab = front();
+    const ElementNodePtr added = canvas().placement().addElement(tessaro::sceneObjectType::obstacles,
                                                                  *tessaro::obstacleCatalogue().front().elementName);
     ASSERT_TRUE(added);
     canvas().selectNode(added);
@@ -132,11 +132,11 @@ TEST_F(EditMenuTest, CatalogueStepsAreUndoneWhereTheCataloguesAreEdited)
     };
 
     // The template's new shapes are a step of the catalogues, not of the tab.
-    auto* sheet = new imagePhysicsView(physicsEditMode::base, tab, settings.get(), window.get());
+    auto* sheet = new ImagePhysicsView(PhysicsEditMode::base, tab, settings.get(), window.get());
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     ASSERT_TRUE(activate(sheet));
-    imagePhysicsSession& session = sheet->session();
-    session.setActiveType(insertType::radius);
+    ImagePhysicsSession& session = sheet->session();
+    session.setActiveType(InsertType::radius);
     session.setImageViewHovered(true);
     session.pointerDown({0, 0});
     session.pointerDragged({9, 0});
@@ -148,7 +148,7 @@ TEST_F(EditMenuTest, CatalogueStepsAreUndoneWhereTheCataloguesAreEdited)
 
     // With the sheet active the Edit menu names the catalogues' step, and
     // Ctrl+Z in the sheet takes it.
-    sheet = new imagePhysicsView(physicsEditMode::base, tab, settings.get(), window.get());
+    sheet = new ImagePhysicsView(PhysicsEditMode::base, tab, settings.get(), window.get());
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     ASSERT_TRUE(activate(sheet));
     EXPECT_EQ(undo()->text(), "Undo Change Base Physics");

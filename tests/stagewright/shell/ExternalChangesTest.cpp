@@ -159,7 +159,7 @@ TEST_F(ExternalChangesTest, CataloguesAndImagesChangedOnDiskReachTheEditor)
 
     // A new image shows in the lists.
     const auto hasImage = [this](const QString& name) {
-        for (const fileItem& item : settings->imageList())
+        for (const FileItem& item : settings->imageList())
             if (item.name.contains(name))
                 return true;
         return false;

@@ -49,10 +49,10 @@ struct LevelSheetsTest : ShellFixture {
         front().setProjectDirty(false);
         return *front().findLevel(id);
     }
-    levelPropertiesView* openProperties(int tab)
+    LevelPropertiesView* openProperties(int tab)
     {
         window->toolbar()->propertiesButton()->click();
-        auto* sheet = window->findChild<levelPropertiesView*>();
+        auto* sheet = window->findChild<LevelPropertiesView*>();
         if (sheet)
             sheet->tabButtons().at(std::size_t(tab))->click();
         return sheet;
@@ -84,7 +84,7 @@ TEST_F(LevelSheetsTest, StatisticsCountTheShownSceneAndAllScenes)
     QToolButton* button = window->toolbar()->statisticsButton();
     ASSERT_TRUE(button->isEnabled());
     button->click();
-    auto* sheet = window->findChild<statisticsView*>();
+    auto* sheet = window->findChild<StatisticsView*>();
     ASSERT_TRUE(sheet);
     EXPECT_TRUE(sheet->isVisible());
     EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
@@ -97,13 +97,13 @@ TEST_F(LevelSheetsTest, StatisticsCountTheShownSceneAndAllScenes)
 
     sheet->findChild<QPushButton*>(QStringLiteral("closeButton"))->click();
     settle();
-    EXPECT_FALSE(window->findChild<statisticsView*>());
+    EXPECT_FALSE(window->findChild<StatisticsView*>());
 }
 
 TEST_F(LevelSheetsTest, PropertiesSheetShowsSevenTabsWithTheShownLevelsValues)
 {
     showNewLevel([](tessaro::Level& level) { level.coins->startCoinNumber = 40; });
-    levelPropertiesView* sheet = openProperties(2);
+    LevelPropertiesView* sheet = openProperties(2);
     ASSERT_TRUE(sheet);
     EXPECT_TRUE(sheet->isVisible());
     EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
@@ -130,7 +130,7 @@ TEST_F(LevelSheetsTest, PropertiesSheetShowsSevenTabsWithTheShownLevelsValues)
 
     sheet->closeButton()->click();
     settle();
-    EXPECT_FALSE(window->findChild<levelPropertiesView*>());
+    EXPECT_FALSE(window->findChild<LevelPropertiesView*>());
 }
 
 TEST_F(LevelSheetsTest, AnImageChosenInTheSheetIsTheLevelsOneStep)
@@ -174,7 +174,7 @@ TEST_F(LevelSheetsTest, AnImageChosenInTheSheetIsTheLevelsOneStep)
     // The coins' tab offers the image files of its folder.
     CustomImagePickerView* coins = openProperties(2)->tabView(2)->imagePicker();
     QStringList coinNames;
-    for (const imagePickerChoice& choice : coins->choices())
+    for (const ImagePickerChoice& choice : coins->choices())
         coinNames << choice.name;
     EXPECT_TRUE(coinNames.contains(QStringLiteral("gold")));
     EXPECT_FALSE(coinNames.contains(QStringLiteral("loose")));
@@ -184,7 +184,7 @@ TEST_F(LevelSheetsTest, AnImageChosenInTheSheetIsTheLevelsOneStep)
 TEST_F(LevelSheetsTest, NumbersSteppedOrTypedInTheSheetAreOneStep)
 {
     const tessaro::Level& level = showNewLevel();
-    levelPropertiesView* sheet = openProperties(2);
+    LevelPropertiesView* sheet = openProperties(2);
     LevelPropertiesTabView* coins = sheet->tabView(2);
 
     NumberGroup* start = numbers(coins->numberStepper(), "value");
@@ -221,7 +221,7 @@ TEST_F(LevelSheetsTest, NumbersSteppedOrTypedInTheSheetAreOneStep)
 TEST_F(LevelSheetsTest, ASoundListEditedInTheSheetGoesToItsRecord)
 {
     const tessaro::Level& level = showNewLevel([](tessaro::Level& made) { made.artifacts.reset(); });
-    levelPropertiesView* sheet = openProperties(3);
+    LevelPropertiesView* sheet = openProperties(3);
     GameSoundStageWrightView* sounds = sheet->tabView(3)->soundEditor();
     sounds->listView().findChild<QToolButton*>(QStringLiteral("addSound"))->click();
     ASSERT_TRUE(level.shields->soundEffects);
@@ -250,7 +250,7 @@ TEST_F(LevelSheetsTest, ASoundListEditedInTheSheetGoesToItsRecord)
 TEST_F(LevelSheetsTest, SceneSizeSheetSetsTheShownScene)
 {
     window->toolbar()->sceneSizeButton()->click();
-    auto* sheet = window->findChild<sceneSizeSelectionView*>();
+    auto* sheet = window->findChild<SceneSizeSelectionView*>();
     ASSERT_TRUE(sheet);
     EXPECT_EQ(sheet->orientationPicker()->width(), 300);
     QComboBox* sizes = sheet->predefinedSizePicker();

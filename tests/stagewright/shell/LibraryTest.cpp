@@ -36,8 +36,8 @@ struct LibraryTest : ShellFixture {
         settings->setSceneFactory(makeSceneEditorFactory(editingHooks(settings.get())));
         commands->newLevel();
     }
-    sceneEditor& canvas() const { return *sceneEditorOf(front().currentScene()); }
-    std::size_t countOf(sceneObjectType kind) const { return sceneEditor::elementsOf(canvas().layerFor(kind)).size(); }
+    SceneEditor& canvas() const { return *sceneEditorOf(front().currentScene()); }
+    std::size_t countOf(sceneObjectType kind) const { return SceneEditor::elementsOf(canvas().layerFor(kind)).size(); }
     ObjectLibraryWindow* library() const
     {
         window->toolbar()->libraryButton()->click();
@@ -152,9 +152,9 @@ TEST_F(LibraryTest, ClickingACellAddsItsElementAsOneStep)
     EXPECT_EQ(countOf(sceneObjectType::obstacles), before + 1);
     EXPECT_EQ(front().undoStack().count(), 1);
     EXPECT_EQ(front().undoStack().undoText(), "Add " + name);
-    const elementNodePtr added = canvas().storedOrder(sceneObjectType::obstacles).back();
+    const ElementNodePtr added = canvas().storedOrder(sceneObjectType::obstacles).back();
     EXPECT_EQ(added->catalogueElementName(), name.toStdString());
-    EXPECT_EQ(front().elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(front().elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(front().selectedObject().name, added->name().toStdString());
 
     // The background tab adds a background.
@@ -180,8 +180,8 @@ TEST_F(LibraryTest, CellDroppedOnTheCanvasStandsWhereItWasDropped)
 {
     CanvasView* canvasView = window->frontCanvas();
     ASSERT_TRUE(canvasView);
-    canvas().moveScene(publishedElementList::scenePosition, tessaro::PointValue{120, 0});
-    libraryCell cell = libraryCells(sceneObjectType::obstacles).front();
+    canvas().moveScene(PublishedElementList::scenePosition, tessaro::PointValue{120, 0});
+    LibraryCell cell = libraryCells(sceneObjectType::obstacles).front();
     const std::unique_ptr<QMimeData> data = libraryMimeData(cell);
     CanvasSceneView* view = canvasView->sceneView();
     const QPointF at = view->convertPointFromScene(QPointF(60, 30));
@@ -194,7 +194,7 @@ TEST_F(LibraryTest, CellDroppedOnTheCanvasStandsWhereItWasDropped)
     EXPECT_TRUE(drop.isAccepted());
 
     ASSERT_EQ(front().undoStack().count(), 1);
-    const elementNodePtr added = canvas().storedOrder(sceneObjectType::obstacles).back();
+    const ElementNodePtr added = canvas().storedOrder(sceneObjectType::obstacles).back();
     const tessaro::PointValue stored = added->storedPosition();
     EXPECT_NEAR(stored.x, 180, 1);
     EXPECT_NEAR(stored.y, 30, 1);
@@ -211,7 +211,7 @@ TEST_F(LibraryTest, CellDroppedOnTheCanvasStandsWhereItWasDropped)
 TEST_F(LibraryTest, NodeListSelectsTheChosenNodeAndScrolls)
 {
     ASSERT_FALSE(tessaro::obstacleCatalogue().empty());
-    const elementNodePtr crate =
+    const ElementNodePtr crate =
         canvas().placement().addElement(sceneObjectType::obstacles, *tessaro::obstacleCatalogue().front().elementName);
     ASSERT_TRUE(crate);
     QToolButton* button = window->toolbar()->nodeListButton();
@@ -230,13 +230,13 @@ TEST_F(LibraryTest, NodeListSelectsTheChosenNodeAndScrolls)
     EXPECT_LT(header, entry);
     EXPECT_FALSE(qobject_cast<QStandardItemModel*>(picker->model())->item(header)->isEnabled());
     emit picker->activated(entry);
-    EXPECT_EQ(front().elementPhase(), selectionPhase::Selected);
+    EXPECT_EQ(front().elementPhase(), SelectionPhase::Selected);
     EXPECT_EQ(front().selectedObject().name, crate->name().toStdString());
     EXPECT_EQ(settings->nodeListItemSelected(), QStringLiteral("obstacles:") + crate->name());
 
     // The position row follows the canvas and scrolls it.
     EXPECT_EQ(popover->positionStepper()->toolTip(), "Set the position of the x axis in the scene view.");
-    canvas().moveScene(publishedElementList::scenePosition, tessaro::PointValue{75, 0});
+    canvas().moveScene(PublishedElementList::scenePosition, tessaro::PointValue{75, 0});
     EXPECT_EQ(popover->positionStepper()->value(), (tessaro::PointValue{75, 0}));
     emit popover->positionStepper()->valueChanged(tessaro::PointValue{400, 10});
     EXPECT_EQ(front().scenePosition(), (tessaro::PointValue{400, 10}));

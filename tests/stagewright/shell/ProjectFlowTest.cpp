@@ -39,7 +39,7 @@ TEST_F(ProjectFlowTest, OpenSwitchLevelSwitchTabSaveClose)
     ASSERT_EQ(dialogs.openDirectories.size(), 1);
     EXPECT_EQ(dialogs.openDirectories.front(), levelsFolder(workingSpacePath()));
     EXPECT_EQ(tabNames(), QStringList({"Forest"}));
-    const std::shared_ptr<projectTab> forest = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> forest = settings->selectedProjectTab();
     CanvasView* forestCanvas = window->canvasFor(forest->id());
     ASSERT_NE(shownScene(forestCanvas), nullptr);
     EXPECT_EQ(shownScene(forestCanvas)->loaded, forest->levelConfig()[0].id);
@@ -68,7 +68,7 @@ TEST_F(ProjectFlowTest, OpenSwitchLevelSwitchTabSaveClose)
     // A second tab, then back by its button: each tab kept its own canvas
     // and scene.
     commands->newLevel();
-    const std::shared_ptr<projectTab> untitled = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> untitled = settings->selectedProjectTab();
     EXPECT_EQ(untitled->name(), QStringLiteral("Untitled 1"));
     EXPECT_EQ(window->frontCanvas(), window->canvasFor(untitled->id()));
     TabButton* forestButton = window->tabStrip()->buttonFor(forest->id());

@@ -37,10 +37,10 @@ using detail::NumberGroup;
 using testing_support::storedSettingsRow;
 
 struct SettingsWindowTest : ShellFixture {
-    appSettingsView* open()
+    AppSettingsView* open()
     {
         action("Settings...")->trigger();
-        auto* view = qobject_cast<appSettingsView*>(windows->window(WindowId::settings));
+        auto* view = qobject_cast<AppSettingsView*>(windows->window(WindowId::settings));
         EXPECT_NE(view, nullptr);
         if (view) {
             EXPECT_TRUE(QTest::qWaitForWindowExposed(view));
@@ -68,7 +68,7 @@ void pick(QComboBox* picker, const QString& text)
     EXPECT_EQ(picker->currentText(), text);
 }
 
-void clickOption(customMultiSelectCombo* combo, const QString& option)
+void clickOption(CustomMultiSelectCombo* combo, const QString& option)
 {
     combo->showPopover();
     QListWidget* list = combo->popoverList();
@@ -85,14 +85,14 @@ void clickOption(customMultiSelectCombo* combo, const QString& option)
 
 TEST_F(SettingsWindowTest, WorkspaceRowsTakeEffectAtOnceAndResetShowsTheFirstRunValues)
 {
-    appSettingsView* view = open();
+    AppSettingsView* view = open();
     ASSERT_NE(view, nullptr);
     ASSERT_EQ(view->tabs()->count(), 3);
     EXPECT_EQ(view->tabs()->tabText(0), QStringLiteral("General"));
     EXPECT_EQ(view->tabs()->tabText(1), QStringLiteral("Workspace"));
     EXPECT_EQ(view->tabs()->tabText(2), QStringLiteral("Permissions"));
     view->tabs()->setCurrentIndex(1);
-    appWorkspaceView* rows = view->workspace();
+    AppWorkspaceView* rows = view->workspace();
     const QStringList firstRun = storedSettingsRow();
     ASSERT_EQ(firstRun.size(), 8);
 
@@ -148,10 +148,10 @@ TEST_F(SettingsWindowTest, WorkspaceRowsTakeEffectAtOnceAndResetShowsTheFirstRun
 
 TEST_F(SettingsWindowTest, TheWindowFollowsTheWorkspaceInUse)
 {
-    appSettingsView* view = open();
+    AppSettingsView* view = open();
     ASSERT_NE(view, nullptr);
     view->tabs()->setCurrentIndex(1);
-    appWorkspaceView* rows = view->workspace();
+    AppWorkspaceView* rows = view->workspace();
     type(rows->sceneSize(), "width", QStringLiteral("800"));
     type(rows->sceneSize(), "height", QStringLiteral("600"));
     clickOption(rows->debugOptions(), QStringLiteral("showsFPS"));
@@ -184,9 +184,9 @@ TEST_F(SettingsWindowTest, TheWindowFollowsTheWorkspaceInUse)
 
 TEST_F(SettingsWindowTest, TheGeneralTabSwitchesEveryWindowAndKeepsTheAddresses)
 {
-    appSettingsView* view = open();
+    AppSettingsView* view = open();
     ASSERT_NE(view, nullptr);
-    appGeneralView* general = view->general();
+    AppGeneralView* general = view->general();
 
     // The appearance reaches every open window (see the first-use tests);
     // here the switch writes it, and for the next start too.
@@ -227,10 +227,10 @@ TEST_F(SettingsWindowTest, PermissionsListTheGrantsAndWithdrawThem)
 {
     const QString granted = home->folder(QStringLiteral("Granted"));
     PermissionManager::shared().setChooser([granted](const OpenPanelRequest&) -> ChooseResult { return granted; });
-    appSettingsView* view = open();
+    AppSettingsView* view = open();
     ASSERT_NE(view, nullptr);
     view->tabs()->setCurrentIndex(2);
-    securityPermissionsView* permissions = view->permissions();
+    SecurityPermissionsView* permissions = view->permissions();
     EXPECT_EQ(permissions->removeButton(granted), nullptr);
 
     QTest::mouseClick(permissions->addButton(), Qt::LeftButton);

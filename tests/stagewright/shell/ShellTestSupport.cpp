@@ -79,7 +79,7 @@ void ScriptedDialogs::reportFailure(const QString& message, const QString& detai
 
 // ---- Scene --------------------------------------------------------------------------
 
-BlockScene::BlockScene(projectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log)
+BlockScene::BlockScene(ProjectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log)
     : tessaro::kit::Scene(QSizeF(setup.size.width, setup.size.height)),
       m_tab(tab),
       m_log(std::move(log)),
@@ -91,7 +91,7 @@ BlockScene::BlockScene(projectTab& tab, const SceneSetup& setup, std::shared_ptr
 }
 
 namespace {
-int levelIndex(const projectTab& tab, const tessaro::Uuid& id)
+int levelIndex(const ProjectTab& tab, const tessaro::Uuid& id)
 {
     const auto& levels = tab.levelConfig();
     for (std::size_t i = 0; i < levels.size(); ++i)
@@ -171,7 +171,7 @@ void BlockScene::releaseContent()
 
 SceneFactory blockSceneFactory(std::shared_ptr<QStringList> log)
 {
-    return [log](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
+    return [log](ProjectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
         return std::make_shared<BlockScene>(tab, setup, log);
     };
 }

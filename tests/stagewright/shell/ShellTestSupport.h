@@ -69,7 +69,7 @@ public:
 /// write-backs in a log shared by all its kind.
 class BlockScene : public tessaro::kit::Scene, public LevelScene {
 public:
-    BlockScene(projectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log);
+    BlockScene(ProjectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log);
 
     void loadLevel(const tessaro::Uuid& levelId) override;
     void writeBack(const tessaro::Uuid& levelId) override;
@@ -88,7 +88,7 @@ public:
     int blocks() const;
 
 private:
-    projectTab& m_tab;
+    ProjectTab& m_tab;
     std::shared_ptr<QStringList> m_log;
     sceneScaleMode m_scaleMode;
     tessaro::sceneOrientationType m_orientation;
@@ -122,7 +122,7 @@ struct ShellFixture : ::testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    projectTab& front() const { return *settings->selectedProjectTab(); }
+    ProjectTab& front() const { return *settings->selectedProjectTab(); }
     QStringList tabNames() const;
     /// A project file in the scratch home.
     QString project(const QString& name, int levels);

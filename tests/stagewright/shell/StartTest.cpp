@@ -74,7 +74,7 @@ TEST(StartTest, FirstStartShowsTheSampleInTheNewDefaultWorkspace)
     // "Initialization" went, "Untitled 1" gave way to the sample.
     SceneSettings& settings = started.settings();
     ASSERT_EQ(settings.projectTabs().size(), 1u);
-    const projectTab& sample = *settings.selectedProjectTab();
+    const ProjectTab& sample = *settings.selectedProjectTab();
     EXPECT_EQ(sample.name(), QStringLiteral("Sample"));
     EXPECT_EQ(sample.levelConfig().size(), 3u);
     EXPECT_EQ(started.mainWindow().windowTitle(),
@@ -92,10 +92,10 @@ TEST(StartTest, FirstStartShowsTheSampleInTheNewDefaultWorkspace)
 TEST(StartTest, TheSampleGoesThroughTheCanvasAndBackToItsFile)
 {
     StageWrightApp& started = app();
-    const std::shared_ptr<projectTab> tab = started.settings().selectedProjectTab();
+    const std::shared_ptr<ProjectTab> tab = started.settings().selectedProjectTab();
     const std::vector<tessaro::Level> before = tab->levelConfig();
     CanvasView* canvas = started.mainWindow().frontCanvas();
-    const sceneEditorPtr first = sceneEditorOf(canvas->shownScene());
+    const SceneEditorPtr first = sceneEditorOf(canvas->shownScene());
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->groundNodes()->children().size(), before[0].ground->size());
     EXPECT_GE(first->obstacleNodes()->children().size(), before[0].obstacles->size());
@@ -104,7 +104,7 @@ TEST(StartTest, TheSampleGoesThroughTheCanvasAndBackToItsFile)
     // The second level in the same canvas, from the level list.
     started.commands().showScene(*before[1].id);
     QCoreApplication::processEvents();
-    const sceneEditorPtr second = sceneEditorOf(canvas->shownScene());
+    const SceneEditorPtr second = sceneEditorOf(canvas->shownScene());
     ASSERT_NE(second, nullptr);
     EXPECT_NE(second, first);
     EXPECT_EQ(second->groundNodes()->children().size(), before[1].ground->size());
@@ -129,7 +129,7 @@ TEST(StartTest, TheCanvasButtonsScrollTheLevel)
 {
     StageWrightApp& started = app();
     CanvasView* canvas = started.mainWindow().frontCanvas();
-    const sceneEditorPtr scene = sceneEditorOf(canvas->shownScene());
+    const SceneEditorPtr scene = sceneEditorOf(canvas->shownScene());
     ASSERT_NE(scene, nullptr);
     const tessaro::kit::NodePtr right = scene->childNodeWithName(QStringLiteral("navRight"));
     ASSERT_NE(right, nullptr);

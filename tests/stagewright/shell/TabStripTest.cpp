@@ -131,7 +131,7 @@ TEST_F(TabStripTest, TheDesktopQuestionHasItsTextsAndButtons)
     DesktopDialogs desktop(window.get());
     Commands desktopCommands(*settings, desktop, windows.get());
     commands->newLevel();
-    const std::shared_ptr<projectTab> dirty = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> dirty = settings->selectedProjectTab();
     dirty->setProjectDirty(true);
 
     MessageBoxAnswer cancel;
@@ -168,11 +168,11 @@ TEST_F(TabStripTest, TheDesktopQuestionHasItsTextsAndButtons)
 TEST_F(TabStripTest, EachTabKeepsItsCanvasZoomAndScene)
 {
     settings->openProject(project(QStringLiteral("One.plist"), 1));
-    const std::shared_ptr<projectTab> one = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> one = settings->selectedProjectTab();
     commands->setZoom(QStringLiteral("1.50"));
     settings->openProject(project(QStringLiteral("Two.plist"), 2));
     settle();
-    const std::shared_ptr<projectTab> two = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> two = settings->selectedProjectTab();
     const std::shared_ptr<LevelScene> sceneOfOne = one->currentScene();
 
     EXPECT_EQ(window->canvasFor(one->id())->frameSize(), QSize(1500, 750));

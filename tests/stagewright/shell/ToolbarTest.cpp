@@ -25,7 +25,7 @@ namespace stagewright::test {
 namespace {
 using ToolbarTest = ShellFixture;
 
-std::vector<tessaro::Uuid> levelIds(const projectTab& tab)
+std::vector<tessaro::Uuid> levelIds(const ProjectTab& tab)
 {
     std::vector<tessaro::Uuid> ids;
     for (const tessaro::Level& level : tab.levelConfig())

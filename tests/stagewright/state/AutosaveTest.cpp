@@ -43,9 +43,9 @@ struct AutosaveTest : StateFixture {
         autosave->waitForWrites();
         QCoreApplication::processEvents();
     }
-    std::optional<RecoveryEntry> copyOf(const projectTab& tab) const { return store->entry(tab.id()); }
+    std::optional<RecoveryEntry> copyOf(const ProjectTab& tab) const { return store->entry(tab.id()); }
     /// `count` steps of the tab's history.
-    static void edit(projectTab& tab, int count)
+    static void edit(ProjectTab& tab, int count)
     {
         for (int i = 0; i < count; ++i)
             tab.addLevel();
@@ -59,7 +59,7 @@ TEST_F(AutosaveTest, FiftyEditsCopyTheProjectWithTheShownLevelWrittenBack)
     startAutosave();
     const QString original = writeProject(QStringLiteral("Meadow.plist"), 1);
     settings->openProject(original);
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     edit(tab, 49);
     settle();
     EXPECT_FALSE(copyOf(tab));
@@ -90,9 +90,9 @@ TEST_F(AutosaveTest, TimerCopiesOnlyWhatChangedSinceTheLastCopy)
 {
     startAutosave();
     autosave->setEditThreshold(0);
-    projectTab& untitled = front();
+    ProjectTab& untitled = front();
     settings->newProject();
-    projectTab& other = front();
+    ProjectTab& other = front();
     edit(untitled, 2);
     // Runs the timer for a while; the number of copies written by then.
     const auto copiesAfterTicks = [&] {
@@ -122,7 +122,7 @@ TEST_F(AutosaveTest, TimerCopiesOnlyWhatChangedSinceTheLastCopy)
 TEST_F(AutosaveTest, CopiesGoWhenTheProjectIsSavedUndoneOrClosedAndAtACleanEnd)
 {
     startAutosave();
-    std::vector<std::shared_ptr<projectTab>> tabs;
+    std::vector<std::shared_ptr<ProjectTab>> tabs;
     for (const char* name : {"Saved.plist", "Undone.plist", "Closed.plist", "Kept.plist"}) {
         settings->openProject(writeProject(QString::fromLatin1(name), 1));
         tabs.push_back(settings->selectedProjectTab());

@@ -54,7 +54,7 @@ TEST_F(StateFixture, CataloguesFollowTheWorkspaceAndAreSavedOnlyIntoTheirOwn)
     EXPECT_EQ(obstacleNames(), std::vector<std::string>{"Log"});
     // The image list is the new workspace's too.
     ASSERT_FALSE(settings->imageList().empty());
-    for (const fileItem& item : settings->imageList())
+    for (const FileItem& item : settings->imageList())
         EXPECT_TRUE(item.path().startsWith(b)) << item.path().toStdString();
 
     tessaro::obstacleCatalogue().front().elementName = "Log, edited";

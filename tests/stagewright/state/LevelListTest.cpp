@@ -6,7 +6,7 @@ using namespace stagewright::test;
 
 namespace {
 
-std::vector<tessaro::Uuid> levelIds(const projectTab& tab)
+std::vector<tessaro::Uuid> levelIds(const ProjectTab& tab)
 {
     std::vector<tessaro::Uuid> ids;
     for (const tessaro::Level& level : tab.levelConfig())
@@ -20,7 +20,7 @@ TEST_F(StateFixture, SwitchLevelWritesBackThenShowsTheNewLevelInAFreshScene)
 {
     start();
     settings->openProject(writeProject(QStringLiteral("three.plist"), 3));
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     const auto ids = levelIds(tab);
     FakeHost host(sceneLog);
     host.presentScene(tab.currentScene());
@@ -30,7 +30,7 @@ TEST_F(StateFixture, SwitchLevelWritesBackThenShowsTheNewLevelInAFreshScene)
     tab.selectedDeviceObject().nameSelected = tessaro::deviceName::iPad;
     tab.selectedAnimationObject().End_List = {"x"};
     tab.selectedLevelExtendedProperties().filename = "jump";
-    tab.setElementPhase(selectionPhase::Selected);
+    tab.setElementPhase(SelectionPhase::Selected);
     const auto oldScene = tab.currentScene();
     const QString oldTag = frontScene()->logName();
     sceneLog->clear();
@@ -58,10 +58,10 @@ TEST_F(StateFixture, SwitchLevelWritesBackThenShowsTheNewLevelInAFreshScene)
     EXPECT_EQ(tab.selectedObject().zPosition, 0);
     EXPECT_EQ(tab.selectedObject().allowedTimesToHit, 1);
     EXPECT_EQ(tab.selectedObject().charClassType, tessaro::characterClassType::friendly);
-    EXPECT_EQ(tab.selectedDeviceObject(), selectedDeviceModel{});
-    EXPECT_EQ(tab.selectedAnimationObject(), selectedAnimationModel{});
-    EXPECT_EQ(tab.selectedLevelExtendedProperties(), selectedLevelExtendedPropertiesModel{});
-    EXPECT_EQ(tab.elementPhase(), selectionPhase::NotSelected);
+    EXPECT_EQ(tab.selectedDeviceObject(), SelectedDeviceModel{});
+    EXPECT_EQ(tab.selectedAnimationObject(), SelectedAnimationModel{});
+    EXPECT_EQ(tab.selectedLevelExtendedProperties(), SelectedLevelExtendedPropertiesModel{});
+    EXPECT_EQ(tab.elementPhase(), SelectionPhase::NotSelected);
     // The old level received the scene's write-back.
     EXPECT_TRUE(tab.levelConfig()[0].settings.fontColor);
 }
@@ -71,7 +71,7 @@ TEST_F(StateFixture, SwitchLevelWithoutASceneUsesTheApplicationSettings)
     start(false);
     tessaro::globalAppConfig().base.defaultSceneSize = {640, 320};
     tessaro::globalAppConfig().base.defaultSceneOrientation = tessaro::sceneOrientationType::portrait;
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     tab.addLevel();
     const auto ids = levelIds(tab);
     tab.switchLevel(ids[1]);
@@ -85,7 +85,7 @@ TEST_F(StateFixture, SwitchLevelWithoutASceneUsesTheApplicationSettings)
 TEST_F(StateFixture, DeletingLevelsKeepsAtLeastOne)
 {
     start();
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     const tessaro::Uuid only = levelIds(tab)[0];
     tab.deleteLevel(only);
     ASSERT_EQ(tab.levelConfig().size(), 1u);
@@ -114,7 +114,7 @@ TEST_F(StateFixture, MovingLevelsSwapsNeighboursAndKeepsTheSelection)
     start(false);
     settings->addLevel();
     settings->addLevel();
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     const auto ids = levelIds(tab);
     ASSERT_EQ(ids.size(), 3u);
     const tessaro::Uuid selected = tab.levelSelected();
@@ -170,18 +170,18 @@ TEST_F(StateFixture, ZoomAndDeviceSizes)
 TEST_F(StateFixture, FieldsReportTheirChanges)
 {
     start(false);
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     int dirty = 0, phase = 0, levels = 0, picker = 0, tabs = 0, front = 0;
-    QObject::connect(&tab, &projectTab::isProjectDirtyChanged, [&] { ++dirty; });
-    QObject::connect(&tab, &projectTab::elementPhaseChanged, [&] { ++phase; });
-    QObject::connect(&tab, &projectTab::levelConfigChanged, [&] { ++levels; });
-    QObject::connect(&tab, &projectTab::levelListDropdownValuesChanged, [&] { ++picker; });
+    QObject::connect(&tab, &ProjectTab::isProjectDirtyChanged, [&] { ++dirty; });
+    QObject::connect(&tab, &ProjectTab::elementPhaseChanged, [&] { ++phase; });
+    QObject::connect(&tab, &ProjectTab::levelConfigChanged, [&] { ++levels; });
+    QObject::connect(&tab, &ProjectTab::levelListDropdownValuesChanged, [&] { ++picker; });
     QObject::connect(settings.get(), &SceneSettings::projectTabsChanged, [&] { ++tabs; });
     QObject::connect(settings.get(), &SceneSettings::selectedProjectTabChanged, [&] { ++front; });
 
     tab.setProjectDirty(true);
     tab.setProjectDirty(true); // no change, no signal
-    tab.setElementPhase(selectionPhase::Selected);
+    tab.setElementPhase(SelectionPhase::Selected);
     tab.addLevel();
     settings->newProject();
     EXPECT_EQ(dirty, 1);

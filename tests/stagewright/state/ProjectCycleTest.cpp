@@ -31,7 +31,7 @@ TEST_F(StateFixture, OpenReplacesTheStartTabAndLoadsTheFirstLevel)
     settings->openProject(path);
 
     EXPECT_EQ(tabNames(), QStringList{"it's a \"boss\" level"});
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     ASSERT_EQ(tab.levelConfig().size(), 3u);
     EXPECT_NE(tab.levelConfig()[0].id, onDisk[0].id); // ids are renewed on every open
     EXPECT_EQ(tab.levelConfig()[0].settings, onDisk[0].settings);
@@ -75,7 +75,7 @@ TEST_F(StateFixture, SaveWritesTheSceneBackBeforeTheFile)
     start();
     const QString path = writeProject(QStringLiteral("project.plist"), 2);
     settings->openProject(path);
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     tab.setProjectDirty(true);
     sceneLog->clear();
     DiagnosticCapture capture;
@@ -133,7 +133,7 @@ TEST_F(StateFixture, AFileThatFailsToOpenIsNeverOverwrittenByAPlainSave)
 
     EXPECT_TRUE(capture.containsPrefix("Configuration error (" + path.toStdString() + "): "));
     EXPECT_TRUE(capture.contains("Failed to open: " + path.toStdString()));
-    projectTab& tab = front();
+    ProjectTab& tab = front();
     EXPECT_EQ(tab.name(), "broken");
     EXPECT_TRUE(tab.levelConfig().empty());
     EXPECT_EQ(tab.filePath(), path);

@@ -158,7 +158,7 @@ TEST_F(StateFixture, RecoveredProjectOpensDirtyOnItsUntouchedFileAndSavesThere)
     entry.name = QStringLiteral("Meadow");
     entry.originalPath = original;
     entry.shownLevel = edited[1].id;
-    const std::shared_ptr<projectTab> tab = restoreProject(*settings, entry, edited, {});
+    const std::shared_ptr<ProjectTab> tab = restoreProject(*settings, entry, edited, {});
 
     // The untouched start tab gave way to a tab that shows the level that
     // was shown, has unsaved changes and belongs to the untouched file.
@@ -187,7 +187,7 @@ TEST_F(StateFixture, AFileHasOneTabWhetherOpenedOrRecovered)
     start();
     const QString original = writeProject(QStringLiteral("Meadow.plist"), 2);
     settings->openProject(original);
-    const std::shared_ptr<projectTab> tab = settings->selectedProjectTab();
+    const std::shared_ptr<ProjectTab> tab = settings->selectedProjectTab();
     const std::vector<tessaro::Level> onDisk = tab->levelConfig();
 
     // Opening it again, under another spelling of its path, shows its tab.

@@ -47,7 +47,7 @@ TEST_F(StateFixture, FirstStartCreatesTheDefaultWorkspaceAndEndsWithUntitled1)
     EXPECT_EQ(front().levelConfig().size(), 1u);
     EXPECT_EQ(front().levelListDropdownValues().size(), 1u);
     const auto& images = settings->imageList();
-    EXPECT_TRUE(std::any_of(images.begin(), images.end(), [](const fileItem& item) {
+    EXPECT_TRUE(std::any_of(images.begin(), images.end(), [](const FileItem& item) {
         return item.name == "crate" && item.sceneObjectType == tessaro::sceneObjectType::obstacles;
     }));
 }
@@ -95,7 +95,7 @@ TEST_F(StateFixture, SetWorkingSpaceReadsTheStoreAndRemembersThePath)
     start(false);
     const QString other = home->folder(QStringLiteral("second"));
     ASSERT_TRUE(createWorkspace(other, PermissionManager::shared()));
-    ASSERT_TRUE(updateStoredSetting(other + QLatin1Char('/'), settingsNames::defaultImageScale, QStringLiteral("x3")));
+    ASSERT_TRUE(updateStoredSetting(other + QLatin1Char('/'), SettingsNames::defaultImageScale, QStringLiteral("x3")));
     recordRecentDocument(other + QLatin1Char('/'), QStringLiteral("/p/"), QStringLiteral("q.plist"));
 
     int changes = 0;
@@ -111,7 +111,7 @@ TEST_F(StateFixture, SetWorkingSpaceReadsTheStoreAndRemembersThePath)
     settings->setWorkingSpace(QString()); // an empty path changes nothing
     EXPECT_EQ(workingSpacePath(), other + QLatin1Char('/'));
 
-    EXPECT_TRUE(settings->updateSetting(settingsNames::defaultImageType, QStringLiteral("jpg")));
+    EXPECT_TRUE(settings->updateSetting(SettingsNames::defaultImageType, QStringLiteral("jpg")));
     settings->resetSettings();
     EXPECT_EQ(tessaro::globalAppConfig(), tessaro::appConfig{});
 

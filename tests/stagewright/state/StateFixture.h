@@ -40,7 +40,7 @@ struct StateFixture : ::testing::Test {
             settings->setSceneFactory(fakeSceneFactory(sceneLog));
         settings->mainWindowAppeared();
     }
-    projectTab& front() { return *settings->selectedProjectTab(); }
+    ProjectTab& front() { return *settings->selectedProjectTab(); }
     FakeScene* frontScene() { return dynamic_cast<FakeScene*>(front().currentScene().get()); }
     QStringList tabNames() const
     {

@@ -59,7 +59,7 @@ namespace {
 int sceneCounter = 0;
 }
 
-FakeScene::FakeScene(projectTab& tab, const SceneSetup& sceneSetup, std::shared_ptr<QStringList> log)
+FakeScene::FakeScene(ProjectTab& tab, const SceneSetup& sceneSetup, std::shared_ptr<QStringList> log)
     : setup(sceneSetup),
       m_tab(tab),
       m_log(std::move(log)),
@@ -115,7 +115,7 @@ void FakeScene::updateOverlays()
 
 SceneFactory fakeSceneFactory(std::shared_ptr<QStringList> log)
 {
-    return [log](projectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
+    return [log](ProjectTab& tab, const SceneSetup& setup) -> std::shared_ptr<LevelScene> {
         return std::make_shared<FakeScene>(tab, setup, log);
     };
 }

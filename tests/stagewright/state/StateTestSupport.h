@@ -48,7 +48,7 @@ void writePng(const QString& path, int width, int height);
 /// scene of a test, and behaves as the canvas does towards the levels.
 class FakeScene : public LevelScene {
 public:
-    FakeScene(projectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log);
+    FakeScene(ProjectTab& tab, const SceneSetup& setup, std::shared_ptr<QStringList> log);
     ~FakeScene() override;
 
     void loadLevel(const tessaro::Uuid& levelId) override;
@@ -75,7 +75,7 @@ public:
 private:
     QString tag(const tessaro::Uuid& id) const;
 
-    projectTab& m_tab;
+    ProjectTab& m_tab;
     std::shared_ptr<QStringList> m_log;
     int m_serial;
     tessaro::SizeValue m_size;

@@ -65,7 +65,7 @@ TEST(StatisticsTest, EachSelectorCountsItsListAndCoinsCountTheirRepeats)
 
 TEST(StatisticsTest, TheTabCountsItsSelectedLevelOrAllLevels)
 {
-    projectTab tab(tessaro::Uuid::create(), QStringLiteral("Counted"));
+    ProjectTab tab(tessaro::Uuid::create(), QStringLiteral("Counted"));
     tessaro::Level other;
     other.id = tessaro::Uuid::create();
     other.obstacles = std::vector<tessaro::ObstacleLevelItem>(1);

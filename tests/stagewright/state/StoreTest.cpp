@@ -74,7 +74,7 @@ TEST(Store, RecentDocumentsKeepTheTenNewestAndMoveAReopenedFileToTheFront)
     const QString workspace = workspaceIn(dir);
     createWorkspaceStore(workspace);
 
-    std::vector<recentDocumentItem> items;
+    std::vector<RecentDocumentItem> items;
     for (int i = 1; i <= 11; ++i)
         items = recordRecentDocument(workspace, QStringLiteral("/levels/"), QStringLiteral("level%1.plist").arg(i));
     ASSERT_EQ(items.size(), 10u);
@@ -110,7 +110,7 @@ TEST(Store, NamesWithQuotesAreStoredAsTheyStand)
     EXPECT_EQ(items[0].folderPath, folder);
     EXPECT_EQ(items[0].name, name);
 
-    EXPECT_TRUE(updateStoredSetting(workspace, settingsNames::defaultScaleMode, QStringLiteral("it's")));
+    EXPECT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultScaleMode, QStringLiteral("it's")));
     DBHelper db;
     ASSERT_TRUE(db.open(false, workspace, QString::fromLatin1(storeFileName)));
     EXPECT_TRUE(db.recentDocumentExists(folder, name));
@@ -122,14 +122,14 @@ TEST(Store, SettingsReadWithTheirFallbacks)
     QTemporaryDir dir;
     const QString workspace = workspaceIn(dir);
     createWorkspaceStore(workspace);
-    ASSERT_TRUE(updateStoredSetting(workspace, settingsNames::defaultImageType, QStringLiteral("heic")));
-    ASSERT_TRUE(updateStoredSetting(workspace, settingsNames::defaultSoundType, QStringLiteral("mp3")));
-    ASSERT_TRUE(updateStoredSetting(workspace, settingsNames::defaultImageScale, QStringLiteral("x3")));
-    ASSERT_TRUE(updateStoredSetting(workspace, settingsNames::defaultSceneOrientation, QStringLiteral("portrait")));
-    ASSERT_TRUE(updateStoredSetting(workspace, settingsNames::defaultSceneSize, QStringLiteral("{800.0,600.0}")));
-    ASSERT_TRUE(updateStoredSetting(workspace, settingsNames::defaultAnchorPoint, QStringLiteral("{0,1}")));
+    ASSERT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultImageType, QStringLiteral("heic")));
+    ASSERT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultSoundType, QStringLiteral("mp3")));
+    ASSERT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultImageScale, QStringLiteral("x3")));
+    ASSERT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultSceneOrientation, QStringLiteral("portrait")));
+    ASSERT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultSceneSize, QStringLiteral("{800.0,600.0}")));
+    ASSERT_TRUE(updateStoredSetting(workspace, SettingsNames::defaultAnchorPoint, QStringLiteral("{0,1}")));
     ASSERT_TRUE(
-        updateStoredSetting(workspace, settingsNames::debugOptions, QStringLiteral("showsFPS, showsPhysics,,bogus")));
+        updateStoredSetting(workspace, SettingsNames::debugOptions, QStringLiteral("showsFPS, showsPhysics,,bogus")));
 
     const tessaro::appConfig config = readWorkspaceStore(workspace).settings;
     EXPECT_EQ(config.base.defaultImageType, tessaro::imageType::png); // "heic" names no case
@@ -198,5 +198,5 @@ TEST(Store, AMissingWorkspaceFolderIsNotCreated)
     EXPECT_TRUE(capture.contains("error opening database"));
     EXPECT_EQ(snapshot.settings, tessaro::appConfig{});
     EXPECT_FALSE(QFileInfo::exists(workspace));
-    EXPECT_FALSE(updateStoredSetting(workspace, settingsNames::defaultImageType, QStringLiteral("jpg")));
+    EXPECT_FALSE(updateStoredSetting(workspace, SettingsNames::defaultImageType, QStringLiteral("jpg")));
 }

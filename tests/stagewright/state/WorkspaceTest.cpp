@@ -40,10 +40,10 @@ struct WorkspaceFixture : ::testing::Test {
         setWorkingSpacePathValue(savedWorkspace);
     }
     bool create() { return createWorkspace(workspace, PermissionManager::shared()); }
-    QStringList names(const std::vector<fileItem>& items) const
+    QStringList names(const std::vector<FileItem>& items) const
     {
         QStringList out;
-        for (const fileItem& item : items)
+        for (const FileItem& item : items)
             out << item.name + QLatin1Char('.') + item.type;
         return out;
     }
@@ -153,7 +153,7 @@ TEST_F(WorkspaceFixture, ScansKeepExactExtensionsInNameOrder)
     EXPECT_NE(lists.images[0].tag, lists.images[1].tag);
 
     EXPECT_TRUE(
-        scanFolder(scratch.path() + QStringLiteral("/nowhere/"), sceneObjectType::ground, scanKind::images).empty());
+        scanFolder(scratch.path() + QStringLiteral("/nowhere/"), sceneObjectType::ground, ScanKind::images).empty());
 }
 
 TEST_F(WorkspaceFixture, FindFileItemMatchesNamesAndFallsBackToThePlaceholder)
