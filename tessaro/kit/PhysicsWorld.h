@@ -162,7 +162,7 @@ private:
     void attach(PhysicsBody& body);
     void detach(PhysicsBody& body);
     void updatePin(PhysicsBody& body);
-    void pairNewProxies();
+    void enterNewBodies();
     std::vector<PhysicsBodyPtr> contactedBodies(const PhysicsBody& body) const;
     void follow(PhysicsBody& body, bool nodeMoved);
     void followSubtree(Node& node);
@@ -196,7 +196,7 @@ private:
     std::vector<PhysicsBody*> m_following; // bodies to move to their nodes at the next step
     std::vector<b2Body*> m_dynamic; // the engine bodies of the dynamic ones of m_bodies, rebuilt when stale
     bool m_dynamicStale = true;
-    bool m_unpairedProxies = false; // bodies were created since the engine last paired proxies
+    bool m_entering = false; // bodies were attached since the last step
     bool m_writing = false; // the step's results are being written to the nodes
     std::vector<std::shared_ptr<PhysicsJoint>> m_joints;
     std::unordered_map<PairKey, PairState, PairHash> m_pairs;
