@@ -81,7 +81,12 @@ public:
         PhysicsBody* b = bodyOf(contact->GetFixtureB());
         if (!reportsContact(a, b))
             return; // touching is read from the engine; only reports are tracked
-        PairState& pair = m_world.m_pairs[key(a, b)];
+        const auto [entry, added] = m_world.m_pairs.try_emplace(key(a, b));
+        if (added) {
+            ++a->m_reportedPairs;
+            ++b->m_reportedPairs;
+        }
+        PairState& pair = entry->second;
         if (++pair.touching != 1)
             return;
         auto pa = a->weak_from_this().lock();
@@ -123,7 +128,7 @@ public:
         if (--it->second.touching > 0)
             return;
         m_world.m_events.emplace_back(false, it->second.contact);
-        m_world.m_pairs.erase(it);
+        m_world.forgetPair(it);
     }
 
     void PreSolve(b2Contact* contact, const b2Manifold*) override
@@ -277,8 +282,10 @@ void PhysicsWorld::detach(PhysicsBody& body)
     body.m_body = nullptr;
     body.m_entering = false;
     body.m_world = nullptr;
-    std::erase_if(m_pairs,
-                  [&](const auto& entry) { return entry.first.first == &body || entry.first.second == &body; });
+    // Destroying the engine body ended its contacts, and with them its pairs;
+    // any left are dropped without a look at the pairs of other bodies.
+    for (auto it = m_pairs.begin(); body.m_reportedPairs > 0 && it != m_pairs.end();)
+        it = it->first.first == &body || it->first.second == &body ? forgetPair(it) : std::next(it);
     m_bodies.erase(std::remove(m_bodies.begin(), m_bodies.end(), &body), m_bodies.end());
     m_dynamicStale = true;
     if (body.m_following) {
@@ -286,6 +293,13 @@ void PhysicsWorld::detach(PhysicsBody& body)
         body.m_following = false;
     }
     body.m_nodeMoved = false;
+}
+
+PhysicsWorld::PairMap::iterator PhysicsWorld::forgetPair(PairMap::iterator pair)
+{
+    --pair->first.first->m_reportedPairs;
+    --pair->first.second->m_reportedPairs;
+    return m_pairs.erase(pair);
 }
 
 void PhysicsWorld::enterNewBodies()

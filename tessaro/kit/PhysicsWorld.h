@@ -187,6 +187,8 @@ private:
         }
     };
     static PairKey key(PhysicsBody* a, PhysicsBody* b) { return a < b ? PairKey{a, b} : PairKey{b, a}; }
+    using PairMap = std::unordered_map<PairKey, PairState, PairHash>;
+    PairMap::iterator forgetPair(PairMap::iterator pair);
 
     Scene& m_scene;
     std::unique_ptr<b2World> m_world;
@@ -199,7 +201,7 @@ private:
     bool m_entering = false; // bodies were attached since the last step
     bool m_writing = false; // the step's results are being written to the nodes
     std::vector<std::shared_ptr<PhysicsJoint>> m_joints;
-    std::unordered_map<PairKey, PairState, PairHash> m_pairs;
+    PairMap m_pairs;
     int m_pendingBegins = 0; // begin events waiting for their impulse in this step
     std::vector<std::pair<bool, PhysicsContact>> m_events; // (begin?, contact)
     PhysicsContactDelegate* m_delegate = nullptr;

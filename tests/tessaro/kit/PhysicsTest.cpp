@@ -584,4 +584,23 @@ TEST(Physics, BodiesPlacedAfterTheyEnterMeetOnlyWhereTheirNodesAre)
     layer->removeAllChildren();
     EXPECT_EQ(engine.GetContactCount(), 0);
     EXPECT_EQ(engine.GetBodyCount(), 1); // the world's own anchor for pins
+
+    // A floor that several balls rest on leaves and comes back: every
+    // contact ends with it, and every one begins again.
+    w.scene->physicsWorld().setGravity({0, -9.8});
+    auto floor = w.floor(0x1, 0x2, 0x2);
+    std::vector<NodePtr> balls;
+    for (int i = 0; i < 4; ++i)
+        balls.push_back(w.ball(0x2, 0x1, 0x1, {-150.0 + 100 * i, -180}));
+    w.run(0.5);
+    EXPECT_EQ(w.log.begins, 4);
+    floor->removeFromParent();
+    balls[0]->removeFromParent();
+    w.run(1.0 / 60);
+    EXPECT_EQ(w.log.ends, 4);
+    for (const NodePtr& ball : balls)
+        ball->setPosition(ball->position().x(), -180);
+    w.scene->addChild(floor);
+    w.run(1.0 / 60);
+    EXPECT_EQ(w.log.begins, 7);
 }
