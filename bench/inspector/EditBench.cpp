@@ -3,7 +3,7 @@
 // editor makes it:
 // - a click on an obstacle until its selection is published;
 // - a selection until the inspector's primary and device panes show it;
-// - an edit of the primary list and of the device pane;
+// - an edit of the primary list and of the device pane, and the undo of one;
 // - an edit that lays the ground again;
 // - paste, and its undo and redo;
 // - 1,000 nudges that are 1,000 steps, then 1,000 undos, over and over: the
@@ -130,6 +130,24 @@ void BM_ApplyPrimary(benchmark::State& state)
     e.tab().undoStack().clear();
 }
 BENCHMARK(BM_ApplyPrimary)->Unit(benchmark::kMillisecond)->MinTime(2);
+
+// Only the undo is timed; each one takes back the edit just made.
+void BM_UndoPrimary(benchmark::State& state)
+{
+    Editing& e = editing();
+    e.select(e.scene->storedOrder(sceneObjectType::obstacles)[1100]);
+    QUndoStack& history = e.tab().undoStack();
+    QElapsedTimer clock;
+    double depth = 10;
+    for (auto _ : state) {
+        e.edits().applyPrimaryProperty(publishedElementList::zPosition, depth += 1);
+        clock.start();
+        history.undo();
+        state.SetIterationTime(double(clock.nsecsElapsed()) / 1e9);
+    }
+    history.clear();
+}
+BENCHMARK(BM_UndoPrimary)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(2);
 
 void BM_ApplyDevice(benchmark::State& state)
 {
