@@ -52,7 +52,7 @@ void BM_LoadLevel(benchmark::State& state)
     state.counters["nodes"] = double(nodes);
     state.counters["clearMs"] = teardown / double(state.iterations());
 }
-BENCHMARK(BM_LoadLevel)->Unit(benchmark::kMillisecond)->MinTime(3);
+BENCHMARK(BM_LoadLevel)->Unit(benchmark::kMillisecond);
 
 void BM_WriteBack(benchmark::State& state)
 {
@@ -62,7 +62,7 @@ void BM_WriteBack(benchmark::State& state)
         scene->writeBack(env.levelId);
     state.counters["obstacles"] = double(env.tab->levelConfig().front().obstacles->size());
 }
-BENCHMARK(BM_WriteBack)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_WriteBack)->Unit(benchmark::kMillisecond);
 
 // Saving the shown level: written back from its scene, the project encoded
 // to the bytes of its file (the disk left out).
@@ -82,7 +82,7 @@ void BM_SaveShownLevel(benchmark::State& state)
     state.counters["writeBackMs"] = writeBack / double(state.iterations());
     state.counters["MB"] = double(bytes) / 1e6;
 }
-BENCHMARK(BM_SaveShownLevel)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_SaveShownLevel)->Unit(benchmark::kMillisecond);
 
 // A change of level as the tab makes it: the shown level, which has run a
 // frame, is written back and dropped with its nodes; the other one is laid
@@ -121,7 +121,7 @@ void BM_SwitchLevel(benchmark::State& state)
     env.tab->setLevelConfig(std::move(levels));
     env.tab->setLevelSelected(env.levelId);
 }
-BENCHMARK(BM_SwitchLevel)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_SwitchLevel)->Unit(benchmark::kMillisecond);
 
 void BM_RenderLevel(benchmark::State& state)
 {
@@ -141,7 +141,7 @@ void BM_RenderLevel(benchmark::State& state)
     state.counters["height"] = picture.height();
     state.counters["pngBytes"] = double(bytes);
 }
-BENCHMARK(BM_RenderLevel)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_RenderLevel)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
@@ -176,4 +176,4 @@ void BM_FirstFrames(benchmark::State& state)
     state.counters["nextMs"] = next / double(state.iterations());
     state.counters["contacts"] = contacts;
 }
-BENCHMARK(BM_FirstFrames)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_FirstFrames)->Unit(benchmark::kMillisecond);
