@@ -29,19 +29,19 @@ constexpr int pictureSide = 2048;
 /// The canvas a sheet of 1100 by 600 shows beside its side column.
 const QSize shownCanvas(660, 512);
 
-std::vector<physicsElement> shapes(int count, int vertices)
+std::vector<PhysicsElement> shapes(int count, int vertices)
 {
-    std::vector<physicsElement> list;
+    std::vector<PhysicsElement> list;
     for (int i = 0; i < count; ++i) {
-        const auto type = physicsType(i % 4);
-        physicsElement element = physicsElement::make(type, {double(i), double(-i)});
+        const auto type = PhysicsType(i % 4);
+        PhysicsElement element = PhysicsElement::make(type, {double(i), double(-i)});
         element.framesAffected = i % 3 == 0 ? "0,1" : "";
         element.size = {double(10 + i % 50), double(20 + i % 30)};
         element.center = {double(i % 100), double(i % 70)};
         element.radius = 5 + i % 40;
         element.startPoint = {-9999, double(i)};
         element.endPoint = {9999, double(-i)};
-        for (int v = 1; type == physicsType::polygon && v < vertices; ++v) {
+        for (int v = 1; type == PhysicsType::polygon && v < vertices; ++v) {
             const double angle = 2 * M_PI * v / vertices;
             element.points.push_back({tessaro::Uuid::create(), {600 * std::cos(angle), 600 * std::sin(angle)}});
         }
@@ -66,9 +66,9 @@ void BM_PolygonHandleDragFrame(benchmark::State& state)
     // One pixel per point: the picture is 2048 points wide on the canvas.
     tessaro::globalAppConfig().base.defaultImageScale = tessaro::imageScaling::x1;
     // A sheet that takes dropped pictures, showing the big one.
-    imagePhysicsSession session(physicsEditMode::base, nullptr, nullptr);
+    ImagePhysicsSession session(PhysicsEditMode::base, nullptr, nullptr);
     session.dropImageFiles({path});
-    physicsElement polygon = physicsElement::make(physicsType::polygon, {600, 0});
+    PhysicsElement polygon = PhysicsElement::make(PhysicsType::polygon, {600, 0});
     for (int v = 1; v < 64; ++v) {
         const double angle = 2 * M_PI * v / 64;
         polygon.points.push_back({tessaro::Uuid::create(), {600 * std::cos(angle), 600 * std::sin(angle)}});
@@ -77,8 +77,8 @@ void BM_PolygonHandleDragFrame(benchmark::State& state)
     session.restoreElements({polygon});
     session.selectRow(polygon.id);
 
-    physicsCanvasScene scene(session);
-    QObject::connect(&session, &imagePhysicsSession::changed, [&scene] { scene.refresh(); });
+    PhysicsCanvasScene scene(session);
+    QObject::connect(&session, &ImagePhysicsSession::changed, [&scene] { scene.refresh(); });
     const QSizeF content = scene.contentSize();
     scene.setSize(content);
     tessaro::kit::Renderer renderer;
@@ -107,7 +107,7 @@ BENCHMARK(BM_PolygonHandleDragFrame)->Unit(benchmark::kMillisecond);
 
 void BM_ShapesToRecord1000(benchmark::State& state)
 {
-    const std::vector<physicsElement> list = shapes(1000, 8);
+    const std::vector<PhysicsElement> list = shapes(1000, 8);
     for (auto _ : state)
         benchmark::DoNotOptimize(buildPhysicsProperty(list));
 }

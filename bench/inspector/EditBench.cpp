@@ -35,7 +35,7 @@ namespace {
 /// The big level on a canvas of its tab, with editing installed.
 struct Editing {
     tessaro::bench::BigLevel level;
-    std::shared_ptr<sceneEditor> scene;
+    std::shared_ptr<SceneEditor> scene;
     ElementClipboard clipboard;
 
     Editing()
@@ -45,22 +45,22 @@ struct Editing {
         level.tab->setCurrentScene(scene);
         scene->processFrame(0); // the canvas has been shown once
     }
-    projectTab& tab() { return *level.tab; }
+    ProjectTab& tab() { return *level.tab; }
     EditRouting edits() { return EditRouting(tab(), &clipboard); }
     /// An obstacle that a click selects without the menu, and the point of the click.
-    std::pair<elementNodePtr, QPointF> loneObstacle()
+    std::pair<ElementNodePtr, QPointF> loneObstacle()
     {
-        for (const elementNodePtr& node : scene->storedOrder(sceneObjectType::obstacles)) {
+        for (const ElementNodePtr& node : scene->storedOrder(sceneObjectType::obstacles)) {
             int elements = 0;
             for (const tessaro::kit::NodePtr& hit : scene->nodesAtPoint(node->position()))
-                if (auto element = std::dynamic_pointer_cast<elementNode>(hit))
+                if (auto element = std::dynamic_pointer_cast<ElementNode>(hit))
                     elements += element->kind() != sceneObjectType::background;
             if (elements == 1)
                 return {node, node->position()};
         }
         return {};
     }
-    void select(const elementNodePtr& node)
+    void select(const ElementNodePtr& node)
     {
         scene->deselect();
         scene->selectNode(node);
@@ -105,15 +105,15 @@ BENCHMARK(BM_ClickToSelection)->Unit(benchmark::kMillisecond);
 void BM_SelectionToPanes(benchmark::State& state)
 {
     Editing& e = editing();
-    const std::vector<elementNodePtr> obstacles = e.scene->storedOrder(sceneObjectType::obstacles);
-    const rowBinding binding{&e.tab(), nullptr, modelType::Primary, false};
+    const std::vector<ElementNodePtr> obstacles = e.scene->storedOrder(sceneObjectType::obstacles);
+    const RowBinding binding{&e.tab(), nullptr, ModelType::Primary, false};
     std::size_t next = 0;
     for (auto _ : state) {
         // Another element each time, as a designer clicks through a level.
         e.select(obstacles[next++ % obstacles.size()]);
         InspectorHead head(binding);
-        primaryPropertyListView primary(binding);
-        deviceSpecificPropertyView device(binding);
+        PrimaryPropertyListView primary(binding);
+        DeviceSpecificPropertyView device(binding);
         primary.adjustSize();
         benchmark::DoNotOptimize(device.sizeHint());
     }
@@ -126,7 +126,7 @@ void BM_ApplyPrimary(benchmark::State& state)
     e.select(e.scene->storedOrder(sceneObjectType::obstacles)[1000]);
     double depth = 10;
     for (auto _ : state)
-        e.edits().applyPrimaryProperty(publishedElementList::zPosition, depth += 1);
+        e.edits().applyPrimaryProperty(PublishedElementList::zPosition, depth += 1);
     e.tab().undoStack().clear();
 }
 BENCHMARK(BM_ApplyPrimary)->Unit(benchmark::kMillisecond);
@@ -140,7 +140,7 @@ void BM_UndoPrimary(benchmark::State& state)
     QElapsedTimer clock;
     double depth = 10;
     for (auto _ : state) {
-        e.edits().applyPrimaryProperty(publishedElementList::zPosition, depth += 1);
+        e.edits().applyPrimaryProperty(PublishedElementList::zPosition, depth += 1);
         clock.start();
         history.undo();
         state.SetIterationTime(double(clock.nsecsElapsed()) / 1e9);
@@ -155,7 +155,7 @@ void BM_ApplyDevice(benchmark::State& state)
     e.select(e.scene->storedOrder(sceneObjectType::obstacles)[1200]);
     double x = 0;
     for (auto _ : state)
-        e.edits().applyDeviceProperty(publishedElementList::position, tessaro::PointValue{x += 1, 40});
+        e.edits().applyDeviceProperty(PublishedElementList::position, tessaro::PointValue{x += 1, 40});
     e.tab().undoStack().clear();
 }
 BENCHMARK(BM_ApplyDevice)->Unit(benchmark::kMillisecond);
@@ -166,7 +166,7 @@ void BM_GroundRebuild(benchmark::State& state)
     e.select(e.scene->storedOrder(sceneObjectType::ground)[50]);
     std::int64_t count = 1;
     for (auto _ : state)
-        e.edits().applyPrimaryProperty(publishedElementList::repeatCount, count = 3 - count);
+        e.edits().applyPrimaryProperty(PublishedElementList::repeatCount, count = 3 - count);
     e.tab().undoStack().clear();
 }
 BENCHMARK(BM_GroundRebuild)->Unit(benchmark::kMillisecond);
@@ -203,15 +203,15 @@ void BM_ThousandNudgesThenUndos(benchmark::State& state)
 {
     Editing& e = editing();
     // Two elements in turn, so that no nudge joins the one before: 1,000 steps.
-    const std::vector<elementNodePtr> obstacles = e.scene->storedOrder(sceneObjectType::obstacles);
-    elementNode* pair[] = {obstacles[300].get(), obstacles[301].get()};
+    const std::vector<ElementNodePtr> obstacles = e.scene->storedOrder(sceneObjectType::obstacles);
+    ElementNode* pair[] = {obstacles[300].get(), obstacles[301].get()};
     QUndoStack& history = e.tab().undoStack();
     double firstRound = 0;
     double peakSteps = 0;
     for (auto _ : state) {
         for (int i = 0; i < 1000; ++i) {
-            elementNode& node = *pair[i % 2];
-            const tessaro::PointValue at = sceneEditor::storedPosition(node);
+            ElementNode& node = *pair[i % 2];
+            const tessaro::PointValue at = SceneEditor::storedPosition(node);
             e.edits().moveElement(node, {at.x + 1, at.y}, true);
         }
         peakSteps = std::max(peakSteps, double(history.index()));

@@ -51,7 +51,7 @@ void makeCatalogue()
 void BM_LibraryFilterKeystroke(benchmark::State& state)
 {
     makeCatalogue();
-    const std::vector<libraryCell> cells = libraryCells(sceneObjectType::coin);
+    const std::vector<LibraryCell> cells = libraryCells(sceneObjectType::coin);
     const QString typed = QStringLiteral("Gold 04");
     qsizetype length = 0;
     std::size_t kept = 0;

@@ -15,7 +15,7 @@ namespace tessaro::bench {
 
 using stagewright::extrasFolder;
 using stagewright::kindImageFolder;
-using stagewright::projectTab;
+using stagewright::ProjectTab;
 using stagewright::setWorkingSpacePathValue;
 using tessaro::sceneObjectType;
 
@@ -113,14 +113,14 @@ BigLevel::BigLevel()
     shape.backgroundsPerLevel = 4;
     std::vector<tessaro::Level> levels = tessaro::bench::makeSyntheticProject(shape);
     levelId = *levels.front().id;
-    tab = std::make_unique<projectTab>(tessaro::Uuid::create(), QStringLiteral("Bench"));
+    tab = std::make_unique<ProjectTab>(tessaro::Uuid::create(), QStringLiteral("Bench"));
     tab->setLevelConfig(std::move(levels));
     tab->setLevelSelected(levelId);
 }
 
-std::shared_ptr<stagewright::sceneEditor> BigLevel::loadedScene()
+std::shared_ptr<stagewright::SceneEditor> BigLevel::loadedScene()
 {
-    auto scene = stagewright::sceneEditor::create(tab.get(), stagewright::SceneSetup{});
+    auto scene = stagewright::SceneEditor::create(tab.get(), stagewright::SceneSetup{});
     scene->loadLevel(levelId);
     return scene;
 }

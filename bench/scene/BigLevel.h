@@ -16,11 +16,11 @@ struct BigLevel {
     BigLevel();
 
     /// A new scene with the level loaded (its images read once before).
-    std::shared_ptr<stagewright::sceneEditor> loadedScene();
+    std::shared_ptr<stagewright::SceneEditor> loadedScene();
 
     QTemporaryDir scratch;
     QString workspace;
-    std::unique_ptr<stagewright::projectTab> tab;
+    std::unique_ptr<stagewright::ProjectTab> tab;
     tessaro::Uuid levelId;
 };
 

@@ -111,7 +111,7 @@ void BM_SwitchLevel(benchmark::State& state)
         drop += clock.nsecsElapsed() / 1e6;
         shown = 1 - shown;
         env.tab->setLevelSelected(ids[shown]);
-        scene = sceneEditor::create(env.tab.get(), SceneSetup{});
+        scene = SceneEditor::create(env.tab.get(), SceneSetup{});
         scene->loadLevel(ids[shown]);
     }
     state.counters["dropMs"] = drop / double(state.iterations());

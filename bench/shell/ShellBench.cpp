@@ -202,7 +202,7 @@ void BM_ScrollBigLevelFrame(benchmark::State& state)
 {
     static BigLevelWindow* big = new BigLevelWindow; // kept for the run: the state is not made twice
     CanvasView* canvas = big->window->frontCanvas();
-    const sceneEditorPtr scene = sceneEditorOf(canvas->shownScene());
+    const SceneEditorPtr scene = sceneEditorOf(canvas->shownScene());
     if (!scene) {
         state.SkipWithError("no canvas scene");
         return;
@@ -222,7 +222,7 @@ void BM_ScrollBigLevelFrame(benchmark::State& state)
         x += 12;
         if (x > 7000)
             x = 0;
-        scene->moveScene(publishedElementList::scenePosition, tessaro::PointValue{x, 0});
+        scene->moveScene(PublishedElementList::scenePosition, tessaro::PointValue{x, 0});
         time += 1.0 / 60;
         scene->processFrame(time);
         canvas->sceneView()->repaint();
