@@ -39,7 +39,7 @@ void BM_SnapshotOnMainThread(benchmark::State& state)
     }
     env.tab->setCurrentScene(nullptr);
 }
-BENCHMARK(BM_SnapshotOnMainThread)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_SnapshotOnMainThread)->Unit(benchmark::kMillisecond);
 
 void writeCopies(benchmark::State& state, RecoverySnapshot snapshot)
 {
@@ -60,7 +60,7 @@ void BM_WriteBigLevelOnWriter(benchmark::State& state)
     snapshot.levels = env.tab->levelConfig();
     writeCopies(state, std::move(snapshot));
 }
-BENCHMARK(BM_WriteBigLevelOnWriter)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_WriteBigLevelOnWriter)->Unit(benchmark::kMillisecond);
 
 void BM_WriteSyntheticProjectOnWriter(benchmark::State& state)
 {
@@ -69,7 +69,7 @@ void BM_WriteSyntheticProjectOnWriter(benchmark::State& state)
     snapshot.levels = tessaro::bench::makeSyntheticProject();
     writeCopies(state, std::move(snapshot));
 }
-BENCHMARK(BM_WriteSyntheticProjectOnWriter)->Unit(benchmark::kMillisecond)->MinTime(2);
+BENCHMARK(BM_WriteSyntheticProjectOnWriter)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -468,8 +468,18 @@ struct Hit {
 
 void collectHits(const Node& node, const QPointF& p, qreal z, int& order, std::vector<Hit>& hits)
 {
-    for (const auto& childPtr : node.children()) {
-        const Node& child = *childPtr;
+    // A layer of a big level holds thousands of nodes scattered in memory,
+    // and waiting for each in turn is most of a hit test: ask for the ones
+    // a few places ahead while this one is looked at.
+    constexpr std::size_t ahead = 4;
+    const std::vector<NodePtr>& children = node.children();
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        if (i + ahead < children.size()) {
+            const char* next = reinterpret_cast<const char*>(children[i + ahead].get());
+            for (std::size_t offset = 0; offset < sizeof(Node); offset += 64)
+                __builtin_prefetch(next + offset);
+        }
+        const Node& child = *children[i];
         if (child.isHidden())
             continue;
         QPointF q;

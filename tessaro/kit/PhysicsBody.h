@@ -205,6 +205,8 @@ private:
     QPointF m_writtenPosition;
     qreal m_writtenRotation = 0;
     bool m_written = false;
+    int m_reportedPairs = 0; // entries of the world's reported pairs that hold this body
+    bool m_entering = false; // attached since the last step; the engine body waits, disabled
     bool m_following = false; // waits in the world's list of bodies to follow their nodes
     bool m_nodeMoved = false; // its node (or an ancestor) moved since it last followed
     bool m_mirrorX = false; // the engine's shapes are mirrored on x

@@ -81,7 +81,12 @@ public:
         PhysicsBody* b = bodyOf(contact->GetFixtureB());
         if (!reportsContact(a, b))
             return; // touching is read from the engine; only reports are tracked
-        PairState& pair = m_world.m_pairs[key(a, b)];
+        const auto [entry, added] = m_world.m_pairs.try_emplace(key(a, b));
+        if (added) {
+            ++a->m_reportedPairs;
+            ++b->m_reportedPairs;
+        }
+        PairState& pair = entry->second;
         if (++pair.touching != 1)
             return;
         auto pa = a->weak_from_this().lock();
@@ -123,7 +128,7 @@ public:
         if (--it->second.touching > 0)
             return;
         m_world.m_events.emplace_back(false, it->second.contact);
-        m_world.m_pairs.erase(it);
+        m_world.forgetPair(it);
     }
 
     void PreSolve(b2Contact* contact, const b2Manifold*) override
@@ -225,6 +230,14 @@ void PhysicsWorld::attach(PhysicsBody& body)
     def.bullet = body.m_precise;
     def.linearDamping = float(body.m_linearDamping);
     def.angularDamping = float(body.m_angularDamping);
+    // The engine body joins the broad-phase at the next step, where its node
+    // is by then. A node is often placed after it enters the scene (the
+    // editor's elements all are): bodies that joined at once would wait at
+    // their layer's origin, every pair of them overlapping there, and each
+    // removal before the step would search the engine's list of new proxies.
+    def.enabled = false;
+    body.m_entering = true;
+    m_entering = true;
     b2Body* b = m_world->CreateBody(&def);
     body.followMirror();
     body.addShapesTo(b);
@@ -235,7 +248,6 @@ void PhysicsWorld::attach(PhysicsBody& body)
     body.m_written = true;
     m_bodies.push_back(&body);
     m_dynamicStale = true;
-    m_unpairedProxies = true;
     updatePin(body);
 }
 
@@ -265,14 +277,15 @@ void PhysicsWorld::detach(PhysicsBody& body)
         m_world->DestroyJoint(body.m_pin);
         body.m_pin = nullptr;
     }
-    if (body.m_body) {
-        pairNewProxies();
+    if (body.m_body)
         m_world->DestroyBody(body.m_body); // reports the end of its contacts
-    }
     body.m_body = nullptr;
+    body.m_entering = false;
     body.m_world = nullptr;
-    std::erase_if(m_pairs,
-                  [&](const auto& entry) { return entry.first.first == &body || entry.first.second == &body; });
+    // Destroying the engine body ended its contacts, and with them its pairs;
+    // any left are dropped without a look at the pairs of other bodies.
+    for (auto it = m_pairs.begin(); body.m_reportedPairs > 0 && it != m_pairs.end();)
+        it = it->first.first == &body || it->first.second == &body ? forgetPair(it) : std::next(it);
     m_bodies.erase(std::remove(m_bodies.begin(), m_bodies.end(), &body), m_bodies.end());
     m_dynamicStale = true;
     if (body.m_following) {
@@ -282,17 +295,23 @@ void PhysicsWorld::detach(PhysicsBody& body)
     body.m_nodeMoved = false;
 }
 
-void PhysicsWorld::pairNewProxies()
+PhysicsWorld::PairMap::iterator PhysicsWorld::forgetPair(PairMap::iterator pair)
 {
-    if (!m_unpairedProxies)
+    --pair->first.first->m_reportedPairs;
+    --pair->first.second->m_reportedPairs;
+    return m_pairs.erase(pair);
+}
+
+void PhysicsWorld::enterNewBodies()
+{
+    if (!m_entering)
         return;
-    // The engine keeps every new proxy in a list until the next step pairs it,
-    // and each destroyed proxy is searched for in that list. A world that is
-    // edited but never stepped (the editor's canvas) would search thousands of
-    // entries per removed body; pairing empties the list. The contact manager
-    // is a plain member of the world, so writing through it is sound.
-    const_cast<b2ContactManager&>(m_world->GetContactManager()).FindNewContacts();
-    m_unpairedProxies = false;
+    for (PhysicsBody* body : m_bodies)
+        if (body->m_entering) {
+            body->m_entering = false;
+            body->m_body->SetEnabled(true);
+        }
+    m_entering = false;
 }
 
 void PhysicsWorld::updatePin(PhysicsBody& body)
@@ -563,6 +582,7 @@ void PhysicsWorld::simulate(double dt)
     createPendingJoints();
     const double time = std::min(std::max(0.0, dt * m_speed), kStep * kMaxSteps);
     syncBodiesFromNodes(time);
+    enterNewBodies();
     if (time <= 0) {
         m_world->Step(0.0f, m_velocityIterations, m_positionIterations); // finds contacts, moves nothing
     } else {
@@ -572,7 +592,6 @@ void PhysicsWorld::simulate(double dt)
             m_world->Step(h, m_velocityIterations, m_positionIterations);
         writeBodiesToNodes();
     }
-    m_unpairedProxies = false; // a step pairs them
     deliverContacts();
 }
 

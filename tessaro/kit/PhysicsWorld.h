@@ -162,7 +162,7 @@ private:
     void attach(PhysicsBody& body);
     void detach(PhysicsBody& body);
     void updatePin(PhysicsBody& body);
-    void pairNewProxies();
+    void enterNewBodies();
     std::vector<PhysicsBodyPtr> contactedBodies(const PhysicsBody& body) const;
     void follow(PhysicsBody& body, bool nodeMoved);
     void followSubtree(Node& node);
@@ -187,6 +187,8 @@ private:
         }
     };
     static PairKey key(PhysicsBody* a, PhysicsBody* b) { return a < b ? PairKey{a, b} : PairKey{b, a}; }
+    using PairMap = std::unordered_map<PairKey, PairState, PairHash>;
+    PairMap::iterator forgetPair(PairMap::iterator pair);
 
     Scene& m_scene;
     std::unique_ptr<b2World> m_world;
@@ -196,10 +198,10 @@ private:
     std::vector<PhysicsBody*> m_following; // bodies to move to their nodes at the next step
     std::vector<b2Body*> m_dynamic; // the engine bodies of the dynamic ones of m_bodies, rebuilt when stale
     bool m_dynamicStale = true;
-    bool m_unpairedProxies = false; // bodies were created since the engine last paired proxies
+    bool m_entering = false; // bodies were attached since the last step
     bool m_writing = false; // the step's results are being written to the nodes
     std::vector<std::shared_ptr<PhysicsJoint>> m_joints;
-    std::unordered_map<PairKey, PairState, PairHash> m_pairs;
+    PairMap m_pairs;
     int m_pendingBegins = 0; // begin events waiting for their impulse in this step
     std::vector<std::pair<bool, PhysicsContact>> m_events; // (begin?, contact)
     PhysicsContactDelegate* m_delegate = nullptr;

@@ -57,6 +57,8 @@ std::shared_ptr<ShapeNode> ShapeNode::shapeNodeWithPoints(const std::vector<QPoi
 void ShapeNode::setPath(const QPainterPath& path)
 {
     m_path = path;
+    m_pathEmpty = path.isEmpty();
+    m_pathBounds = path.boundingRect();
     touch();
 }
 
@@ -98,10 +100,10 @@ void ShapeNode::setAntialiased(bool on)
 
 QRectF ShapeNode::contentRect() const
 {
-    if (m_path.isEmpty())
+    if (m_pathEmpty)
         return {};
     const qreal half = m_lineWidth > 0 && m_strokeColor.alpha() > 0 ? m_lineWidth / 2 : 0;
-    return m_path.boundingRect().adjusted(-half, -half, half, half);
+    return m_pathBounds.adjusted(-half, -half, half, half);
 }
 
 void ShapeNode::draw(DrawContext& ctx) const

@@ -11,7 +11,7 @@ namespace tessaro::kit {
 class ShapeNode : public Node {
 public:
     ShapeNode() = default;
-    explicit ShapeNode(const QPainterPath& path) : m_path(path) {}
+    explicit ShapeNode(const QPainterPath& path) { setPath(path); }
 
     /// A shape of `path`, in the node's y-up space; with `centered` the path is
     /// moved so that the centre of its bounding box is at the origin.
@@ -46,11 +46,14 @@ public:
 
     /// The path's bounds grown by half the line width.
     QRectF contentRect() const override;
-    bool hasContent() const override { return !m_path.isEmpty(); }
+    bool hasContent() const override { return !m_pathEmpty; }
     void draw(DrawContext& context) const override;
 
 private:
     QPainterPath m_path;
+    // Read on every hit test of the scene: kept beside the node, not behind the path's data.
+    QRectF m_pathBounds;
+    bool m_pathEmpty = true;
     QColor m_strokeColor{Qt::white};
     QColor m_fillColor{Qt::transparent};
     qreal m_lineWidth = 1;

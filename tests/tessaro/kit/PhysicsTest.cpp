@@ -547,3 +547,60 @@ TEST(Physics, BodiesMirrorWithTheirNodes)
     EXPECT_TRUE(w.scene->physicsWorld().bodyAtPoint({-220, 0}));
     EXPECT_FALSE(w.scene->physicsWorld().bodyAtPoint({-180, 0}));
 }
+
+TEST(Physics, BodiesPlacedAfterTheyEnterMeetOnlyWhereTheirNodesAre)
+{
+    // The editor adds each element to its layer, then places it, and may
+    // remove elements before the next step: no pair of bodies may be looked
+    // at where they all entered.
+    World w;
+    w.scene->physicsWorld().setGravity({0, 0});
+    auto layer = Node::create();
+    w.scene->addChild(layer);
+    std::vector<NodePtr> nodes;
+    for (int i = 0; i < 200; ++i) {
+        auto node = Node::create();
+        node->setPhysicsBody(PhysicsBody::bodyWithRectangleOfSize({20, 20}));
+        layer->addChild(node);
+        node->setPosition(100.0 * i, 0);
+        nodes.push_back(node);
+    }
+    b2World& engine = w.scene->physicsWorld().engine();
+    nodes[5]->removeFromParent();
+    EXPECT_EQ(engine.GetContactCount(), 0);
+    w.run(1.0 / 60);
+    EXPECT_EQ(engine.GetContactCount(), 0);
+    EXPECT_EQ(w.scene->physicsWorld().bodyAtPoint({100.0 * 7, 0}), nodes[7]->physicsBodyPtr());
+    EXPECT_EQ(w.scene->physicsWorld().bodyAtPoint({100.0 * 5, 0}), nullptr);
+
+    // Two of them placed on each other meet there, once.
+    auto late = Node::create();
+    late->setPhysicsBody(PhysicsBody::bodyWithRectangleOfSize({20, 20}));
+    layer->addChild(late);
+    late->setPosition(100.0 * 7 + 10, 0);
+    nodes[9]->removeFromParent();
+    w.run(1.0 / 60);
+    EXPECT_EQ(engine.GetContactCount(), 1);
+    layer->removeAllChildren();
+    EXPECT_EQ(engine.GetContactCount(), 0);
+    EXPECT_EQ(engine.GetBodyCount(), 1); // the world's own anchor for pins
+
+    // A floor that several balls rest on leaves and comes back: every
+    // contact ends with it, and every one begins again.
+    w.scene->physicsWorld().setGravity({0, -9.8});
+    auto floor = w.floor(0x1, 0x2, 0x2);
+    std::vector<NodePtr> balls;
+    for (int i = 0; i < 4; ++i)
+        balls.push_back(w.ball(0x2, 0x1, 0x1, {-150.0 + 100 * i, -180}));
+    w.run(0.5);
+    EXPECT_EQ(w.log.begins, 4);
+    floor->removeFromParent();
+    balls[0]->removeFromParent();
+    w.run(1.0 / 60);
+    EXPECT_EQ(w.log.ends, 4);
+    for (const NodePtr& ball : balls)
+        ball->setPosition(ball->position().x(), -180);
+    w.scene->addChild(floor);
+    w.run(1.0 / 60);
+    EXPECT_EQ(w.log.begins, 7);
+}

@@ -201,6 +201,20 @@ TEST(SceneGraph, HitTestingFindsChildrenSkipsHiddenSubtreesAndSortsByGlobalDepth
     EXPECT_EQ(names(scene->nodesAtPoint({-150 + 15, 15})), (QStringList{"bar"}));
     bar->setXScale(0);
     EXPECT_TRUE(scene->nodesAtPoint({-150, 0}).empty());
+
+    // A shape is hit inside its path, as it is now; an empty one never.
+    auto outline = ShapeNode::shapeNodeWithRect({0, -120, 20, 20});
+    outline->setName(QStringLiteral("outline"));
+    outline->setLineWidth(0);
+    scene->addChild(outline);
+    EXPECT_EQ(names(scene->nodesAtPoint({10, -110})), (QStringList{"outline"}));
+    QPainterPath moved;
+    moved.addRect(100, -120, 20, 20);
+    outline->setPath(moved);
+    EXPECT_TRUE(scene->nodesAtPoint({10, -110}).empty());
+    EXPECT_EQ(names(scene->nodesAtPoint({110, -110})), (QStringList{"outline"}));
+    outline->setPath(QPainterPath());
+    EXPECT_TRUE(scene->nodesAtPoint({110, -110}).empty());
 }
 
 TEST(SceneGraph, FramesConversionsAndIntersection)
