@@ -304,23 +304,19 @@ void ElementNode::addGlow()
     effect->addChild(copy);
     glow->addChild(effect);
     addChild(glow);
+    m_glow = glow;
 }
 
 bool ElementNode::hasGlow() const
 {
-    for (const auto& child : children())
-        if (child->name() == QLatin1String("glow"))
-            return true;
-    return false;
+    return m_glow && m_glow->parent() == this;
 }
 
 void ElementNode::removeGlow()
 {
-    std::vector<tessaro::kit::NodePtr> glows;
-    for (const auto& child : children())
-        if (child->name() == QLatin1String("glow"))
-            glows.push_back(child);
-    removeChildrenInArray(glows);
+    if (hasGlow())
+        m_glow->removeFromParent();
+    m_glow.reset();
 }
 
 } // namespace stagewright

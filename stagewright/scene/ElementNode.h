@@ -124,6 +124,10 @@ public:
 
 private:
     std::string physicsImageName() const;
+
+    /// The glow child, kept so that the scene's many "is it glowing"
+    /// questions do not search the children.
+    tessaro::kit::NodePtr m_glow;
 };
 
 using ElementNodePtr = std::shared_ptr<ElementNode>;
