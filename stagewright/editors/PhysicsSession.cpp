@@ -664,42 +664,48 @@ QUndoStack* ImagePhysicsSession::catalogueHistory() const
     return m_mode == PhysicsEditMode::base && m_catalogues ? &m_catalogues->history() : nullptr;
 }
 
+const QUndoStack* ImagePhysicsSession::historyOfStep(bool back) const
+{
+    // The sheet's own steps come first; at the start of them, the catalogue's.
+    const auto has = [back](const QUndoStack& stack) { return back ? stack.canUndo() : stack.canRedo(); };
+    if (has(m_history))
+        return &m_history;
+    const QUndoStack* catalogue = catalogueHistory();
+    return catalogue && m_history.index() == 0 && has(*catalogue) ? catalogue : nullptr;
+}
+
 bool ImagePhysicsSession::canUndo() const
 {
-    const QUndoStack* catalogue = catalogueHistory();
-    return m_history.canUndo() || (catalogue && m_history.index() == 0 && catalogue->canUndo());
+    return historyOfStep(true);
 }
 
 QString ImagePhysicsSession::undoText() const
 {
-    return m_history.canUndo() || !canUndo() ? m_history.undoText() : catalogueHistory()->undoText();
+    const QUndoStack* history = historyOfStep(true);
+    return (history ? *history : m_history).undoText();
 }
 
 void ImagePhysicsSession::undo()
 {
-    if (m_history.canUndo())
-        m_history.undo();
-    else if (canUndo())
-        catalogueHistory()->undo();
+    if (const QUndoStack* history = historyOfStep(true))
+        const_cast<QUndoStack*>(history)->undo();
 }
 
 bool ImagePhysicsSession::canRedo() const
 {
-    const QUndoStack* catalogue = catalogueHistory();
-    return m_history.canRedo() || (catalogue && m_history.index() == 0 && catalogue->canRedo());
+    return historyOfStep(false);
 }
 
 QString ImagePhysicsSession::redoText() const
 {
-    return m_history.canRedo() || !canRedo() ? m_history.redoText() : catalogueHistory()->redoText();
+    const QUndoStack* history = historyOfStep(false);
+    return (history ? *history : m_history).redoText();
 }
 
 void ImagePhysicsSession::redo()
 {
-    if (m_history.canRedo())
-        m_history.redo();
-    else if (canRedo())
-        catalogueHistory()->redo();
+    if (const QUndoStack* history = historyOfStep(false))
+        const_cast<QUndoStack*>(history)->redo();
 }
 
 void ImagePhysicsSession::reloadTemplateShapes()

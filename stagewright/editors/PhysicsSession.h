@@ -182,6 +182,8 @@ private:
     void reloadImage();
     /// The catalogues' history when the sheet edits a template.
     QUndoStack* catalogueHistory() const;
+    /// The history an undo (`back`) or a redo takes a step of, or none.
+    const QUndoStack* historyOfStep(bool back) const;
     /// The list as the template holds it now, with no steps of the sheet's own.
     void reloadTemplateShapes();
 

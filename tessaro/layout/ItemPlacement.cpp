@@ -98,24 +98,28 @@ PointValue itemPosition(sceneObjectType kind, const std::optional<std::vector<De
                         context.deviceValue<fieldList::offset>(devices), height, useGravity, ground, context);
 }
 
+/// An obstacle or a character: its item's override record over its catalogue record.
+template <class Item, class Record>
+ItemLook overriddenLook(sceneObjectType kind, const Item& item, const Record& catalogue, const GroundPlan& ground,
+                        const LayoutContext& context)
+{
+    const Record* over = present(item.properties);
+    return look(kind, overOr(over, catalogue, &Record::image).value_or("placeholder"),
+                sizeOver(over, catalogue, context), item.zPosition,
+                overOr(over, catalogue, &Record::useGravity).value_or(false), over ? over->devices : noDevices(),
+                ground, context);
+}
+
 ItemLook obstacleLook(const ObstacleLevelItem& item, const Obstacle& catalogue, const GroundPlan& ground,
                       const LayoutContext& context)
 {
-    const Obstacle* over = present(item.properties);
-    return look(sceneObjectType::obstacles, overOr(over, catalogue, &Obstacle::image).value_or("placeholder"),
-                sizeOver(over, catalogue, context), item.zPosition,
-                overOr(over, catalogue, &Obstacle::useGravity).value_or(false), over ? over->devices : noDevices(),
-                ground, context);
+    return overriddenLook(sceneObjectType::obstacles, item, catalogue, ground, context);
 }
 
 ItemLook characterLook(const CharacterLevelItem& item, const Character& catalogue, const GroundPlan& ground,
                        const LayoutContext& context)
 {
-    const Character* over = present(item.properties);
-    return look(sceneObjectType::character, overOr(over, catalogue, &Character::image).value_or("placeholder"),
-                sizeOver(over, catalogue, context), item.zPosition,
-                overOr(over, catalogue, &Character::useGravity).value_or(false), over ? over->devices : noDevices(),
-                ground, context);
+    return overriddenLook(sceneObjectType::character, item, catalogue, ground, context);
 }
 
 ItemLook checkpointLook(const CheckPointLocation& location, const GenericObject& catalogue, const GroundPlan& ground,

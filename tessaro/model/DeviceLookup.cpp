@@ -1,5 +1,7 @@
 #include "DeviceLookup.h"
 
+#include "NameLists.h"
+
 #include <utility>
 
 namespace tessaro {
@@ -22,21 +24,16 @@ DeviceProperties* ownDeviceEntry(std::vector<DeviceProperties>& devices, deviceN
     DeviceProperties* shared = deviceEntryFor(devices, device);
     if (!shared)
         return nullptr;
-    std::string others;
-    std::size_t names = 0;
-    for (std::string_view piece : splitNonEmpty(*shared->deviceName, ",")) {
-        ++names;
-        if (deviceListHolds(piece, device))
-            continue;
-        if (!others.empty())
-            others += ',';
-        others += piece;
-    }
-    if (names < 2 || others.empty())
+    const std::vector<std::string_view> names = splitNonEmpty(*shared->deviceName, ",");
+    std::vector<std::string> others;
+    for (std::string_view name : names)
+        if (!deviceListHolds(name, device))
+            others.emplace_back(name);
+    if (names.size() < 2 || others.empty())
         return shared;
     DeviceProperties own = *shared;
     own.deviceName = std::string(caseText(device));
-    shared->deviceName = std::move(others);
+    shared->deviceName = joinedNames(others, ',');
     const auto at = devices.begin() + (shared - devices.data()) + 1;
     return &*devices.insert(at, std::move(own));
 }

@@ -5,6 +5,7 @@
 
 #include "BoxedRecords.h"
 #include "LevelRecords.h"
+#include "NameLists.h"
 
 #include <charconv>
 #include <optional>
@@ -25,13 +26,7 @@ FieldPath::FieldPath(std::string_view dotted)
 
 std::string FieldPath::text() const
 {
-    std::string text;
-    for (const std::string& step : m_steps) {
-        if (!text.empty())
-            text += '.';
-        text += step;
-    }
-    return text;
+    return joinedNames(m_steps, '.');
 }
 
 FieldPath FieldPath::operator/(const FieldPath& rest) const

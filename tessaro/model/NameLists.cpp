@@ -42,10 +42,15 @@ std::string textFromNames(const std::vector<std::string>& names)
     std::vector<std::string> once;
     for (const std::string& name : names)
         addOnce(once, name);
+    return joinedNames(once, ',');
+}
+
+std::string joinedNames(const std::vector<std::string>& names, char separator)
+{
     std::string text;
-    for (const std::string& name : once) {
+    for (const std::string& name : names) {
         if (!text.empty())
-            text += ',';
+            text += separator;
         text += name;
     }
     return text;

@@ -15,5 +15,7 @@ std::vector<std::string> trimmedNamesFromText(std::string_view text);
 
 /// The names joined by "," with no blank, each once, empty ones left out.
 std::string textFromNames(const std::vector<std::string>& names);
+/// The names in their order, `separator` between two.
+std::string joinedNames(const std::vector<std::string>& names, char separator);
 
 } // namespace tessaro
