@@ -148,7 +148,12 @@ ImagePhysicsSession::ImagePhysicsSession(PhysicsEditMode mode, ProjectTab* tab, 
     }
 }
 
-ImagePhysicsSession::~ImagePhysicsSession() = default;
+ImagePhysicsSession::~ImagePhysicsSession()
+{
+    // The history empties itself as it goes and says so; the views that
+    // listen may be half gone by then.
+    m_history.disconnect(this);
+}
 
 // ---- Opening ------------------------------------------------------------------------------
 

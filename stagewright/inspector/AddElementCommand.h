@@ -38,23 +38,4 @@ private:
     std::optional<SceneEditor::ElementInPlace> m_added;
 };
 
-/// An image of a background of the object catalogue appended to the level's
-/// background list. The new background is selected.
-class AddBackgroundCommand : public HistoryStep {
-public:
-    AddBackgroundCommand(ProjectTab& tab, const SceneEditor& scene, std::string elementName);
-    void redoStep() override;
-    void undo() override;
-
-private:
-    void show(const std::optional<tessaro::Background>& list);
-
-    QPointer<ProjectTab> m_tab;
-    tessaro::Uuid m_levelId;
-    std::string m_elementName;
-    std::optional<tessaro::Background> m_before;
-    std::optional<std::optional<tessaro::Background>> m_after;
-    std::optional<tessaro::Uuid> m_addedId;
-};
-
 } // namespace stagewright

@@ -15,6 +15,13 @@
 #include <stagewright/state/SelectionModels.h>
 
 #include <tessaro/model/Enumerations.h>
+#include <tessaro/model/FieldPath.h>
+
+#include <optional>
+
+namespace tessaro {
+struct BackgroundImage;
+}
 
 namespace stagewright {
 
@@ -31,9 +38,20 @@ void applyDeviceProperty(SceneEditor& scene, PublishedElementList element, const
 void applyAnimationProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value);
 /// A field or button of the cycle-end pane.
 void applyCycleEndProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value);
-/// A field or button of the background pane: the level's background record
-/// the pane shows.
-void applyBackgroundProperty(SceneEditor& scene, PublishedElementList element, const PropertyValue& value);
+/// Shows the background record with the id `value` in the background pane.
+void showBackgroundOfPane(SceneEditor& scene, const PropertyValue& value);
+
+/// A change of the background pane to the record it shows: the field below
+/// the record, its new value, and whether consecutive changes of it join.
+struct BackgroundFieldChange {
+    tessaro::FieldPath field;
+    tessaro::FieldValue value;
+    bool joins = true;
+};
+/// What a field or button of the background pane changes in `record`; none
+/// when the value cannot be used or the field is not the pane's.
+std::optional<BackgroundFieldChange> backgroundChange(const tessaro::BackgroundImage& record,
+                                                      PublishedElementList element, const PropertyValue& value);
 /// Adds a device field to the entry of the device the pane shows (made when
 /// missing), or removes it; an entry of another device that is left empty
 /// goes with it.

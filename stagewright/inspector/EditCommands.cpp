@@ -28,9 +28,7 @@ void reselect(SceneEditor& scene, const ElementNodePtr& node)
     const std::optional<tessaro::deviceName> device =
         tab ? std::optional(tab->selectedDeviceObject().nameSelected) : std::nullopt;
     const std::string cycleEnd = tab ? tab->selectedAnimationObject().End_SelectedId : std::string();
-    scene.deselect();
-    scene.clearGlow();
-    scene.selectNode(node);
+    scene.reselect(node);
     if (!tab || tab->elementPhase() != SelectionPhase::Selected)
         return;
     if (device && *device != tab->selectedDeviceObject().nameSelected)
@@ -76,6 +74,14 @@ SceneEditor* sceneShowing(ProjectTab* tab, const tessaro::Uuid& levelId)
     if (!tab || !tab->showLevel(levelId))
         return nullptr;
     return sceneEditorOf(tab->currentScene()).get();
+}
+
+std::function<void(const tessaro::Uuid&)> levelShower(ProjectTab& tab)
+{
+    return [tab = QPointer<ProjectTab>(&tab)](const tessaro::Uuid& levelId) {
+        if (tab)
+            tab->showLevel(levelId);
+    };
 }
 
 // ---- Element edits -------------------------------------------------------------------------
@@ -225,74 +231,6 @@ ResizeElementCommand::ResizeElementCommand(ProjectTab& tab, const ElementNode& n
 void ResizeElementCommand::apply(SceneEditor& scene, ElementNode& node)
 {
     storeDeviceValue(scene, node, tessaro::deviceName::defaultDevice, P::size, m_size);
-}
-
-// ---- Backgrounds ------------------------------------------------------------------------------
-
-BackgroundEditCommand::BackgroundEditCommand(ProjectTab& tab, const SceneEditor& scene, PublishedElementList element,
-                                             PropertyValue value)
-    : m_tab(&tab),
-      m_levelId(tab.levelSelected()),
-      m_backgroundId(tab.selectedObject().backgroundSelectedId),
-      m_element(element),
-      m_value(std::move(value)),
-      m_before(scene.backgroundList())
-{
-    setText(commandText("Change %1").arg(QString::fromUtf8(tessaro::caseText(element))));
-}
-
-void BackgroundEditCommand::redoStep()
-{
-    if (m_after) {
-        show(*m_after);
-        return;
-    }
-    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
-    if (!scene) {
-        setObsolete(true);
-        return;
-    }
-    applyBackgroundProperty(*scene, m_element, m_value);
-    m_after = scene->backgroundList();
-    if (*m_after == m_before)
-        setObsolete(true);
-}
-
-void BackgroundEditCommand::undo()
-{
-    show(m_before);
-}
-
-int BackgroundEditCommand::id() const
-{
-    return joinsTyping(m_element) ? editMergeId::background + int(m_element) : -1;
-}
-
-bool BackgroundEditCommand::mergeWith(const QUndoCommand* other)
-{
-    const auto* later = dynamic_cast<const BackgroundEditCommand*>(other);
-    if (!later || later->m_element != m_element || later->m_tab != m_tab || later->m_levelId != m_levelId ||
-        later->m_backgroundId != m_backgroundId || !later->m_after)
-        return false;
-    m_after = later->m_after;
-    setObsolete(*m_after == m_before);
-    return true;
-}
-
-void BackgroundEditCommand::show(const std::optional<tessaro::Background>& list)
-{
-    SceneEditor* scene = sceneShowing(m_tab, m_levelId);
-    if (!scene)
-        return;
-    scene->backgroundList() = list;
-    scene->rebuildBackgrounds();
-    emit scene->backgroundListChanged();
-    for (const tessaro::kit::NodePtr& layer : {scene->backgroundNodes(), scene->pinnedBackgroundNodes()})
-        for (const ElementNodePtr& node : SceneEditor::elementsOf(layer))
-            if (node->backgroundAssociatedId == m_backgroundId) {
-                reselect(*scene, node);
-                return;
-            }
 }
 
 // ---- Paste, cut and delete -------------------------------------------------------------------------

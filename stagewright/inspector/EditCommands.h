@@ -14,6 +14,7 @@
 
 #include <QPointer>
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -26,12 +27,13 @@ class ProjectTab;
 namespace editMergeId {
 inline constexpr int nudge = 1;
 inline constexpr int property = 1000; // + 200 * ModelType + the case
-inline constexpr int background = 2000; // + the case
 } // namespace editMergeId
 
 /// The scene of the tab showing `levelId`, which it switches to when another
 /// level is shown; null when the tab or the level is gone.
 SceneEditor* sceneShowing(ProjectTab* tab, const tessaro::Uuid& levelId);
+/// What a field step of a level `tab` draws calls to show that level first.
+std::function<void(const tessaro::Uuid&)> levelShower(ProjectTab& tab);
 
 class ElementEditCommand : public HistoryStep {
 public:
@@ -116,27 +118,6 @@ protected:
 
 private:
     tessaro::SizeValue m_size;
-};
-
-/// A field of the background pane: the level's background list before and after.
-class BackgroundEditCommand : public HistoryStep {
-public:
-    BackgroundEditCommand(ProjectTab& tab, const SceneEditor& scene, PublishedElementList element, PropertyValue value);
-    void redoStep() override;
-    void undo() override;
-    int id() const override;
-    bool mergeWith(const QUndoCommand* other) override;
-
-private:
-    void show(const std::optional<tessaro::Background>& list);
-
-    QPointer<ProjectTab> m_tab;
-    tessaro::Uuid m_levelId;
-    tessaro::Uuid m_backgroundId;
-    PublishedElementList m_element;
-    PropertyValue m_value;
-    std::optional<tessaro::Background> m_before;
-    std::optional<std::optional<tessaro::Background>> m_after;
 };
 
 /// A copy of the element on the clipboard added to the level shown.

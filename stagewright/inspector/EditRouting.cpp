@@ -10,8 +10,13 @@
 #include <stagewright/state/ElementClipboard.h>
 #include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SetFieldCommand.h>
+
+#include <tessaro/model/LevelRecords.h>
 
 #include <QCoreApplication>
+
+#include <algorithm>
 
 namespace stagewright {
 
@@ -107,10 +112,30 @@ void EditRouting::applyBackgroundProperty(PublishedElementList element, const Pr
         return;
     // Choosing the background the pane shows is no step of the history.
     if (element == PublishedElementList::background) {
-        stagewright::applyBackgroundProperty(*editor, element, value);
+        showBackgroundOfPane(*editor, value);
         return;
     }
-    pushStep(m_tab.undoStack(), new BackgroundEditCommand(m_tab, *editor, element, value));
+    const tessaro::Uuid levelId = m_tab.levelSelected();
+    const tessaro::Level* level = m_tab.findLevel(levelId);
+    if (!level || !level->background || !level->background->backgrounds)
+        return;
+    const std::vector<tessaro::BackgroundImage>& images = *level->background->backgrounds;
+    const tessaro::Uuid shown = m_tab.selectedObject().backgroundSelectedId;
+    const auto record =
+        std::find_if(images.begin(), images.end(), [&](const auto& image) { return image.id == shown; });
+    if (record == images.end())
+        return;
+    std::optional<BackgroundFieldChange> change = backgroundChange(*record, element, value);
+    if (!change)
+        return;
+    const tessaro::FieldPath path =
+        tessaro::FieldPath("background.backgrounds") / std::size_t(record - images.begin()) / change->field;
+    auto* step = new SetFieldCommand(
+        m_tab.document(), levelId, path, std::move(change->value),
+        QCoreApplication::translate("EditCommands", "Change %1").arg(QString::fromUtf8(tessaro::caseText(element))),
+        change->joins);
+    step->showLevelFirst(levelShower(m_tab));
+    pushStep(m_tab.undoStack(), step);
 }
 
 void EditRouting::toggleDeviceOverride(PublishedElementList element, bool add)

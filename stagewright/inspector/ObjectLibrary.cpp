@@ -1,13 +1,18 @@
 #include "ObjectLibrary.h"
 
 #include "AddElementCommand.h"
+#include "EditCommands.h"
 
 #include <stagewright/scene/SceneEditor.h>
 #include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SetFieldCommand.h>
 #include <stagewright/state/Workspace.h>
 #include <stagewright/state/WorkspaceImages.h>
 
 #include <tessaro/model/ConfigFiles.h>
+#include <tessaro/model/LevelRecords.h>
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <type_traits>
@@ -111,6 +116,32 @@ QString libraryCellImagePath(const LibraryCell& cell)
     return workspaceImagePath(name, cell.buttonImageType, cell.valType);
 }
 
+namespace {
+
+/// Appends an image of the catalogue's background to the shown level's
+/// background list, as one step, and selects it.
+void addBackground(ProjectTab& tab, SceneEditor& scene, const std::string& elementName)
+{
+    const tessaro::Uuid levelId = tab.levelSelected();
+    const tessaro::Level* level = tab.findLevel(levelId);
+    if (!level)
+        return;
+    tessaro::Background background = level->background ? *level->background : tessaro::Background{};
+    std::vector<tessaro::BackgroundImage>& images =
+        background.backgrounds ? *background.backgrounds : background.backgrounds.emplace();
+    images.push_back(newBackgroundImage(elementName, sceneObjectType::background, images.size()));
+    const tessaro::Uuid added = *images.back().id;
+    auto* step = new SetFieldCommand(
+        tab.document(), levelId, tessaro::FieldPath("background"), std::move(background),
+        QCoreApplication::translate("AddElementCommand", "Add %1").arg(QString::fromStdString(elementName)), false);
+    step->showLevelFirst(levelShower(tab));
+    if (pushStep(tab.undoStack(), step))
+        if (const ElementNodePtr node = scene.backgroundNode(added))
+            scene.reselect(node);
+}
+
+} // namespace
+
 bool addLibraryElement(ProjectTab* tab, sceneObjectType kind, const std::string& elementName,
                        std::optional<QPointF> sceneLocation)
 {
@@ -118,7 +149,7 @@ bool addLibraryElement(ProjectTab* tab, sceneObjectType kind, const std::string&
     if (!scene || elementName.empty())
         return false;
     if (kind == sceneObjectType::background) {
-        pushStep(tab->undoStack(), new AddBackgroundCommand(*tab, *scene, elementName));
+        addBackground(*tab, *scene, elementName);
         return true;
     }
     std::optional<tessaro::PointValue> position;

@@ -1,8 +1,11 @@
 // Background layers on the canvas, where the layout puts them. The records
-// live in the scene's `backgroundList`; the nodes are only their pictures and
-// can be made again at any time.
+// live in the level's document; the scene's `backgroundList` is its copy of
+// them, and the nodes are only their pictures, made again whenever the
+// records change.
 #include "SceneEditor.h"
 #include "ScenePictures.h"
+
+#include <stagewright/state/ProjectTab.h>
 
 #include <tessaro/layout/BackgroundPlan.h>
 #include <tessaro/layout/LayoutContext.h>
@@ -92,7 +95,36 @@ void SceneEditor::replaceBackgroundRecord(const tessaro::Uuid& id)
     emit backgroundListChanged();
 }
 
-void SceneEditor::addBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type)
+void SceneEditor::showBackgroundsOf(const tessaro::Level& level, std::optional<std::size_t> refreshed)
+{
+    m_backgroundList = level.background ? std::optional<tessaro::Background>(*level.background) : std::nullopt;
+    const auto& images = m_backgroundList ? m_backgroundList->backgrounds : std::nullopt;
+    if (refreshed && images && *refreshed < images->size() && (*images)[*refreshed].id)
+        replaceBackgroundRecord(*(*images)[*refreshed].id);
+    else
+        rebuildBackgrounds();
+    emit backgroundListChanged();
+    // A background shown in the inspector is selected again on its new
+    // pictures; one that is gone leaves no selection.
+    if (!m_tab || m_tab->selectedObject().type != tessaro::sceneObjectType::background)
+        return;
+    if (const ElementNodePtr node = backgroundNode(m_tab->selectedObject().backgroundSelectedId))
+        reselect(node);
+    else
+        deselect();
+}
+
+ElementNodePtr SceneEditor::backgroundNode(const tessaro::Uuid& id) const
+{
+    for (const tessaro::kit::NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes})
+        for (const ElementNodePtr& node : elementsOf(layer))
+            if (node->backgroundAssociatedId == id)
+                return node;
+    return nullptr;
+}
+
+tessaro::BackgroundImage newBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type,
+                                            std::size_t count)
 {
     std::optional<std::string> image;
     const std::string typeText(tessaro::caseText(type));
@@ -106,22 +138,15 @@ void SceneEditor::addBackgroundImage(const std::string& elementName, tessaro::sc
                             "\" in the object catalogue; the new background shows the placeholder.");
         image = "placeholder";
     }
-    if (!m_backgroundList)
-        m_backgroundList.emplace();
-    auto& list = m_backgroundList->backgrounds;
-    if (!list)
-        list.emplace();
     tessaro::BackgroundImage record;
     record.id = tessaro::Uuid::create();
     record.image = image;
-    record.zPosition = double(list->size() + 1);
+    record.zPosition = double(count + 1);
     record.pinned = false;
     record.pinnedRanges = std::vector<tessaro::PinnedRange>{};
     record.speed = 0;
     record.isVisible = true;
-    list->push_back(std::move(record));
-    rebuildBackgrounds();
-    emit backgroundListChanged();
+    return record;
 }
 
 } // namespace stagewright

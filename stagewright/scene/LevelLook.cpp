@@ -64,6 +64,20 @@ void SceneEditor::followLevelField(const tessaro::FieldPath& path)
     for (const auto& [field, kind] : drawn)
         if (path == tessaro::FieldPath(field))
             showLevelLook(kind);
+    // A background's picture, depth and visibility refresh its pictures;
+    // any other change of the background images lays them all again.
+    static const tessaro::FieldPath background("background");
+    static const tessaro::FieldPath images("background.backgrounds");
+    if (path != background && !path.startsWith(images))
+        return;
+    const tessaro::Level* level = m_tab ? tabLevel(m_tab->levelSelected()) : nullptr;
+    if (!level)
+        return;
+    const std::vector<std::string>& steps = path.steps();
+    std::optional<std::size_t> refreshed;
+    if (steps.size() == 4 && (steps[3] == "image" || steps[3] == "zPosition" || steps[3] == "isVisible"))
+        refreshed = std::size_t(std::stoul(steps[2]));
+    showBackgroundsOf(*level, refreshed);
 }
 
 void SceneEditor::showLevelLook(sceneObjectType kind)

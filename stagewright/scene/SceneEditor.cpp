@@ -201,10 +201,17 @@ void SceneEditor::loadLevel(const tessaro::Uuid& levelId)
 
     if (level.background) {
         m_backgroundList = *level.background;
+        // Every image gets an id, which the panes and the history find it by;
+        // the document keeps it, as a save would.
+        bool named = false;
         if (m_backgroundList->backgrounds)
             for (tessaro::BackgroundImage& image : *m_backgroundList->backgrounds)
-                if (!image.id)
+                if (!image.id) {
                     image.id = tessaro::Uuid::create();
+                    named = true;
+                }
+        if (tessaro::Level* stored = named ? tabLevel(levelId) : nullptr)
+            stored->background = *m_backgroundList;
         rebuildBackgrounds();
         emit backgroundListChanged();
     }
@@ -453,6 +460,13 @@ void SceneEditor::deselect()
                 child->setAlpha(1);
 }
 
+void SceneEditor::reselect(const ElementNodePtr& node)
+{
+    deselect();
+    clearGlow();
+    selectNode(node);
+}
+
 void SceneEditor::publishSelection(ElementNode& node)
 {
     // Selecting the selected element again changes nothing, so that edits in
@@ -484,7 +498,6 @@ void SceneEditor::writeBack(const tessaro::Uuid& levelId)
     const SceneWriteBack collect(*this);
 
     tessaro::LevelSettings settings = collect.collectSettings(level);
-    std::optional<tessaro::Background> background = collect.collectBackground(level);
     std::vector<tessaro::GroundSection> ground = collect.collectGround();
     std::vector<tessaro::ObstacleLevelItem> obstacles = collect.collectObstacles();
     std::vector<tessaro::CharacterLevelItem> characters = collect.collectCharacters();
@@ -495,11 +508,8 @@ void SceneEditor::writeBack(const tessaro::Uuid& levelId)
     if (!level)
         return;
 
+    // The backgrounds are edited in the level's document, never here.
     level->settings = std::move(settings);
-    if (background)
-        level->background = std::move(*background);
-    else
-        level->background.reset();
     // A list the file did not have stays absent while the scene has nothing for it.
     if (level->ground || !ground.empty())
         level->ground = std::move(ground);

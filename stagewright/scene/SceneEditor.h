@@ -102,9 +102,8 @@ public:
     std::array<tessaro::kit::NodePtr, 9> elementLayers() const;
 
     // ---- Layout state ---------------------------------------------------------------------
-    /// The working copy of the level's backgrounds; every image has an id once
-    /// a level is loaded. Edit it, then call replaceBackgroundRecord or
-    /// rebuildBackgrounds.
+    /// The canvas's copy of the shown level's backgrounds; every image has an
+    /// id once a level is loaded. The level's document holds the records.
     std::optional<tessaro::Background>& backgroundList() { return m_backgroundList; }
     const std::optional<tessaro::Background>& backgroundList() const { return m_backgroundList; }
     /// Floor rectangles: x the left edge, y the floor height, the width, height 0.
@@ -143,10 +142,12 @@ public:
 
     // ---- Backgrounds ---------------------------------------------------------------------------
     void rebuildBackgrounds();
+    /// Shows the background records of `level`, the shown one, as the
+    /// document holds them now: the pictures of the record at `refreshed`
+    /// take its picture, depth and visibility; without it all are laid again.
+    void showBackgroundsOf(const tessaro::Level& level, std::optional<std::size_t> refreshed = std::nullopt);
     /// Refreshes depth, visibility and picture of the nodes of one record.
     void replaceBackgroundRecord(const tessaro::Uuid& id);
-    /// Appends an image of the object catalogue's background `elementName`.
-    void addBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type);
     /// Hides or shows both background layers (the toolbar's flag).
     void setBackgroundsHidden(bool hidden);
 
@@ -178,8 +179,12 @@ public:
     /// Back to no selection: phase NotSelected, an empty selected object, full
     /// alpha on all backgrounds.
     void deselect();
+    /// Selects `node` anew, published again, as after a change of what it shows.
+    void reselect(const ElementNodePtr& node);
     /// Publishes `node` through the hooks' publisher.
     void publishSelection(ElementNode& node);
+    /// A picture of the background record with that id, or null.
+    ElementNodePtr backgroundNode(const tessaro::Uuid& id) const;
     /// The node with this name anywhere in the scene, or null.
     ElementNodePtr elementNamed(const QString& name) const;
 
@@ -310,6 +315,12 @@ using SceneEditorPtr = std::shared_ptr<SceneEditor>;
 /// The factory that makes the application's tabs edit their levels on a
 /// `SceneEditor` with `hooks`; install it with `SceneSettings::setSceneFactory`.
 SceneFactory makeSceneEditorFactory(const CanvasHooks& hooks = {});
+
+/// A new image of the object catalogue's background `elementName` (the
+/// placeholder when there is none, with a diagnostic line), above `count`
+/// images.
+tessaro::BackgroundImage newBackgroundImage(const std::string& elementName, tessaro::sceneObjectType type,
+                                            std::size_t count);
 
 /// The SceneEditor behind a tab's scene, or null.
 SceneEditorPtr sceneEditorOf(const std::shared_ptr<LevelScene>& scene);

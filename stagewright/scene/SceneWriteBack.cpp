@@ -89,20 +89,6 @@ tessaro::LevelSettings SceneWriteBack::collectSettings(const tessaro::Level* lev
     return settings;
 }
 
-std::optional<tessaro::Background> SceneWriteBack::collectBackground(const tessaro::Level* level) const
-{
-    const bool sceneHasImages = m_scene.m_backgroundList && m_scene.m_backgroundList->backgrounds;
-    const bool levelHasRecord = level && level->background;
-    if (!levelHasRecord && !(sceneHasImages && !m_scene.m_backgroundList->backgrounds->empty()))
-        return std::nullopt;
-    tessaro::Background background = levelHasRecord ? *level->background : tessaro::Background{};
-    if (!sceneHasImages && !background.backgrounds)
-        return background;
-    background.backgrounds =
-        sceneHasImages ? *m_scene.m_backgroundList->backgrounds : std::vector<tessaro::BackgroundImage>{};
-    return background;
-}
-
 std::vector<tessaro::GroundSection> SceneWriteBack::collectGround() const
 {
     std::vector<ElementNodePtr> nodes = SceneEditor::elementsOf(m_scene.groundNodes());

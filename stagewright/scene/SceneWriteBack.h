@@ -1,6 +1,5 @@
-// The values a write-back stores: the level's settings, backgrounds, ground
-// and items as the canvas shows them, each collected from the nodes of its
-// layer.
+// The values a write-back stores: the level's settings, ground and items as
+// the canvas shows them, each collected from the nodes of its layer.
 #pragma once
 
 #include <tessaro/model/LevelRecords.h>
@@ -18,7 +17,6 @@ public:
     explicit SceneWriteBack(const SceneEditor& scene) : m_scene(scene) {}
 
     tessaro::LevelSettings collectSettings(const tessaro::Level* level) const;
-    std::optional<tessaro::Background> collectBackground(const tessaro::Level* level) const;
     std::vector<tessaro::GroundSection> collectGround() const;
     std::vector<tessaro::ObstacleLevelItem> collectObstacles() const;
     std::vector<tessaro::CharacterLevelItem> collectCharacters() const;

@@ -56,15 +56,7 @@ void SceneEditor::selectNodeNamed(const QString& text)
         const std::optional<tessaro::Uuid> id = tessaro::Uuid::fromText(parts[1].toStdString());
         if (!id)
             return;
-        for (const tessaro::kit::NodePtr& layer : {m_backgroundNodes, m_pinnedBackgroundNodes}) {
-            for (const ElementNodePtr& candidate : elementsOf(layer))
-                if (candidate->backgroundAssociatedId == id) {
-                    node = candidate;
-                    break;
-                }
-            if (node)
-                break;
-        }
+        node = backgroundNode(*id);
     }
     if (!node || node->keptOnly)
         return;

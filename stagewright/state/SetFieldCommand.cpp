@@ -25,6 +25,7 @@ void SetFieldCommand::redoStep()
     if (!m_document)
         return;
     if (m_done) {
+        show();
         m_document->writeField(m_levelId, m_path, m_after);
         return;
     }
@@ -40,8 +41,16 @@ void SetFieldCommand::redoStep()
 
 void SetFieldCommand::undo()
 {
-    if (m_document && m_done)
-        m_document->writeField(m_levelId, m_path, m_before);
+    if (!m_document || !m_done)
+        return;
+    show();
+    m_document->writeField(m_levelId, m_path, m_before);
+}
+
+void SetFieldCommand::show() const
+{
+    if (m_showLevel)
+        m_showLevel(m_levelId);
 }
 
 int SetFieldCommand::id() const

@@ -11,6 +11,8 @@
 
 #include <QPointer>
 
+#include <functional>
+
 namespace stagewright {
 
 class LevelDocument;
@@ -25,7 +27,14 @@ public:
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
 
+    /// Called with the level before every later redo and every undo: a step
+    /// of a level the canvas draws shows that level first, so it is undone
+    /// where the user can see it.
+    void showLevelFirst(std::function<void(const tessaro::Uuid&)> show) { m_showLevel = std::move(show); }
+
 private:
+    void show() const;
+
     QPointer<LevelDocument> m_document;
     tessaro::Uuid m_levelId;
     tessaro::FieldPath m_path;
@@ -33,6 +42,7 @@ private:
     tessaro::FieldValue m_after;
     bool m_joins;
     bool m_done = false;
+    std::function<void(const tessaro::Uuid&)> m_showLevel;
 };
 
 } // namespace stagewright

@@ -126,18 +126,25 @@ TEST_F(BackgroundTest, PinnedCopiesAlongTheLevel)
     EXPECT_EQ(yOf(first), 0);
 }
 
-TEST_F(BackgroundTest, RecordEditsAndNewImages)
+TEST_F(BackgroundTest, TheCanvasFollowsTheRecordsInTheDocument)
 {
     tessaro::objectCatalogue() = {objectTemplate("Hills", "hills", sceneObjectType::background)};
     LoadedLevel loaded(longLevel({image("sky", true), image("sky")}), {1000, 500});
-    auto& list = *loaded.scene->backgroundList()->backgrounds;
-    const tessaro::Uuid pinnedId = *list[0].id;
+    LevelDocument& document = loaded.tab.document();
+    // Loading gives every image an id, in the document too.
+    const auto& stored = *loaded.level().background->backgrounds;
+    ASSERT_TRUE(stored[0].id && stored[1].id);
+    EXPECT_EQ(*loaded.scene->backgroundList()->backgrounds, stored);
 
-    list[0].image = "hills";
-    list[0].zPosition.reset();
-    list[0].isVisible = false;
-    loaded.scene->replaceBackgroundRecord(pinnedId);
+    const auto write = [&](const char* field, tessaro::FieldValue value) {
+        ASSERT_TRUE(document.writeField(loaded.id, tessaro::FieldPath("background.backgrounds.0") / field, value));
+    };
+    write("image", std::string("hills"));
+    write("zPosition", tessaro::FieldValue());
+    write("isVisible", false);
+    ASSERT_FALSE(elements(loaded.scene->pinnedBackgroundNodes()).empty());
     for (const auto& node : elements(loaded.scene->pinnedBackgroundNodes())) {
+        // Refreshed in place: hidden, and an absent depth reads 1.
         EXPECT_TRUE(node->isHidden());
         EXPECT_EQ(node->zPosition(), 1);
         EXPECT_EQ(node->backgroundImagename, "hills");
@@ -146,23 +153,24 @@ TEST_F(BackgroundTest, RecordEditsAndNewImages)
     }
     EXPECT_EQ(elements(loaded.scene->backgroundNodes()).front()->backgroundImagename, "sky");
 
-    loaded.scene->addBackgroundImage("Hills", sceneObjectType::background);
-    ASSERT_EQ(list.size(), 3u);
-    EXPECT_EQ(list[2].image, "hills");
-    EXPECT_EQ(list[2].zPosition, 3);
-    EXPECT_EQ(list[2].pinned, false);
-    EXPECT_EQ(list[2].speed, 0);
-    EXPECT_EQ(list[2].isVisible, true);
-    EXPECT_FALSE(list[2].scrollOrientation);
+    // A new image of the catalogue's background stands above the others.
+    const tessaro::BackgroundImage hills = newBackgroundImage("Hills", sceneObjectType::background, 2);
+    EXPECT_EQ(hills.image, "hills");
+    EXPECT_EQ(hills.zPosition, 3);
+    EXPECT_EQ(hills.pinned, false);
+    EXPECT_EQ(hills.speed, 0);
+    EXPECT_EQ(hills.isVisible, true);
+    EXPECT_FALSE(hills.scrollOrientation);
+    std::vector<tessaro::BackgroundImage> images = stored;
+    images.push_back(hills);
+    ASSERT_TRUE(document.writeField(loaded.id, tessaro::FieldPath("background.backgrounds"), images));
     EXPECT_EQ(elements(loaded.scene->backgroundNodes()).size(), 2u);
-    // The rebuild lays hidden records no more.
-    EXPECT_TRUE(elements(loaded.scene->pinnedBackgroundNodes()).empty());
+    EXPECT_EQ(loaded.scene->backgroundNode(*hills.id)->backgroundImagename, "hills");
 
     testing_support::DiagnosticCapture capture;
-    loaded.scene->addBackgroundImage("Nowhere", sceneObjectType::background);
-    EXPECT_EQ(list.back().image, "placeholder");
+    EXPECT_EQ(newBackgroundImage("Nowhere", sceneObjectType::background, 3).image, "placeholder");
     EXPECT_TRUE(capture.contains("\"Nowhere\""));
-    EXPECT_EQ(loaded.saved().background->backgrounds->size(), 4u);
+    EXPECT_EQ(loaded.saved().background->backgrounds->size(), 3u);
 }
 
 } // namespace
