@@ -223,6 +223,17 @@ TEST_F(HistoryTest, StepsOfAnotherLevelAreUndoneThere)
     EXPECT_EQ(saved().characters->front().name, "on the second");
     front().switchLevel(first);
     EXPECT_EQ(saved().characters->front().name, "on the first");
+
+    // A background's step is undone on its level too, and its pictures follow.
+    select(sceneObjectType::background);
+    edits().applyBackgroundProperty(P::zPosition, 9.0);
+    front().switchLevel(*second.id);
+    front().undoStack().undo();
+    EXPECT_EQ(front().levelSelected(), first);
+    EXPECT_EQ(saved().background->backgrounds->front().zPosition,
+              everyKind().background->backgrounds->front().zPosition);
+    EXPECT_EQ(SceneEditor::elementsOf(scene().backgroundNodes()).front()->zPosition(),
+              everyKind().background->backgrounds->front().zPosition.value_or(1));
 }
 
 TEST_F(HistoryTest, PasteAfterCutBringsTheWholeElementAnywhere)
