@@ -3,6 +3,7 @@
 // shows in the level's document, and the canvas lays the pictures again.
 #include "ApplyCommon.h"
 #include "ApplyOperations.h"
+#include "RowTable.h"
 #include "SelectionPublishing.h"
 
 #include <stagewright/state/ProjectTab.h>
@@ -56,27 +57,82 @@ void showBackgroundOfPane(SceneEditor& scene, const PropertyValue& value)
     dimAllBut(scene, model.backgroundSelectedId);
 }
 
-std::optional<BackgroundFieldChange> backgroundChange(const tessaro::BackgroundImage& record,
+std::optional<tessaro::FieldPath> shownBackgroundPath(const ProjectTab& tab)
+{
+    const tessaro::Level* level = tab.document().findLevel(tab.levelSelected());
+    if (!level || !level->background || !level->background->backgrounds)
+        return std::nullopt;
+    const std::vector<tessaro::BackgroundImage>& images = *level->background->backgrounds;
+    const tessaro::Uuid shown = tab.selectedObject().backgroundSelectedId;
+    const auto record =
+        std::find_if(images.begin(), images.end(), [&](const auto& image) { return image.id == shown; });
+    if (record == images.end())
+        return std::nullopt;
+    return tessaro::FieldPath("background.backgrounds") / std::size_t(record - images.begin());
+}
+
+PropertyValue backgroundRowValue(const ProjectTab& tab, const RowEntry& row)
+{
+    const std::optional<tessaro::FieldPath> record = shownBackgroundPath(tab);
+    tessaro::FieldValue stored;
+    if (!record || !row.field || !tab.document().readField(tab.levelSelected(), *record / row.field, stored))
+        return row.absent;
+    if (const auto* text = std::any_cast<std::string>(&stored))
+        return *text;
+    if (const auto* flag = std::any_cast<bool>(&stored))
+        return *flag;
+    if (const auto* number = std::any_cast<double>(&stored))
+        return *number;
+    return row.absent;
+}
+
+namespace {
+
+/// The row of the background pane bound to a field that edits `element`.
+const RowEntry* boundRow(PublishedElementList element)
+{
+    for (const RowEntry& row : backgroundRows())
+        if (row.property == element && row.field)
+            return &row;
+    return nullptr;
+}
+
+/// A value of a bound row as its field stores it: numbers rounded to two
+/// places, a choice only when the row's list offers it; a value of another
+/// type takes the row's fallback.
+std::optional<tessaro::FieldValue> storedValue(const ProjectTab& tab, const RowEntry& row, const PropertyValue& value)
+{
+    switch (row.control) {
+    case RowControl::Float: return tessaro::roundedValue(numberOf(value).value_or(std::get<double>(row.fallback)), 2);
+    case RowControl::Toggle: return flagOf(value).value_or(std::get<bool>(row.fallback));
+    case RowControl::Picker: {
+        const std::string text = textOf(value).value_or(std::string());
+        for (const PickerSection& section : getPickerContent(row.picker, tab, nullptr, nullptr).sections)
+            for (const PickerItem& item : section.items)
+                if (item.tag.toStdString() == text)
+                    return text;
+        return std::nullopt;
+    }
+    default: return textOf(value).value_or(std::get<std::string>(row.fallback));
+    }
+}
+
+} // namespace
+
+std::optional<BackgroundFieldChange> backgroundChange(const ProjectTab& tab, const tessaro::BackgroundImage& record,
                                                       PublishedElementList element, const PropertyValue& value)
 {
-    const auto number = [&](double fallback) { return tessaro::roundedValue(numberOf(value).value_or(fallback), 2); };
     const auto field = [](const char* key, tessaro::FieldValue stored, bool joins = true) {
         return BackgroundFieldChange{tessaro::FieldPath(key), std::move(stored), joins};
     };
+    if (const RowEntry* row = boundRow(element)) {
+        std::optional<tessaro::FieldValue> stored = storedValue(tab, *row, value);
+        if (!stored)
+            return std::nullopt;
+        return field(row->field, std::move(*stored));
+    }
     std::vector<tessaro::PinnedRange> ranges = record.pinnedRanges.value_or(std::vector<tessaro::PinnedRange>{});
     switch (element) {
-    case P::image: return field("image", textOf(value).value_or(std::string()));
-    case P::zPosition: return field("zPosition", number(1));
-    case P::isVisible: return field("isVisible", flagOf(value).value_or(false));
-    case P::speed: return field("speed", number(1));
-    case P::pinned: return field("pinned", flagOf(value).value_or(false));
-    case P::backgroundScrollOrientation: {
-        const auto orientation =
-            tessaro::caseFromText<tessaro::scrollOrientationType>(textOf(value).value_or(std::string()));
-        if (!orientation)
-            return std::nullopt;
-        return field("scrollOrientation", std::string(tessaro::caseText(*orientation)));
-    }
     case P::lowerBound:
     case P::upperBound: {
         const auto* bound = std::get_if<RangeBoundValue>(&value);

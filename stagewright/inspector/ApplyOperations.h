@@ -25,6 +25,9 @@ struct BackgroundImage;
 
 namespace stagewright {
 
+class ProjectTab;
+struct RowEntry;
+
 class ElementNode;
 class SceneEditor;
 
@@ -48,10 +51,15 @@ struct BackgroundFieldChange {
     tessaro::FieldValue value;
     bool joins = true;
 };
-/// What a field or button of the background pane changes in `record`; none
-/// when the value cannot be used or the field is not the pane's.
-std::optional<BackgroundFieldChange> backgroundChange(const tessaro::BackgroundImage& record,
+/// What a field or button of the background pane of `tab` changes in
+/// `record`, the record it shows; none when the value cannot be used or the
+/// field is not the pane's.
+std::optional<BackgroundFieldChange> backgroundChange(const ProjectTab& tab, const tessaro::BackgroundImage& record,
                                                       PublishedElementList element, const PropertyValue& value);
+/// The path of the background record the pane of `tab` shows, if any.
+std::optional<tessaro::FieldPath> shownBackgroundPath(const ProjectTab& tab);
+/// What a row of the background pane shows: its field of the record shown.
+PropertyValue backgroundRowValue(const ProjectTab& tab, const RowEntry& row);
 /// Adds a device field to the entry of the device the pane shows (made when
 /// missing), or removes it; an entry of another device that is left empty
 /// goes with it.

@@ -125,7 +125,7 @@ void EditRouting::applyBackgroundProperty(PublishedElementList element, const Pr
         std::find_if(images.begin(), images.end(), [&](const auto& image) { return image.id == shown; });
     if (record == images.end())
         return;
-    std::optional<BackgroundFieldChange> change = backgroundChange(*record, element, value);
+    std::optional<BackgroundFieldChange> change = backgroundChange(m_tab, *record, element, value);
     if (!change)
         return;
     const tessaro::FieldPath path =

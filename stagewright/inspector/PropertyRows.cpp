@@ -1,5 +1,6 @@
 #include "PropertyRows.h"
 
+#include "ApplyOperations.h"
 #include "EditRouting.h"
 #include "ModelFields.h"
 #include "PropertyRules.h"
@@ -43,7 +44,12 @@ PropertyRow::PropertyRow(const RowEntry& entry, RowBinding binding, QWidget* par
 
 PropertyValue PropertyRow::shown(PublishedElementList property) const
 {
-    return m_binding.tab ? modelValue(*m_binding.tab, m_binding.model, property) : PropertyValue{};
+    if (!m_binding.tab)
+        return {};
+    // A row bound to a field path reads the record in the level's document.
+    if (m_binding.background && m_entry.field && property == m_entry.property)
+        return backgroundRowValue(*m_binding.tab, m_entry);
+    return modelValue(*m_binding.tab, m_binding.model, property);
 }
 
 void PropertyRow::edited(PublishedElementList property, const PropertyValue& value)
@@ -52,7 +58,6 @@ void PropertyRow::edited(PublishedElementList property, const PropertyValue& val
         return;
     EditRouting routing(*m_binding.tab, m_binding.settings ? &m_binding.settings->clipboard() : nullptr);
     if (m_binding.background) {
-        setModelValue(*m_binding.tab, m_binding.model, property, value);
         routing.applyBackgroundProperty(property, value);
     } else {
         routing.editRow(m_binding.model, property, value);

@@ -202,16 +202,28 @@ const std::vector<RowEntry>& cycleEndRows()
     return rows;
 }
 
+RowEntry boundTo(RowEntry row, const char* field, PropertyValue absent, PropertyValue fallback)
+{
+    row.field = field;
+    row.absent = std::move(absent);
+    row.fallback = std::move(fallback);
+    return row;
+}
+
 const std::vector<RowEntry>& backgroundRows()
 {
     static const std::vector<RowEntry> rows{
-        {P::image, "Image", C::Image, "The picture of the background."},
-        {P::isVisible, "isVisible", C::Toggle, "A hidden background is kept but not drawn."},
-        pickRow(P::backgroundScrollOrientation, "Scroll Orientation", PickerType::ScrollOrientation,
-                "The direction the background scrolls in."),
-        {P::pinned, "Pinned", C::Toggle, "A pinned background stays put within its ranges."},
-        floatRow(P::speed, "Speed", 0, greatest, 1, 1, "How fast the background scrolls."),
-        floatRow(P::zPosition, "zPosition", 0, greatest, 1, 1, "Higher values are drawn in front."),
+        boundTo({P::image, "Image", C::Image, "The picture of the background."}, "image", std::string(), std::string()),
+        boundTo({P::isVisible, "isVisible", C::Toggle, "A hidden background is kept but not drawn."}, "isVisible", true,
+                false),
+        boundTo(pickRow(P::backgroundScrollOrientation, "Scroll Orientation", PickerType::ScrollOrientation,
+                        "The direction the background scrolls in."),
+                "scrollOrientation", std::string("horizontal"), {}),
+        boundTo({P::pinned, "Pinned", C::Toggle, "A pinned background stays put within its ranges."}, "pinned", false,
+                false),
+        boundTo(floatRow(P::speed, "Speed", 0, greatest, 1, 1, "How fast the background scrolls."), "speed", 0.0, 1.0),
+        boundTo(floatRow(P::zPosition, "zPosition", 0, greatest, 1, 1, "Higher values are drawn in front."),
+                "zPosition", 1.0, 1.0),
     };
     return rows;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "PickerContent.h"
+#include "PropertyValue.h"
 
 #include <stagewright/state/SelectionModels.h>
 
@@ -48,7 +49,18 @@ struct RowEntry {
     const char* placeholder = "";
     /// A size row offers "Maintain aspect ratio".
     bool aspectToggle = false;
+    /// For rows bound to field paths: the field below the record the pane
+    /// shows, which the row reads and writes; what it shows where the record
+    /// leaves the field out; and what it stores for a value of another type.
+    const char* field = nullptr;
+    PropertyValue absent;
+    PropertyValue fallback;
 };
+
+/// `row` bound to `field` of the record its pane shows, reading `absent`
+/// where the record leaves it out and storing `fallback` for a value of
+/// another type.
+RowEntry boundTo(RowEntry row, const char* field, PropertyValue absent, PropertyValue fallback);
 
 struct SectionEntry {
     const char* title;

@@ -157,11 +157,23 @@ TEST_F(InspectorViewTest, AnEditThroughARowReachesTheSavedLevelAndUndoTakesItBac
     emit coins->valueChanged(4);
     EXPECT_EQ(saved().coins->coins->front().repeatCount, 4);
 
+    // A depth of the background: its row reads the record in the document.
+    pick(K::background);
+    auto* depth = row("backgroundPropertyListView", P::zPosition)->findChild<LabelledCGFloatStepper*>();
+    ASSERT_TRUE(depth);
+    emit depth->valueChanged(7);
+    EXPECT_EQ(saved().background->backgrounds->front().zPosition, 7);
+    EXPECT_EQ(depth->value(), 7);
+
     EXPECT_TRUE(front().isProjectDirty());
     while (front().undoStack().canUndo())
         front().undoStack().undo();
     EXPECT_EQ(comparable(saved()), before);
     EXPECT_FALSE(front().isProjectDirty());
+    // The record leaves the depth out again, which the row reads as 1.
+    depth = row("backgroundPropertyListView", P::zPosition)->findChild<LabelledCGFloatStepper*>();
+    ASSERT_TRUE(depth);
+    EXPECT_EQ(depth->value(), 1);
 }
 
 TEST_F(InspectorViewTest, TheDevicePaneAddsAndDeletesAnOverrideOfTheShownDevice)
