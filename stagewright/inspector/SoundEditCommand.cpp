@@ -4,6 +4,7 @@
 
 #include <stagewright/state/ElementHandles.h>
 #include <stagewright/state/ProjectTab.h>
+#include <stagewright/state/SetFieldCommand.h>
 
 #include <QCoreApplication>
 
@@ -78,71 +79,6 @@ void ElementSoundsCommand::apply(SceneEditor& scene, ElementNode& node)
         showInSelection(*tab, SoundPropertyType::object, m_sounds);
 }
 
-// ---- A level record's shared sounds ----------------------------------------------------------
-
-LevelSoundsCommand::LevelSoundsCommand(ProjectTab& tab, SoundPropertyType type, std::vector<GameSound> sounds,
-                                       SoundEdit edit)
-    : m_tab(&tab),
-      m_levelId(tab.levelSelected()),
-      m_type(type),
-      m_edit(edit),
-      m_after(std::move(sounds))
-{
-    setText(stepText(edit));
-    if (const tessaro::Level* level = tab.findLevel(m_levelId))
-        if (const auto* stored = levelSounds(*level, type))
-            m_before = *stored;
-}
-
-void LevelSoundsCommand::redoStep()
-{
-    // Choosing the value a sound has already is no step.
-    if (m_after == m_before)
-        setObsolete(true);
-    else
-        show(m_after);
-}
-
-void LevelSoundsCommand::undo()
-{
-    show(m_before);
-}
-
-int LevelSoundsCommand::id() const
-{
-    return joins(m_edit) ? soundMergeId::volume : -1;
-}
-
-bool LevelSoundsCommand::mergeWith(const QUndoCommand* other)
-{
-    const auto* later = dynamic_cast<const LevelSoundsCommand*>(other);
-    if (!later || later->m_tab != m_tab || later->m_levelId != m_levelId || later->m_type != m_type ||
-        later->m_edit != m_edit)
-        return false;
-    m_after = later->m_after;
-    setObsolete(m_after == m_before);
-    return true;
-}
-
-void LevelSoundsCommand::show(const std::optional<std::vector<GameSound>>& sounds)
-{
-    if (!m_tab)
-        return;
-    // A step made on another level is shown there.
-    sceneShowing(m_tab, m_levelId);
-    tessaro::Level* level = m_tab->findLevel(m_levelId);
-    auto* receiver = level ? levelSounds(*level, m_type) : nullptr;
-    if (!receiver) {
-        // The record is gone: the step writes nothing.
-        setObsolete(true);
-        return;
-    }
-    *receiver = sounds;
-    if (m_tab->levelSelected() == m_levelId)
-        showInSelection(*m_tab, m_type, sounds.value_or(std::vector<GameSound>{}));
-    m_tab->notifyLevelConfigChanged();
-}
-
 // ---- The front door ------------------------------------------------------------------------
 
 SoundEditRouting::SoundEditRouting(ProjectTab& tab, SoundPropertyType type) : m_tab(tab), m_type(type) {}
@@ -197,7 +133,18 @@ bool SoundEditRouting::push(std::vector<GameSound> list, const SoundEdit& edit)
     if (!canWrite())
         return false;
     if (m_type != SoundPropertyType::object) {
-        pushStep(m_tab.undoStack(), new LevelSoundsCommand(m_tab, m_type, std::move(list), edit));
+        // The shared sounds of a level record: one field of the level.
+        auto* step = new SetFieldCommand(m_tab.document(), m_tab.levelSelected(), *levelSoundsPath(m_type),
+                                         std::move(list), stepText(edit), joins(edit));
+        step->joinOnlyWithin(std::to_string(edit.index));
+        step->showLevelFirst(levelShower(m_tab));
+        step->followWith([tab = QPointer<ProjectTab>(&m_tab), type = m_type] {
+            const tessaro::Level* level = tab ? tab->findLevel(tab->levelSelected()) : nullptr;
+            const auto* sounds = level ? levelSounds(*level, type) : nullptr;
+            if (sounds)
+                showInSelection(*tab, type, sounds->value_or(std::vector<GameSound>{}));
+        });
+        pushStep(m_tab.undoStack(), step);
         return true;
     }
     SceneEditor* scene = sceneEditorOf(m_tab.currentScene()).get();

@@ -1,14 +1,13 @@
 // The sounds tab's edits as steps of the tab's history. The list goes to its
 // receiver: an obstacle's or a character's own sounds, or the shared list of
-// the level record of the selected kind (the coins, the shields, ...). Adding
-// and deleting a sound write through as well, each one step, so a sound added
-// is never lost to a later selection.
+// the level record of the selected kind (the coins, the shields, ...), which
+// is one field of the level set in its document. Adding and deleting a sound
+// write through as well, each one step, so a sound added is never lost to a
+// later selection.
 #pragma once
 
 #include "EditCommands.h"
 #include "SoundList.h"
-
-#include <stagewright/state/HistoryStep.h>
 
 #include <QPointer>
 
@@ -47,26 +46,6 @@ protected:
 private:
     std::vector<tessaro::GameSound> m_sounds;
     SoundEdit m_edit;
-};
-
-/// The shared sounds of one record of a level.
-class LevelSoundsCommand : public HistoryStep {
-public:
-    LevelSoundsCommand(ProjectTab& tab, SoundPropertyType type, std::vector<tessaro::GameSound> sounds, SoundEdit edit);
-    void redoStep() override;
-    void undo() override;
-    int id() const override;
-    bool mergeWith(const QUndoCommand* other) override;
-
-private:
-    void show(const std::optional<std::vector<tessaro::GameSound>>& sounds);
-
-    QPointer<ProjectTab> m_tab;
-    tessaro::Uuid m_levelId;
-    SoundPropertyType m_type;
-    SoundEdit m_edit;
-    std::optional<std::vector<tessaro::GameSound>> m_before;
-    std::optional<std::vector<tessaro::GameSound>> m_after;
 };
 
 /// The front door of the sounds tab: the list it shows for the selection of

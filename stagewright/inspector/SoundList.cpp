@@ -110,6 +110,22 @@ const std::optional<std::vector<GameSound>>* levelSounds(const tessaro::Level& l
     return soundsOf(level, type);
 }
 
+std::optional<tessaro::FieldPath> levelSoundsPath(SoundPropertyType type)
+{
+    const char* record = nullptr;
+    switch (type) {
+    case SoundPropertyType::object: return std::nullopt;
+    case SoundPropertyType::background: record = "background"; break;
+    case SoundPropertyType::coin: record = "coins"; break;
+    case SoundPropertyType::artifact: record = "artifacts"; break;
+    case SoundPropertyType::shield: record = "shields"; break;
+    case SoundPropertyType::checkpoint: record = "checkpoints"; break;
+    case SoundPropertyType::levelEnd: record = "levelEnd"; break;
+    case SoundPropertyType::phaseEnd: record = "phaseEnd"; break;
+    }
+    return tessaro::FieldPath(record) / "soundEffects";
+}
+
 SoundPropertyType soundPropertyTypeOf(sceneObjectType kind)
 {
     switch (kind) {

@@ -7,6 +7,7 @@
 
 #include <tessaro/model/CommonRecords.h>
 #include <tessaro/model/Enumerations.h>
+#include <tessaro/model/FieldPath.h>
 #include <tessaro/model/LevelRecords.h>
 
 #include <QStringList>
@@ -69,6 +70,9 @@ const std::optional<std::vector<tessaro::GameSound>>* levelSounds(const tessaro:
 /// for obstacles and characters (and kinds without a level record), else
 /// the shared list of its level record.
 SoundPropertyType soundPropertyTypeOf(tessaro::sceneObjectType kind);
+/// The path of the shared sounds of the level record of `type`; none for an
+/// element's own sounds.
+std::optional<tessaro::FieldPath> levelSoundsPath(SoundPropertyType type);
 /// Elements that keep sounds of their own.
 bool keepsOwnSounds(tessaro::sceneObjectType kind);
 

@@ -26,7 +26,7 @@ void SetFieldCommand::redoStep()
         return;
     if (m_done) {
         show();
-        m_document->writeField(m_levelId, m_path, m_after);
+        write(m_after);
         return;
     }
     // A field that is not there, a value it already holds or a value of
@@ -37,6 +37,8 @@ void SetFieldCommand::redoStep()
         return;
     }
     m_done = true;
+    if (m_follow)
+        m_follow();
 }
 
 void SetFieldCommand::undo()
@@ -44,7 +46,14 @@ void SetFieldCommand::undo()
     if (!m_document || !m_done)
         return;
     show();
-    m_document->writeField(m_levelId, m_path, m_before);
+    write(m_before);
+}
+
+void SetFieldCommand::write(const tessaro::FieldValue& value)
+{
+    m_document->writeField(m_levelId, m_path, value);
+    if (m_follow)
+        m_follow();
 }
 
 void SetFieldCommand::show() const
@@ -62,7 +71,7 @@ bool SetFieldCommand::mergeWith(const QUndoCommand* other)
 {
     const auto* later = dynamic_cast<const SetFieldCommand*>(other);
     if (!later || !later->m_done || !later->m_joins || later->m_document != m_document ||
-        later->m_levelId != m_levelId || later->m_path != m_path)
+        later->m_levelId != m_levelId || later->m_path != m_path || later->m_run != m_run)
         return false;
     m_after = later->m_after;
     setObsolete(m_document->fieldHolds(m_levelId, m_path, m_before));

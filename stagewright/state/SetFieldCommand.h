@@ -12,6 +12,7 @@
 #include <QPointer>
 
 #include <functional>
+#include <string>
 
 namespace stagewright {
 
@@ -31,9 +32,15 @@ public:
     /// of a level the canvas draws shows that level first, so it is undone
     /// where the user can see it.
     void showLevelFirst(std::function<void(const tessaro::Uuid&)> show) { m_showLevel = std::move(show); }
+    /// Called after every write of the field, for what shows it besides the
+    /// views that follow the document.
+    void followWith(std::function<void()> follow) { m_follow = std::move(follow); }
+    /// Joins only later steps of the same run (one sound's volume, say).
+    void joinOnlyWithin(std::string run) { m_run = std::move(run); }
 
 private:
     void show() const;
+    void write(const tessaro::FieldValue& value);
 
     QPointer<LevelDocument> m_document;
     tessaro::Uuid m_levelId;
@@ -43,6 +50,8 @@ private:
     bool m_joins;
     bool m_done = false;
     std::function<void(const tessaro::Uuid&)> m_showLevel;
+    std::function<void()> m_follow;
+    std::string m_run;
 };
 
 } // namespace stagewright
