@@ -53,8 +53,8 @@ struct RowEntry {
     /// shows, which the row reads and writes; what it shows where the record
     /// leaves the field out; and what it stores for a value of another type.
     const char* field = nullptr;
-    PropertyValue absent;
-    PropertyValue fallback;
+    PropertyValue absent{};
+    PropertyValue fallback{};
 };
 
 /// `row` bound to `field` of the record its pane shows, reading `absent`
