@@ -18,6 +18,8 @@ namespace tessaro {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 // ---- Writers ----------------------------------------------------------------
 
 class XmlWriter {
@@ -38,52 +40,52 @@ public:
     void key(std::string_view k)
     {
         indent();
-        out_ += "<key>";
+        out_ += "<key>"sv;
         escape(k);
-        out_ += "</key>\n";
+        out_ += "</key>\n"sv;
     }
     void string(std::string_view s)
     {
         if (const char* problem = storedTextProblem(s))
             throw CodingError(problem);
         indent();
-        out_ += "<string>";
+        out_ += "<string>"sv;
         escape(s);
-        out_ += "</string>\n";
+        out_ += "</string>\n"sv;
     }
     void integer(std::int64_t value)
     {
         indent();
-        out_ += "<integer>";
+        out_ += "<integer>"sv;
         char buffer[24];
         auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
         out_.append(buffer, end);
-        out_ += "</integer>\n";
+        out_ += "</integer>\n"sv;
     }
     void real(double value)
     {
         indent();
-        out_ += "<real>";
+        out_ += "<real>"sv;
         if (std::isnan(value)) {
-            out_ += "nan";
+            out_ += "nan"sv;
         } else if (std::isinf(value)) {
-            out_ += value > 0 ? "+infinity" : "-infinity";
+            out_ += value > 0 ? "+infinity"sv : "-infinity"sv;
         } else {
             char buffer[40];
             auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
             out_.append(buffer, end);
         }
-        out_ += "</real>\n";
+        out_ += "</real>\n"sv;
     }
     void boolean(bool value)
     {
         indent();
-        out_ += value ? "<true/>\n" : "<false/>\n";
+        out_ += value ? "<true/>\n"sv : "<false/>\n"sv;
     }
 
     std::string finish()
     {
-        out_ += "</plist>\n";
+        out_ += "</plist>\n"sv;
         return std::move(out_);
     }
 
@@ -94,11 +96,11 @@ private:
         out_ += '<';
         out_ += tag;
         if (count == 0) {
-            out_ += "/>\n";
+            out_ += "/>\n"sv;
             emptyOpen_ = true;
             return;
         }
-        out_ += ">\n";
+        out_ += ">\n"sv;
         ++depth_;
     }
     void end(const char* tag)
@@ -109,9 +111,9 @@ private:
         }
         --depth_;
         indent();
-        out_ += "</";
+        out_ += "</"sv;
         out_ += tag;
-        out_ += ">\n";
+        out_ += ">\n"sv;
     }
     void indent() { out_.append(static_cast<std::size_t>(depth_), '\t'); }
 
@@ -121,12 +123,12 @@ private:
     {
         std::size_t start = 0;
         for (std::size_t i = 0; i < s.size(); ++i) {
-            const char* replacement = nullptr;
+            std::string_view replacement;
             switch (s[i]) {
-            case '&': replacement = "&amp;"; break;
-            case '<': replacement = "&lt;"; break;
-            case '>': replacement = "&gt;"; break;
-            case '\r': replacement = "&#13;"; break;
+            case '&': replacement = "&amp;"sv; break;
+            case '<': replacement = "&lt;"sv; break;
+            case '>': replacement = "&gt;"sv; break;
+            case '\r': replacement = "&#13;"sv; break;
             default: continue;
             }
             out_.append(s, start, i - start);
