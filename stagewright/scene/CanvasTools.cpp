@@ -118,6 +118,9 @@ void CanvasTools::mouseDown(const tessaro::kit::MouseEvent& event)
         drag.pressInScene = event.sceneLocation;
         drag.startPosition = target->position();
         drag.storedPosition = target->storedPosition();
+        for (const ElementNodePtr& copy : SceneEditor::elementsOf(target->parent()->shared_from_this()))
+            if (copy->repeatedNode && copy->repeatParentNode == target->name())
+                drag.copies.emplace_back(copy, copy->position());
         m_drag = drag;
     }
 }
@@ -150,6 +153,9 @@ void CanvasTools::mouseDragged(const tessaro::kit::MouseEvent& event)
             delta.setX(0);
     }
     node->setPosition(m_drag->startPosition + delta);
+    for (const auto& [copy, start] : m_drag->copies)
+        if (const tessaro::kit::NodePtr moving = copy.lock())
+            moving->setPosition(start + delta);
 }
 
 void CanvasTools::mouseUp(const tessaro::kit::MouseEvent&)

@@ -8,6 +8,12 @@
 #include <QPointF>
 
 #include <memory>
+#include <utility>
+#include <vector>
+
+namespace tessaro::kit {
+class Node;
+}
 
 namespace stagewright {
 
@@ -22,6 +28,9 @@ struct ElementDrag {
     QPointF pressInScene;
     QPointF startPosition; // the node's position at the press
     tessaro::PointValue storedPosition; // the default device's position at the press
+    /// The repeated copies of a dragged obstacle, which move with it, and
+    /// where each stood at the press.
+    std::vector<std::pair<std::weak_ptr<tessaro::kit::Node>, QPointF>> copies;
     bool moving = false;
 };
 

@@ -172,6 +172,20 @@ TEST_F(ApplyDeviceTest, RepeatedCopiesFollowTheirObstacle)
     EXPECT_EQ(copiesX(), row(310, width * 2));
     front().undoStack().undo();
     EXPECT_EQ(copiesX(), row(310, width));
+
+    // While the obstacle is dragged, its row moves with it.
+    const auto pointer = [](QPointF at) {
+        tessaro::kit::MouseEvent event;
+        event.sceneLocation = at;
+        event.viewLocation = at;
+        return event;
+    };
+    const QPointF at = crate->position();
+    scene().dispatchMouseEvent(tessaro::kit::Scene::MouseKind::Down, pointer(at));
+    scene().dispatchMouseEvent(tessaro::kit::Scene::MouseKind::Dragged, pointer(at + QPointF(50, 0)));
+    EXPECT_EQ(copiesX(), row(at.x() + 50, width));
+    scene().dispatchMouseEvent(tessaro::kit::Scene::MouseKind::Up, pointer(at + QPointF(50, 0)));
+    EXPECT_EQ(copiesX(), row(360, width));
 }
 
 TEST_F(ApplyDeviceTest, OverridesOfOtherDevicesComeAndGo)
