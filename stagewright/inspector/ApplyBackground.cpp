@@ -57,7 +57,7 @@ void showBackgroundOfPane(SceneEditor& scene, const PropertyValue& value)
     dimAllBut(scene, model.backgroundSelectedId);
 }
 
-std::optional<tessaro::FieldPath> shownBackgroundPath(const ProjectTab& tab)
+std::optional<ShownBackground> shownBackground(const ProjectTab& tab)
 {
     const tessaro::Level* level = tab.document().findLevel(tab.levelSelected());
     if (!level || !level->background || !level->background->backgrounds)
@@ -68,14 +68,15 @@ std::optional<tessaro::FieldPath> shownBackgroundPath(const ProjectTab& tab)
         std::find_if(images.begin(), images.end(), [&](const auto& image) { return image.id == shown; });
     if (record == images.end())
         return std::nullopt;
-    return tessaro::FieldPath("background.backgrounds") / std::size_t(record - images.begin());
+    return ShownBackground{*record,
+                           tessaro::FieldPath("background.backgrounds") / std::size_t(record - images.begin())};
 }
 
 PropertyValue backgroundRowValue(const ProjectTab& tab, const RowEntry& row)
 {
-    const std::optional<tessaro::FieldPath> record = shownBackgroundPath(tab);
+    const std::optional<ShownBackground> shown = shownBackground(tab);
     tessaro::FieldValue stored;
-    if (!record || !row.field || !tab.document().readField(tab.levelSelected(), *record / row.field, stored))
+    if (!shown || !row.field || !tab.document().readField(tab.levelSelected(), shown->path / row.field, stored))
         return row.absent;
     if (const auto* text = std::any_cast<std::string>(&stored))
         return *text;

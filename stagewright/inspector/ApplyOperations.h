@@ -56,8 +56,12 @@ struct BackgroundFieldChange {
 /// field is not the pane's.
 std::optional<BackgroundFieldChange> backgroundChange(const ProjectTab& tab, const tessaro::BackgroundImage& record,
                                                       PublishedElementList element, const PropertyValue& value);
-/// The path of the background record the pane of `tab` shows, if any.
-std::optional<tessaro::FieldPath> shownBackgroundPath(const ProjectTab& tab);
+/// The background record the pane of `tab` shows, and its path in the level.
+struct ShownBackground {
+    const tessaro::BackgroundImage& record;
+    tessaro::FieldPath path;
+};
+std::optional<ShownBackground> shownBackground(const ProjectTab& tab);
 /// What a row of the background pane shows: its field of the record shown.
 PropertyValue backgroundRowValue(const ProjectTab& tab, const RowEntry& row);
 /// Adds a device field to the entry of the device the pane shows (made when

@@ -16,8 +16,6 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
-
 namespace stagewright {
 
 namespace {
@@ -115,23 +113,14 @@ void EditRouting::applyBackgroundProperty(PublishedElementList element, const Pr
         showBackgroundOfPane(*editor, value);
         return;
     }
-    const tessaro::Uuid levelId = m_tab.levelSelected();
-    const tessaro::Level* level = m_tab.findLevel(levelId);
-    if (!level || !level->background || !level->background->backgrounds)
+    const std::optional<ShownBackground> shown = shownBackground(m_tab);
+    if (!shown)
         return;
-    const std::vector<tessaro::BackgroundImage>& images = *level->background->backgrounds;
-    const tessaro::Uuid shown = m_tab.selectedObject().backgroundSelectedId;
-    const auto record =
-        std::find_if(images.begin(), images.end(), [&](const auto& image) { return image.id == shown; });
-    if (record == images.end())
-        return;
-    std::optional<BackgroundFieldChange> change = backgroundChange(m_tab, *record, element, value);
+    std::optional<BackgroundFieldChange> change = backgroundChange(m_tab, shown->record, element, value);
     if (!change)
         return;
-    const tessaro::FieldPath path =
-        tessaro::FieldPath("background.backgrounds") / std::size_t(record - images.begin()) / change->field;
     auto* step = new SetFieldCommand(
-        m_tab.document(), levelId, path, std::move(change->value),
+        m_tab.document(), m_tab.levelSelected(), shown->path / change->field, std::move(change->value),
         QCoreApplication::translate("EditCommands", "Change %1").arg(QString::fromUtf8(tessaro::caseText(element))),
         change->joins);
     step->showLevelFirst(levelShower(m_tab));
