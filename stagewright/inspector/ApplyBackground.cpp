@@ -20,12 +20,12 @@ using P = PublishedElementList;
 
 namespace {
 
-tessaro::BackgroundImage* recordWithId(SceneEditor& scene, const tessaro::Uuid& id)
+const tessaro::BackgroundImage* recordWithId(const SceneEditor& scene, const tessaro::Uuid& id)
 {
-    auto& list = scene.backgroundList();
+    const auto& list = scene.backgroundList();
     if (!list || !list->backgrounds)
         return nullptr;
-    for (tessaro::BackgroundImage& record : *list->backgrounds)
+    for (const tessaro::BackgroundImage& record : *list->backgrounds)
         if (record.id == id)
             return &record;
     return nullptr;

@@ -104,7 +104,6 @@ public:
     // ---- Layout state ---------------------------------------------------------------------
     /// The canvas's copy of the shown level's backgrounds; every image has an
     /// id once a level is loaded. The level's document holds the records.
-    std::optional<tessaro::Background>& backgroundList() { return m_backgroundList; }
     const std::optional<tessaro::Background>& backgroundList() const { return m_backgroundList; }
     /// Floor rectangles: x the left edge, y the floor height, the width, height 0.
     const std::vector<QRectF>& groundBaseVariants() const { return m_groundBaseVariants; }
