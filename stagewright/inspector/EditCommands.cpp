@@ -76,12 +76,16 @@ SceneEditor* sceneShowing(ProjectTab* tab, const tessaro::Uuid& levelId)
     return sceneEditorOf(tab->currentScene()).get();
 }
 
-std::function<void(const tessaro::Uuid&)> levelShower(ProjectTab& tab)
+SetFieldCommand* shownLevelStep(ProjectTab& tab, tessaro::FieldPath path, tessaro::FieldValue value,
+                                const QString& text, bool joins)
 {
-    return [tab = QPointer<ProjectTab>(&tab)](const tessaro::Uuid& levelId) {
+    auto* step =
+        new SetFieldCommand(tab.document(), tab.levelSelected(), std::move(path), std::move(value), text, joins);
+    step->showLevelFirst([tab = QPointer<ProjectTab>(&tab)](const tessaro::Uuid& levelId) {
         if (tab)
             tab->showLevel(levelId);
-    };
+    });
+    return step;
 }
 
 // ---- Element edits -------------------------------------------------------------------------

@@ -11,6 +11,7 @@
 #include <stagewright/state/ElementClipboard.h>
 #include <stagewright/state/ElementRecords.h>
 #include <stagewright/state/HistoryStep.h>
+#include <stagewright/state/SetFieldCommand.h>
 
 #include <QPointer>
 
@@ -32,8 +33,10 @@ inline constexpr int property = 1000; // + 200 * ModelType + the case
 /// The scene of the tab showing `levelId`, which it switches to when another
 /// level is shown; null when the tab or the level is gone.
 SceneEditor* sceneShowing(ProjectTab* tab, const tessaro::Uuid& levelId);
-/// What a field step of a level `tab` draws calls to show that level first.
-std::function<void(const tessaro::Uuid&)> levelShower(ProjectTab& tab);
+/// A step setting the field at `path` of the level `tab` shows, which shows
+/// that level again before each undo and later redo.
+SetFieldCommand* shownLevelStep(ProjectTab& tab, tessaro::FieldPath path, tessaro::FieldValue value,
+                                const QString& text, bool joins);
 
 class ElementEditCommand : public HistoryStep {
 public:

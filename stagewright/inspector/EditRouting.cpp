@@ -119,12 +119,12 @@ void EditRouting::applyBackgroundProperty(PublishedElementList element, const Pr
     std::optional<BackgroundFieldChange> change = backgroundChange(m_tab, shown->record, element, value);
     if (!change)
         return;
-    auto* step = new SetFieldCommand(
-        m_tab.document(), m_tab.levelSelected(), shown->path / change->field, std::move(change->value),
-        QCoreApplication::translate("EditCommands", "Change %1").arg(QString::fromUtf8(tessaro::caseText(element))),
-        change->joins);
-    step->showLevelFirst(levelShower(m_tab));
-    pushStep(m_tab.undoStack(), step);
+    pushStep(
+        m_tab.undoStack(),
+        shownLevelStep(
+            m_tab, shown->path / change->field, std::move(change->value),
+            QCoreApplication::translate("EditCommands", "Change %1").arg(QString::fromUtf8(tessaro::caseText(element))),
+            change->joins));
 }
 
 void EditRouting::toggleDeviceOverride(PublishedElementList element, bool add)

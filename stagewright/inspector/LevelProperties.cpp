@@ -18,39 +18,6 @@ using K = tessaro::sceneObjectType;
 
 namespace {
 
-/// The path of the field `selector` names in the sub-record of `kind`; none
-/// where the sheet has no such row.
-std::optional<tessaro::FieldPath> levelFieldPath(K kind, int selector)
-{
-    const char* record = nullptr;
-    switch (kind) {
-    case K::checkpoint: record = "checkpoints"; break;
-    case K::coin: record = "coins"; break;
-    case K::shield: record = "shields"; break;
-    case K::artifact: record = "artifacts"; break;
-    case K::background: record = "background"; break;
-    case K::levelEnd: record = "levelEnd"; break;
-    case K::phaseEnd: record = "phaseEnd"; break;
-    default: return std::nullopt;
-    }
-    const auto in = [&](std::initializer_list<K> kinds) {
-        return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
-    };
-    const char* field = nullptr;
-    switch (selector) {
-    case levelField::soundEffects: field = "soundEffects"; break;
-    case levelField::image: field = in({K::checkpoint, K::coin, K::shield, K::artifact}) ? "image" : nullptr; break;
-    case levelField::animateFromImage: field = kind == K::checkpoint ? "animateFromImage" : nullptr; break;
-    case levelField::startCoinNumber: field = kind == K::coin ? "startCoinNumber" : nullptr; break;
-    case levelField::repeatDistance: field = kind == K::coin ? "repeatDistance" : nullptr; break;
-    case levelField::startArtifactNumber: field = kind == K::artifact ? "startArtifactNumber" : nullptr; break;
-    default: break;
-    }
-    if (!field)
-        return std::nullopt;
-    return tessaro::FieldPath(record) / field;
-}
-
 /// A stored field as the sheet shows it: the repeat distance is point text
 /// in the record and a point on the sheet.
 std::optional<LevelPropertyValue> shownValue(int selector, const tessaro::FieldValue& stored)
@@ -110,6 +77,37 @@ std::size_t soundCount(const std::optional<LevelPropertyValue>& value)
 }
 
 } // namespace
+
+std::optional<tessaro::FieldPath> levelFieldPath(K kind, int selector)
+{
+    const char* record = nullptr;
+    switch (kind) {
+    case K::checkpoint: record = "checkpoints"; break;
+    case K::coin: record = "coins"; break;
+    case K::shield: record = "shields"; break;
+    case K::artifact: record = "artifacts"; break;
+    case K::background: record = "background"; break;
+    case K::levelEnd: record = "levelEnd"; break;
+    case K::phaseEnd: record = "phaseEnd"; break;
+    default: return std::nullopt;
+    }
+    const auto in = [&](std::initializer_list<K> kinds) {
+        return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
+    };
+    const char* field = nullptr;
+    switch (selector) {
+    case levelField::soundEffects: field = "soundEffects"; break;
+    case levelField::image: field = in({K::checkpoint, K::coin, K::shield, K::artifact}) ? "image" : nullptr; break;
+    case levelField::animateFromImage: field = kind == K::checkpoint ? "animateFromImage" : nullptr; break;
+    case levelField::startCoinNumber: field = kind == K::coin ? "startCoinNumber" : nullptr; break;
+    case levelField::repeatDistance: field = kind == K::coin ? "repeatDistance" : nullptr; break;
+    case levelField::startArtifactNumber: field = kind == K::artifact ? "startArtifactNumber" : nullptr; break;
+    default: break;
+    }
+    if (!field)
+        return std::nullopt;
+    return tessaro::FieldPath(record) / field;
+}
 
 std::optional<std::optional<LevelPropertyValue>> levelProperty(const tessaro::Level& level, K kind, int selector)
 {

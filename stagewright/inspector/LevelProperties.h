@@ -7,6 +7,7 @@
 #include <stagewright/state/StateTypes.h>
 
 #include <tessaro/model/Enumerations.h>
+#include <tessaro/model/FieldPath.h>
 #include <tessaro/model/Geometry.h>
 #include <tessaro/model/LevelRecords.h>
 
@@ -36,6 +37,9 @@ inline constexpr int animateFromImage = 6;
 using LevelPropertyValue =
     std::variant<std::int64_t, std::string, tessaro::PointValue, std::vector<tessaro::GameSound>>;
 
+/// The path of the field `selector` names in the sub-record of `kind`; none
+/// where the sheet has no such row.
+std::optional<tessaro::FieldPath> levelFieldPath(tessaro::sceneObjectType kind, int selector);
 /// The field `selector` names in the sub-record of `kind`, as `level` holds
 /// it: none when the sub-record is absent or has no such field; inside, none
 /// when the field itself is absent.

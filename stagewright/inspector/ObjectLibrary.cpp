@@ -131,10 +131,9 @@ void addBackground(ProjectTab& tab, SceneEditor& scene, const std::string& eleme
         background.backgrounds ? *background.backgrounds : background.backgrounds.emplace();
     images.push_back(newBackgroundImage(elementName, sceneObjectType::background, images.size()));
     const tessaro::Uuid added = *images.back().id;
-    auto* step = new SetFieldCommand(
-        tab.document(), levelId, tessaro::FieldPath("background"), std::move(background),
+    SetFieldCommand* step = shownLevelStep(
+        tab, tessaro::FieldPath("background"), std::move(background),
         QCoreApplication::translate("AddElementCommand", "Add %1").arg(QString::fromStdString(elementName)), false);
-    step->showLevelFirst(levelShower(tab));
     if (pushStep(tab.undoStack(), step))
         if (const ElementNodePtr node = scene.backgroundNode(added))
             scene.reselect(node);

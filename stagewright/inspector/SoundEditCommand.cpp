@@ -88,15 +88,14 @@ std::vector<GameSound> SoundEditRouting::sounds() const
     if (m_type == SoundPropertyType::object)
         return m_tab.selectedObject().soundEffects;
     const tessaro::Level* level = m_tab.findLevel(m_tab.levelSelected());
-    const auto* sounds = level ? levelSounds(*level, m_type) : nullptr;
-    return sounds && *sounds ? **sounds : std::vector<GameSound>{};
+    return level ? levelSoundList(*level, m_type).value_or(std::vector<GameSound>{}) : std::vector<GameSound>{};
 }
 
 bool SoundEditRouting::canWrite() const
 {
     if (m_type != SoundPropertyType::object) {
         const tessaro::Level* level = m_tab.findLevel(m_tab.levelSelected());
-        return level && levelSounds(*level, m_type);
+        return level && levelSoundList(*level, m_type);
     }
     if (!keepsOwnSounds(m_tab.selectedObject().type))
         return false;
@@ -134,15 +133,13 @@ bool SoundEditRouting::push(std::vector<GameSound> list, const SoundEdit& edit)
         return false;
     if (m_type != SoundPropertyType::object) {
         // The shared sounds of a level record: one field of the level.
-        auto* step = new SetFieldCommand(m_tab.document(), m_tab.levelSelected(), *levelSoundsPath(m_type),
-                                         std::move(list), stepText(edit), joins(edit));
+        SetFieldCommand* step =
+            shownLevelStep(m_tab, *levelSoundsPath(m_type), std::move(list), stepText(edit), joins(edit));
         step->joinOnlyWithin(std::to_string(edit.index));
-        step->showLevelFirst(levelShower(m_tab));
         step->followWith([tab = QPointer<ProjectTab>(&m_tab), type = m_type] {
             const tessaro::Level* level = tab ? tab->findLevel(tab->levelSelected()) : nullptr;
-            const auto* sounds = level ? levelSounds(*level, type) : nullptr;
-            if (sounds)
-                showInSelection(*tab, type, sounds->value_or(std::vector<GameSound>{}));
+            if (const auto sounds = level ? levelSoundList(*level, type) : std::nullopt)
+                showInSelection(*tab, type, *sounds);
         });
         pushStep(m_tab.undoStack(), step);
         return true;

@@ -1,5 +1,7 @@
 #include "SoundList.h"
 
+#include "LevelProperties.h"
+
 namespace stagewright {
 
 using tessaro::GameSound;
@@ -78,52 +80,24 @@ bool shownWaitForCompletion(const GameSound& sound)
     return sound.waitForCompletion.value_or(true);
 }
 
-namespace {
-
-template <class Level>
-auto* soundsOf(Level& level, SoundPropertyType type)
-{
-    using Sounds = decltype(&level.coins->soundEffects);
-    auto of = [](auto& record) -> Sounds { return record ? &record->soundEffects : nullptr; };
-    switch (type) {
-    case SoundPropertyType::object: break;
-    case SoundPropertyType::background: return of(level.background);
-    case SoundPropertyType::coin: return of(level.coins);
-    case SoundPropertyType::artifact: return of(level.artifacts);
-    case SoundPropertyType::shield: return of(level.shields);
-    case SoundPropertyType::checkpoint: return of(level.checkpoints);
-    case SoundPropertyType::levelEnd: return of(level.levelEnd);
-    case SoundPropertyType::phaseEnd: return of(level.phaseEnd);
-    }
-    return Sounds(nullptr);
-}
-
-} // namespace
-
-std::optional<std::vector<GameSound>>* levelSounds(tessaro::Level& level, SoundPropertyType type)
-{
-    return soundsOf(level, type);
-}
-
-const std::optional<std::vector<GameSound>>* levelSounds(const tessaro::Level& level, SoundPropertyType type)
-{
-    return soundsOf(level, type);
-}
-
 std::optional<tessaro::FieldPath> levelSoundsPath(SoundPropertyType type)
 {
-    const char* record = nullptr;
-    switch (type) {
-    case SoundPropertyType::object: return std::nullopt;
-    case SoundPropertyType::background: record = "background"; break;
-    case SoundPropertyType::coin: record = "coins"; break;
-    case SoundPropertyType::artifact: record = "artifacts"; break;
-    case SoundPropertyType::shield: record = "shields"; break;
-    case SoundPropertyType::checkpoint: record = "checkpoints"; break;
-    case SoundPropertyType::levelEnd: record = "levelEnd"; break;
-    case SoundPropertyType::phaseEnd: record = "phaseEnd"; break;
-    }
-    return tessaro::FieldPath(record) / "soundEffects";
+    for (sceneObjectType kind :
+         {sceneObjectType::background, sceneObjectType::coin, sceneObjectType::artifact, sceneObjectType::shield,
+          sceneObjectType::checkpoint, sceneObjectType::levelEnd, sceneObjectType::phaseEnd})
+        if (soundPropertyTypeOf(kind) == type)
+            return levelFieldPath(kind, levelField::soundEffects);
+    return std::nullopt;
+}
+
+std::optional<std::vector<GameSound>> levelSoundList(const tessaro::Level& level, SoundPropertyType type)
+{
+    const std::optional<tessaro::FieldPath> path = levelSoundsPath(type);
+    tessaro::FieldValue stored;
+    if (!path || !tessaro::readField(level, *path, stored))
+        return std::nullopt;
+    const auto* sounds = std::any_cast<std::vector<GameSound>>(&stored);
+    return sounds ? *sounds : std::vector<GameSound>{};
 }
 
 SoundPropertyType soundPropertyTypeOf(sceneObjectType kind)

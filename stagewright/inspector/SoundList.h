@@ -61,10 +61,10 @@ bool setSoundField(std::vector<tessaro::GameSound>& sounds, std::size_t index, S
 double shownVolume(const tessaro::GameSound& sound);
 bool shownWaitForCompletion(const tessaro::GameSound& sound);
 
-/// The sounds of the level's record of `type`: null for `object` and when the
-/// level has no such record.
-std::optional<std::vector<tessaro::GameSound>>* levelSounds(tessaro::Level& level, SoundPropertyType type);
-const std::optional<std::vector<tessaro::GameSound>>* levelSounds(const tessaro::Level& level, SoundPropertyType type);
+/// The shared sounds of the level record of `type`: none when the level has
+/// no such record (or `type` is an element's own), else its list, empty when
+/// the record has none.
+std::optional<std::vector<tessaro::GameSound>> levelSoundList(const tessaro::Level& level, SoundPropertyType type);
 
 /// The list the sounds tab edits for a selected element of `kind`: its own
 /// for obstacles and characters (and kinds without a level record), else

@@ -83,14 +83,14 @@ TEST(SoundList, NewSoundsAndFieldEdits)
 TEST(SoundList, ReceiversOfTheLevel)
 {
     tessaro::Level level;
-    EXPECT_EQ(levelSounds(level, SoundPropertyType::coin), nullptr);
-    level.coins.emplace();
+    EXPECT_FALSE(levelSoundList(level, SoundPropertyType::coin));
+    level.coins.emplace().soundEffects = std::vector<GameSound>(2);
     level.phaseEnd.emplace();
-    ASSERT_NE(levelSounds(level, SoundPropertyType::coin), nullptr);
-    EXPECT_EQ(levelSounds(level, SoundPropertyType::coin), &level.coins->soundEffects);
-    EXPECT_EQ(levelSounds(level, SoundPropertyType::phaseEnd), &level.phaseEnd->soundEffects);
-    EXPECT_EQ(levelSounds(level, SoundPropertyType::levelEnd), nullptr);
-    EXPECT_EQ(levelSounds(level, SoundPropertyType::object), nullptr);
+    EXPECT_EQ(levelSoundList(level, SoundPropertyType::coin), level.coins->soundEffects);
+    EXPECT_EQ(levelSoundList(level, SoundPropertyType::phaseEnd), std::vector<GameSound>{});
+    EXPECT_FALSE(levelSoundList(level, SoundPropertyType::levelEnd));
+    EXPECT_FALSE(levelSoundList(level, SoundPropertyType::object));
+    EXPECT_EQ(levelSoundsPath(SoundPropertyType::shield)->text(), "shields.soundEffects");
 
     EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::obstacles), SoundPropertyType::object);
     EXPECT_EQ(soundPropertyTypeOf(sceneObjectType::character), SoundPropertyType::object);
