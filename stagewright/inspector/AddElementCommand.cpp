@@ -21,16 +21,6 @@ QString addText(const std::string& elementName)
     return QCoreApplication::translate("AddElementCommand", "Add %1").arg(QString::fromStdString(elementName));
 }
 
-/// Shows `node` as the selection, so the inspector shows the new element.
-void selectAdded(SceneEditor& scene, const ElementNodePtr& node)
-{
-    if (!node)
-        return;
-    scene.deselect();
-    scene.clearGlow();
-    scene.selectNode(node);
-}
-
 std::size_t placeInLayer(const ElementNode& node)
 {
     const auto& siblings = node.parent()->children();
@@ -66,7 +56,8 @@ void AddElementCommand::redoStep()
             scene->rebuildGround(m_levelId);
             node = scene->elementWithHandle(m_added->handle);
         }
-        selectAdded(*scene, node);
+        if (node)
+            scene->reselect(node); // the inspector shows the new element
         return;
     }
     const ElementNodePtr node = scene->placement().addElement(m_kind, m_elementName);
@@ -80,7 +71,7 @@ void AddElementCommand::redoStep()
     if (!node->handle)
         node->handle = m_tab->elementHandles().issue();
     m_added = SceneEditor::ElementInPlace{node->records(), node->handle, placeInLayer(*node)};
-    selectAdded(*scene, node);
+    scene->reselect(node); // the inspector shows the new element
 }
 
 void AddElementCommand::undo()
